@@ -1,0 +1,40 @@
+#include "editor/surfaces.h"
+
+namespace tsl {
+
+int SourcePane::Find(const QString& what, int start, int end, int options) {
+    const QString text = Text();
+    const int stop = end < 0 ? static_cast<int>(text.size()) : end;
+    const Qt::CaseSensitivity cs = (options & MatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    int from = start;
+    while (true) {
+        const int at = static_cast<int>(text.indexOf(what, from, cs));
+        if (at < 0 || at + what.size() > stop) return -1;
+        const bool wordStart = at == 0 || !text.at(at - 1).isLetterOrNumber();
+        const int after = at + static_cast<int>(what.size());
+        const bool wordEnd = after >= text.size() || !text.at(after).isLetterOrNumber();
+        if (!(options & WholeWord) || (wordStart && wordEnd)) {
+            if (!(options & NoHighlight)) {
+                setSelStart(at);
+                setSelLength(static_cast<int>(what.size()));
+            }
+            return at;
+        }
+        from = at + 1;
+    }
+}
+
+void SourcePane::LoadFile(const QString& path, int) {
+    DecodedText decoded = decodeText(readFileBytes(path));
+    format_ = decoded.format;
+    setText(decoded.text);
+    setSelStart(0);
+    fileName_ = path;
+}
+
+void SourcePane::SaveFile(const QString& path, int) {
+    writeFileBytes(path, encodeText(Text(), format_));
+    fileName_ = path;
+}
+
+} // namespace tsl

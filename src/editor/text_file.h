@@ -1,0 +1,31 @@
+#pragma once
+// Documents are read and written as bytes that round-trip exactly. Decoding remembers what it
+// found (encoding, byte-order mark, line ends) so that encoding gives the same bytes back.
+#include <QByteArray>
+#include <QString>
+
+namespace tsl {
+
+struct TextFormat {
+    enum Encoding { Utf8, Latin1 };
+    Encoding encoding = Utf8;
+    bool byteOrderMark = false;
+    // Every line feed of the file stood after a carriage return: the text holds bare line
+    // feeds and the pairs come back on writing.
+    bool crlf = false;
+};
+
+struct DecodedText {
+    QString text;
+    TextFormat format;
+};
+
+DecodedText decodeText(const QByteArray& bytes);
+QByteArray encodeText(const QString& text, const TextFormat& format);
+
+// Reads a whole file; a missing or unreadable file raises the path/file access error (75).
+QByteArray readFileBytes(const QString& path);
+// Replaces a file atomically: a failed write leaves the old file whole and raises error 75.
+void writeFileBytes(const QString& path, const QByteArray& bytes);
+
+} // namespace tsl

@@ -1,0 +1,146 @@
+#include "gadgets/controls.h"
+#include "runtime/runtime_error.h"
+#include <algorithm>
+
+namespace tsl {
+
+void Control::setEnabled(bool on) {
+    if (enabled_ == on) return;
+    enabled_ = on;
+    emit changed();
+}
+
+void Control::setVisible(bool on) {
+    if (visible_ == on) return;
+    visible_ = on;
+    emit changed();
+}
+
+void Label::setCaption(const QString& caption) {
+    if (caption_ == caption) return;
+    caption_ = caption;
+    emit changed();
+}
+
+void TextBox::setText(const QString& text) {
+    QString value = MaxLength > 0 ? text.left(MaxLength) : text;
+    if (value == text_) return;
+    text_ = std::move(value);
+    emit changed();
+    if (Change) Change();
+}
+
+void TextBox::typeKey(int keyAscii) {
+    if (KeyPress) KeyPress(keyAscii);
+    if (keyAscii == 0 || Locked) return;
+    if (keyAscii == 8) {
+        setText(text_.left(text_.size() - 1));
+        return;
+    }
+    if (MaxLength > 0 && text_.size() >= MaxLength) return;
+    setText(text_ + QChar(keyAscii));
+}
+
+void TextBox::typeText(const QString& text) {
+    for (QChar c : text) typeKey(c.unicode());
+}
+
+void CheckBox::setValue(int value) {
+    if (value_ == value) return;
+    value_ = value;
+    emit changed();
+    if (Click) Click();
+}
+
+void OptionButton::setValue(bool on) {
+    if (!on) {
+        if (!value_) return;
+        value_ = false;
+        emit changed();
+        return;
+    }
+    if (group_)
+        for (OptionButton* other : *group_)
+            if (other != this) other->setValue(false);
+    const bool was = value_;
+    value_ = true;
+    if (!was) emit changed();
+    if (Click) Click();
+}
+
+void OptionButton::group(std::initializer_list<OptionButton*> members) {
+    auto shared = std::make_shared<std::vector<OptionButton*>>(members);
+    for (OptionButton* member : members) member->group_ = shared;
+}
+
+QString ListControl::List(int index) const {
+    if (index < 0 || index >= items_.size()) return QString();
+    return items_.at(index);
+}
+
+void ListControl::AddItem(const QString& item) {
+    items_.append(item);
+    emit changed();
+}
+
+void ListControl::AddItem(const QString& item, int index) {
+    if (index < 0 || index > items_.size()) raise(ErrInvalidProcedureCall);
+    items_.insert(index, item);
+    if (listIndex_ >= index) ++listIndex_;
+    emit changed();
+}
+
+void ListControl::RemoveItem(int index) {
+    if (index < 0 || index >= items_.size()) raise(ErrInvalidProcedureCall);
+    items_.removeAt(index);
+    if (listIndex_ == index) listIndex_ = -1;
+    else if (listIndex_ > index) --listIndex_;
+    emit changed();
+}
+
+void ListControl::Clear() {
+    items_.clear();
+    listIndex_ = -1;
+    emit changed();
+}
+
+void ListControl::setListIndex(int index) {
+    if (index < -1 || index >= items_.size()) raise(ErrInvalidPropertyValue);
+    if (index == listIndex_) return;
+    listIndex_ = index;
+    selectionChanged();
+    emit changed();
+    if (Click) Click();
+}
+
+QString ComboBox::Text() const {
+    if (style_ == DropDownList) return List(listIndex_);
+    return text_;
+}
+
+void ComboBox::setText(const QString& text) {
+    if (style_ == DropDownList) {
+        const int index = static_cast<int>(items_.indexOf(text));
+        if (index < 0) raise(ErrInvalidPropertyValue, QStringLiteral("'Text' property is read-only"));
+        setListIndex(index);
+        return;
+    }
+    if (text == text_) return;
+    text_ = text;
+    emit changed();
+    if (Change) Change();
+}
+
+void ComboBox::selectionChanged() {
+    if (style_ != DropDownList) text_ = List(listIndex_);
+}
+
+void UpDown::setValue(int value) {
+    value = std::clamp(value, Min, Max);
+    if (value == value_) return;
+    value_ = value;
+    emit changed();
+    if (buddy) buddy->setText(QString::number(value_));
+}
+
+} // namespace tsl

@@ -1,0 +1,164 @@
+#pragma once
+// Headless controls. A form's state is the current values of its controls; each control keeps
+// the event rules the logic relies on, and tells the view through changed() when to redraw.
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace tsl {
+
+class Control : public QObject {
+    Q_OBJECT
+  public:
+    explicit Control(QString name = QString()) : name_(std::move(name)) {}
+    const QString& name() const { return name_; }
+
+    bool Enabled() const { return enabled_; }
+    void setEnabled(bool on);
+    bool Visible() const { return visible_; }
+    void setVisible(bool on);
+    // Where the focus was last put by the logic; the view moves the real focus.
+    void SetFocus() { emit focusRequested(); }
+
+  signals:
+    void changed();
+    void focusRequested();
+
+  private:
+    QString name_;
+    bool enabled_ = true;
+    bool visible_ = true;
+};
+
+class Label : public Control {
+  public:
+    using Control::Control;
+    const QString& Caption() const { return caption_; }
+    void setCaption(const QString& caption);
+
+  private:
+    QString caption_;
+};
+
+class CommandButton : public Label {
+  public:
+    using Label::Label;
+    std::function<void()> Click;
+    void press() {
+        if (Enabled() && Click) Click();
+    }
+};
+
+class TextBox : public Control {
+  public:
+    using Control::Control;
+    const QString& Text() const { return text_; }
+    // Assigning a different text raises Change before it returns.
+    void setText(const QString& text);
+    int MaxLength = 0; // 0: no limit
+    bool Locked = false;
+    std::function<void()> Change;
+    // Key filter: may set the key code to 0 to drop the key.
+    std::function<void(int& keyAscii)> KeyPress;
+    // A key typed by the user at the end of the text: KeyPress first, then the edit.
+    void typeKey(int keyAscii);
+    void typeText(const QString& text);
+
+  private:
+    QString text_;
+};
+
+class CheckBox : public Label {
+  public:
+    using Label::Label;
+    int Value() const { return value_; }
+    // A change of value raises Click.
+    void setValue(int value);
+    std::function<void()> Click;
+
+  private:
+    int value_ = 0;
+};
+
+class OptionButton : public Label {
+  public:
+    using Label::Label;
+    bool Value() const { return value_; }
+    // Turning an option on turns its group's others off and raises its Click.
+    void setValue(bool on);
+    std::function<void()> Click;
+    // Options that exclude each other share a group.
+    static void group(std::initializer_list<OptionButton*> members);
+
+  private:
+    bool value_ = false;
+    std::shared_ptr<std::vector<OptionButton*>> group_;
+};
+
+class ListControl : public Control {
+  public:
+    using Control::Control;
+    const QStringList& items() const { return items_; }
+    int ListCount() const { return static_cast<int>(items_.size()); }
+    QString List(int index) const;
+    void AddItem(const QString& item);
+    void AddItem(const QString& item, int index);
+    void RemoveItem(int index);
+    void Clear();
+    int ListIndex() const { return listIndex_; }
+    // A change of selection raises Click; an index outside the list is a run-time error.
+    void setListIndex(int index);
+    std::function<void()> Click;
+
+  protected:
+    virtual void selectionChanged() {}
+    QStringList items_;
+    int listIndex_ = -1;
+};
+
+class ListBox : public ListControl {
+  public:
+    using ListControl::ListControl;
+};
+
+class ComboBox : public ListControl {
+  public:
+    enum Style { DropDownCombo = 0, SimpleCombo = 1, DropDownList = 2 };
+    explicit ComboBox(QString name = QString(), Style style = DropDownCombo)
+        : ListControl(std::move(name)), style_(style) {}
+    Style style() const { return style_; }
+    QString Text() const;
+    // An editable combo takes any text (and raises Change); a list combo takes only an item it
+    // holds, selecting it, and refuses anything else with a run-time error.
+    void setText(const QString& text);
+    std::function<void()> Change;
+
+  protected:
+    void selectionChanged() override;
+
+  private:
+    Style style_;
+    QString text_;
+};
+
+class UpDown : public Control {
+  public:
+    using Control::Control;
+    int Min = 0;
+    int Max = 10;
+    int Increment = 1;
+    int Value() const { return value_; }
+    void setValue(int value);
+    // The text box the spinner writes its value to.
+    TextBox* buddy = nullptr;
+    void stepUp() { setValue(value_ + Increment); }
+    void stepDown() { setValue(value_ - Increment); }
+
+  private:
+    int value_ = 0;
+};
+
+} // namespace tsl

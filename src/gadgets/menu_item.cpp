@@ -1,0 +1,17 @@
+#include "gadgets/menu_item.h"
+
+namespace tsl {
+
+void MenuItem::setCaption(const QString& caption) {
+    if (caption_ == caption) return;
+    caption_ = caption;
+    emit changed();
+}
+
+void MenuItem::setChecked(bool on) {
+    if (checked_ == on) return;
+    checked_ = on;
+    emit changed();
+}
+
+} // namespace tsl

@@ -1,0 +1,164 @@
+#include "shell/shell_mdi.h"
+#include "runtime/int16.h"
+#include "runtime/resume.h"
+#include <algorithm>
+
+namespace tsl {
+
+ShellMDI::ShellMDI(Platform& platform, SettingsStore& settings, SurfaceFactory& surfaces,
+                   FormHost& forms)
+    : OpenSave(platform), platform_(platform), settings_(settings), surfaces_(surfaces),
+      forms_(forms), dispatcher_(platform) {
+    TabStrip1.Click = [this] { TabStrip1_Click(); };
+    Picture1.setVisible(false);
+    buildMenus();
+}
+
+ShellMDI::~ShellMDI() {
+    // The view may still hold pointers to the documents; tell it they are going.
+    for (codeEditor* doc : documents_) emit documentRemoved(doc);
+}
+
+bool ShellMDI::dispatch(const std::function<void()>& handler) {
+    // Windows closed by earlier commands are freed here, where no handler holds them.
+    if (dispatchDepth_ == 0) closed_.clear();
+    ++dispatchDepth_;
+    const bool ok = dispatcher_.run(handler);
+    --dispatchDepth_;
+    return ok;
+}
+
+MenuItem& ShellMDI::menu(const QString& name) const {
+    const auto it = menuItems_.find(name);
+    if (it == menuItems_.end()) raise(ErrSubscriptOutOfRange, QStringLiteral("No menu item ") + name);
+    return *it->second;
+}
+
+void ShellMDI::LockWindowUpdate(bool freeze) {
+    // Released on every way out, sometimes more than once: the depth never goes below zero.
+    const int before = freezeDepth_;
+    freezeDepth_ = freeze ? 1 : 0;
+    if (before != freezeDepth_) emit drawingFrozen(freeze);
+}
+
+void ShellMDI::imgSizer_MouseMove(int x) {
+    if (!bSizing) return;
+    const int newWidth = Picture1Width - x;
+    if (newWidth < kPaneMinWidth) Picture1Width = kPaneMinWidth;
+    else if (Width - newWidth < kDocumentsMinWidth) Picture1Width = Width - kDocumentsMinWidth;
+    else Picture1Width = newWidth;
+    emit paneChanged();
+}
+
+// ---- the window model ----
+
+void ShellMDI::documentLoaded(codeEditor* doc) {
+    documents_.push_back(doc);
+    zOrder_.insert(zOrder_.begin(), doc);
+}
+
+void ShellMDI::documentShown(codeEditor* doc) {
+    emit documentAdded(doc);
+    bringToFront(doc);
+    doc->Form_Activate();
+}
+
+void ShellMDI::bringToFront(codeEditor* doc) {
+    const auto it = std::find(zOrder_.begin(), zOrder_.end(), doc);
+    if (it == zOrder_.end()) return;
+    const bool changed = it != zOrder_.begin();
+    zOrder_.erase(it);
+    zOrder_.insert(zOrder_.begin(), doc);
+    if (!doc->isShown()) return;
+    emit documentActivated(doc);
+    if (changed) doc->Form_Activate();
+}
+
+bool ShellMDI::unloadDocument(codeEditor* doc) {
+    if (!doc || !doc->isLoaded()) return true;
+    if (doc->Form_QueryUnload() != 0) return false;
+    doc->Form_Unload();
+    doc->loaded_ = false;
+    documents_.erase(std::remove(documents_.begin(), documents_.end(), doc), documents_.end());
+    const bool wasActive = ActiveForm() == doc;
+    zOrder_.erase(std::remove(zOrder_.begin(), zOrder_.end(), doc), zOrder_.end());
+    if (CurrentDocument == doc) CurrentDocument = nullptr;
+    if (NewDocWindow == doc) NewDocWindow = nullptr;
+    emit documentRemoved(doc);
+    const auto owner = std::find_if(owned_.begin(), owned_.end(),
+                                    [doc](const auto& p) { return p.get() == doc; });
+    if (owner != owned_.end()) {
+        // A handler of the window may still be on the stack: it is freed at the next command.
+        closed_.push_back(std::move(*owner));
+        owned_.erase(owner);
+    }
+    if (wasActive && ActiveForm()) {
+        emit documentActivated(ActiveForm());
+        ActiveForm()->Form_Activate();
+    }
+    return true;
+}
+
+void ShellMDI::activateNextDocument(bool backwards) {
+    if (documents_.size() < 2 || !ActiveForm()) return;
+    const auto at = std::find(documents_.begin(), documents_.end(), ActiveForm());
+    auto index = static_cast<std::ptrdiff_t>(at - documents_.begin());
+    const auto n = static_cast<std::ptrdiff_t>(documents_.size());
+    index = backwards ? (index + n - 1) % n : (index + 1) % n;
+    bringToFront(documents_[static_cast<size_t>(index)]);
+}
+
+void ShellMDI::selectTabOf(codeEditor* doc) {
+    const int tab = TabStrip1.findKeyIgnoringCase(doc->Caption());
+    bSelectingTab = true;
+    resumeNext([&] { TabStrip1.select(tab); });
+    bSelectingTab = false;
+}
+
+void ShellMDI::TabStrip1_Click() {
+    if (bSelectingTab) return;
+    const int selected = TabStrip1.selectedIndex();
+    if (selected < 0) return;
+    LockWindowUpdate(true);
+    const QString key = TabStrip1.tab(selected).Key.toLower();
+    for (codeEditor* doc : documents_) {
+        if (key == doc->txtFileName.toLower()) {
+            doc->ZOrder();
+            if (!doc->DHTMLEdit1().Visible()) bLayoutActive = false;
+            break;
+        }
+    }
+    LockWindowUpdate(false);
+}
+
+void ShellMDI::applicationActivated() {
+    resumeNext([&] {
+        codeEditor* doc = ActiveForm();
+        if (!doc) raise(ErrObjectRequired);
+        if (bLayoutActive) doc->DHTMLEdit1().SetFocus();
+        else doc->codebox().SetFocus();
+    });
+}
+
+// ---- seams that later commands fill in ----
+
+void ShellMDI::AddRecentFile(const QString&, const QString&) {}
+void ShellMDI::LoadRecentFiles() {}
+
+void ShellMDI::EnableDocumentCommands() {
+    for (const char* name : {"mnuFileClose", "mnuFileSave", "mnuFileSaveas", "mnuFileCloseAll",
+                             "mnuFileSaveAll"})
+        menu(QLatin1String(name)).setEnabled(true);
+    TabStrip1.setVisible(true);
+    bCommandsDisabled = false;
+}
+
+void ShellMDI::DisableDocumentCommands() {
+    for (const char* name : {"mnuFileClose", "mnuFileSave", "mnuFileSaveas", "mnuFileCloseAll",
+                             "mnuFileSaveAll"})
+        menu(QLatin1String(name)).setEnabled(false);
+    TabStrip1.setVisible(false);
+    bCommandsDisabled = true;
+}
+
+} // namespace tsl

@@ -1,0 +1,201 @@
+#pragma once
+// The main window as the logic sees it: it owns the documents, the shared flags, the menus,
+// the document tab strip and the shared file dialog. Handlers keep their names.
+#include "gadgets/controls.h"
+#include "gadgets/form.h"
+#include "gadgets/menu_item.h"
+#include "gadgets/tab_strip.h"
+#include "platform/common_dialog.h"
+#include "platform/platform.h"
+#include "runtime/dispatcher.h"
+#include "shell/code_editor.h"
+#include "shell/settings_store.h"
+#include <QObject>
+#include <QStringList>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace tsl {
+
+// One node of the menu bar: an item and, for a submenu, its children in display order.
+struct MenuNode {
+    MenuItem* item = nullptr;
+    std::vector<MenuNode> children;
+};
+
+class ShellMDI : public QObject {
+    Q_OBJECT
+  public:
+    ShellMDI(Platform& platform, SettingsStore& settings, SurfaceFactory& surfaces,
+             FormHost& forms);
+    ~ShellMDI() override;
+
+    Platform& platform() { return platform_; }
+    SettingsStore& settings() { return settings_; }
+    FormHost& forms() { return forms_; }
+    Dispatcher& dispatcher() { return dispatcher_; }
+    // Runs a handler the user set off; a run-time error that escapes it is shown.
+    bool dispatch(const std::function<void()>& handler);
+
+    // Application-wide flags and values.
+    bool bInsertingMarkup = false;
+    bool bCaretStepTaken = false;
+    bool bLayoutActive = false;
+    bool bLoadingOnline = false;
+    bool bNewDocument = false;
+    bool bNewIsHtml = false;
+    bool bSelectingTab = false;
+    bool bClosingAll = false;
+    bool bCloseAllCancelled = false;
+    bool bFileAlreadyOpen = false;
+    bool bMainLoading = false;
+    bool bSizing = false;
+    bool bFormsToolbarOpen = false;
+    bool bStandardToolbarOpen = true;
+    bool bTagsToolbarOpen = true;
+    bool bTagListOpen = false;
+    bool bUseRelative = true;
+    bool bAutoCloseTag = true;
+    bool bCommandsDisabled = false;
+    qint32 nDocumentCount = 0;
+    codeEditor* CurrentDocument = nullptr;
+    codeEditor* NewDocWindow = nullptr;
+    QStringList FontNames;
+    QString sSecondaryBrowser;
+
+    CommonDialog OpenSave;
+    TabStrip TabStrip1{QStringLiteral("TabStrip1")};
+    ListBox List1{QStringLiteral("List1")};
+
+    // The tag list pane and its sizer, in twips.
+    static constexpr int kPaneMinWidth = 2000;
+    static constexpr int kDocumentsMinWidth = 3500;
+    Control Picture1{QStringLiteral("Picture1")};
+    int Picture1Width = 2800;
+    int Width = 12000; // the main window's outer width
+    void imgSizer_MouseDown() { bSizing = true; }
+    void imgSizer_MouseMove(int x);
+    void imgSizer_MouseUp() { bSizing = false; }
+    void setWindowWidth(int twips) { Width = twips; }
+
+    // Menus.
+    MenuItem& menu(const QString& name) const;
+    bool hasMenu(const QString& name) const { return menuItems_.count(name) > 0; }
+    const std::vector<MenuNode>& menuBar() const { return menuBar_; }
+
+    // Documents, in the order they were loaded (the Forms collection less the main window).
+    const std::vector<codeEditor*>& documents() const { return documents_; }
+    int FormsCount() const { return 1 + static_cast<int>(documents_.size()); }
+    // The active document window; null when there is none.
+    codeEditor* ActiveForm() const { return zOrder_.empty() ? nullptr : zOrder_.front(); }
+
+    // Start-up and shutdown.
+    void MDIForm_Load(const QString& commandLine = QString());
+    int MDIForm_QueryUnload();
+    void MDIForm_Unload();
+    // Exit, or the main window's close box: answers true when the program may end.
+    bool requestExit();
+    void applicationActivated();
+
+    // Document tab strip and window order.
+    void TabStrip1_Click();
+    void activateNextDocument(bool backwards);
+
+    // File commands.
+    void mnuFileNewHTML_Click() { NewHtmlDocument(); }
+    void mnuFileNewCSS_Click() { NewCssDocument(); }
+    void NewHtmlDocument() { newDocument(true); }
+    void NewCssDocument() { newDocument(false); }
+    void mnuFileOpen_Click();
+    void mnuFileSave_Click();
+    void mnuFileSaveas_Click();
+    void mnuFileSaveAll_Click();
+    void mnuFileClose_Click();
+    void mnuFileCloseAll_Click();
+    void mnuFileExit_Click();
+    void mnuEditPrefs_Click();
+    void mnuViewTagList_Click();
+    // The codes of the window arrange operation.
+    enum Arrange { Cascade = 0, TileHorizontal = 1, TileVertical = 2, ArrangeIcons = 3 };
+    codeEditor* OpenDocumentWindow(const QString& path);
+    void CheckFileOpen(const QString& path);
+    QString StripItem(QString& s, const QString& delimiter);
+    // Unloads a document window after asking it; false when it stayed.
+    bool unloadDocument(codeEditor* doc);
+
+    // Seams of the recent file list and the command table.
+    void AddRecentFile(const QString& path, const QString& title);
+    void LoadRecentFiles();
+    void EnableDocumentCommands();
+    void DisableDocumentCommands();
+
+    // Drawing freeze around window creation; nests.
+    void LockWindowUpdate(bool freeze);
+
+    // The window model, used by codeEditor.
+    void documentLoaded(codeEditor* doc);
+    void documentShown(codeEditor* doc);
+    void bringToFront(codeEditor* doc);
+
+  signals:
+    void documentAdded(tsl::codeEditor* doc);
+    void documentActivated(tsl::codeEditor* doc);
+    void documentRemoved(tsl::codeEditor* doc);
+    void drawingFrozen(bool frozen);
+    void arrangeRequested(int code);
+    void paneChanged();
+    void exitAccepted();
+
+  private:
+    void buildMenus();
+    MenuItem* addMenu(std::vector<MenuNode>& parent, const QString& name, const QString& caption,
+                      const QString& shortcut = QString(), std::function<void()> click = {});
+    void addSeparator(std::vector<MenuNode>& parent, const QString& name);
+    void newDocument(bool html);
+    void openCommandLine(const QString& commandLine);
+    void saveUntitled(codeEditor* doc, const QString& path);
+    // The shared buttons that Open turns on; the toolbars arrive with the command table.
+    void setOpenButtons() {}
+    void selectTabOf(codeEditor* doc);
+    QString ViewFlag(bool on) const { return on ? QStringLiteral("Yes") : QStringLiteral("No"); }
+
+    Platform& platform_;
+    SettingsStore& settings_;
+    SurfaceFactory& surfaces_;
+    FormHost& forms_;
+    Dispatcher dispatcher_;
+    std::vector<std::unique_ptr<codeEditor>> owned_;
+    std::vector<std::unique_ptr<codeEditor>> closed_;
+    std::vector<codeEditor*> documents_;
+    std::vector<codeEditor*> zOrder_;
+    std::map<QString, std::unique_ptr<MenuItem>> menuItems_;
+    std::vector<MenuNode> menuBar_;
+    int freezeDepth_ = 0;
+    int dispatchDepth_ = 0;
+};
+
+// The settings keys the shell reads and writes.
+namespace keys {
+inline const QString Fuzzies = QStringLiteral("Fuzzies");
+inline const QString Browser = QStringLiteral("Browser");
+inline const QString FontName = QStringLiteral("Font Name");
+inline const QString FontSize = QStringLiteral("Font Size");
+inline const QString WordWrap = QStringLiteral("Word Wrap");
+inline const QString DefaultDir = QStringLiteral("Default Dir");
+inline const QString UseRelativeAtStart = QStringLiteral("UseRelative");
+inline const QString UseRelative = QStringLiteral("Use Relative");
+inline const QString AutoCloseTag = QStringLiteral("Auto Close Tag");
+inline const QString FormsToolbarOpen = QStringLiteral("Forms Toolbar Open");
+inline const QString StandardToolbarOpen = QStringLiteral("Standard Toolbar Open");
+inline const QString TagsToolbarOpen = QStringLiteral("Tags Toolbar Open");
+inline const QString TagListOpen = QStringLiteral("TagListOpen");
+inline const QString ShowBorders = QStringLiteral("Show Borders");
+inline const QString BrowserLoc = QStringLiteral("BrowserLoc");
+} // namespace keys
+
+// A right margin of this many twips keeps lines from wrapping.
+constexpr int kNoWrapMargin = 120000;
+inline int rightMarginFor(const QString& wordWrap) { return wordWrap == QLatin1String("0") ? kNoWrapMargin : 0; }
+
+} // namespace tsl

@@ -1,0 +1,42 @@
+#pragma once
+// A fresh main window on scripted services, thrown away after each test.
+#include "editor/text_pane.h"
+#include "scripted_forms.h"
+#include "scripted_platform.h"
+#include "shell/shell_mdi.h"
+#include <QTemporaryDir>
+#include <memory>
+
+namespace tsl::test {
+
+class TextPaneFactory : public SurfaceFactory {
+  public:
+    std::unique_ptr<SourcePane> createSourcePane() override { return std::make_unique<TextPane>(); }
+    std::unique_ptr<LayoutSurface> createLayoutSurface() override {
+        return std::make_unique<DetachedLayout>();
+    }
+};
+
+struct TestShell {
+    ScriptedPlatform platform;
+    MemorySettingsStore settings;
+    TextPaneFactory surfaces;
+    ScriptedForms forms;
+    std::unique_ptr<ShellMDI> shell;
+
+    TestShell() { shell = std::make_unique<ShellMDI>(platform, settings, surfaces, forms); }
+    ShellMDI* operator->() { return shell.get(); }
+    ShellMDI& operator*() { return *shell; }
+    // Runs the start-up load, with a command line when given.
+    ShellMDI& load(const QString& commandLine = QString()) {
+        shell->MDIForm_Load(commandLine);
+        return *shell;
+    }
+    codeEditor& active() { return *shell->ActiveForm(); }
+};
+
+// Writes a file into a folder and answers its full path.
+QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& bytes);
+QByteArray readFile(const QString& path);
+
+} // namespace tsl::test
