@@ -1,0 +1,326 @@
+// New documents and Open: skeletons, numbering, the "Document 1" reuse rule, messages.
+#include "editor/text_pane.h"
+#include "runtime/runtime_error.h"
+#include "shell/skeletons.h"
+#include "test_shell.h"
+#include <QTest>
+
+using namespace tsl;
+using namespace tsl::test;
+
+class NewOpenTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void htmlSkeletonAndCaret() {
+        TestShell ts;
+        ts.load();
+        codeEditor& doc = ts.active();
+        QCOMPARE(doc.codebox().Text(),
+                 QStringLiteral("<html>\n<head>\n<title>Title goes here</title>\n<meta "
+                                "name=\"GENERATOR\" content=\"Tessaline 2\">\n</head>\n<body>\n\n"
+                                "</body>\n</html>"));
+        QCOMPARE(doc.codebox().SelStart(), 106);
+        // 106 is the empty line between the body tags.
+        QCOMPARE(doc.codebox().Text().mid(99, 7), QStringLiteral("<body>\n"));
+        QCOMPARE(doc.codebox().Text().mid(106, 8), QStringLiteral("\n</body>"));
+        QCOMPARE(doc.Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QCOMPARE(doc.CSSDoc, QStringLiteral("No"));
+        QCOMPARE(doc.txtFileName, QStringLiteral("Document 1"));
+        QCOMPARE(doc.txtFileTitle, QStringLiteral("Label2"));
+        QCOMPARE(doc.codebox().FileName(), QString());
+        QCOMPARE(doc.codebox().SelIndent(), 80);
+        QCOMPARE(ts->TabStrip1.count(), 1);
+        QCOMPARE(ts->TabStrip1.tab(0).Key, QStringLiteral("Document 1"));
+        QCOMPARE(ts->TabStrip1.tab(0).Caption, QStringLiteral("Document 1"));
+    }
+
+    void cssSkeleton() {
+        TestShell ts;
+        ts.load();
+        ts->mnuFileNewCSS_Click();
+        codeEditor& doc = ts.active();
+        QCOMPARE(doc.codebox().Text(),
+                 QStringLiteral("/* This is an external style sheet. For more information look "
+                                "up 'external style sheets' in the help file */\n"));
+        QCOMPARE(doc.codebox().SelStart(), doc.codebox().length());
+        QCOMPARE(doc.CSSDoc, QStringLiteral("Yes"));
+        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QCOMPARE(doc.Caption(), QStringLiteral("Document 2"));
+        QCOMPARE(ts->TabStrip1.selectedIndex(), 1);
+    }
+
+    void numbersOnlyGrow() {
+        TestShell ts;
+        ts.load();
+        ts->mnuFileNewHTML_Click();
+        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 2"));
+        ts->mnuFileClose_Click();
+        ts->mnuFileClose_Click();
+        QVERIFY(ts->documents().empty());
+        ts->mnuFileNewHTML_Click();
+        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 3"));
+        QCOMPARE(ts->nDocumentCount, 3);
+    }
+
+    void fontAndWrapComeFromSettings_data() {
+        QTest::addColumn<QString>("wrap");
+        QTest::addColumn<int>("margin");
+        QTest::newRow("default wraps") << QString() << 0;
+        QTest::newRow("1 wraps") << "1" << 0;
+        QTest::newRow("0 does not wrap") << "0" << 120000;
+        QTest::newRow("anything else wraps") << "yes" << 0;
+    }
+    void fontAndWrapComeFromSettings() {
+        QFETCH(QString, wrap);
+        QFETCH(int, margin);
+        TestShell ts;
+        if (!wrap.isNull()) ts.settings.save("Fuzzies", "Word Wrap", wrap);
+        ts.settings.save("Fuzzies", "Font Size", "14");
+        ts.load();
+        ts->mnuFileNewHTML_Click();
+        QCOMPARE(ts.active().codebox().RightMargin(), margin);
+        QCOMPARE(ts.active().codebox().FontSize(), 14.0);
+        QCOMPARE(ts.active().codebox().FontName(), QStringLiteral("Courier New"));
+    }
+
+    void openReplacesUntouchedDocumentOne() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "page.htm", "<p>hi</p>");
+        TestShell ts;
+        ts.load();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts->documents().size(), size_t(1));
+        codeEditor& doc = ts.active();
+        QCOMPARE(doc.Caption(), path);
+        QCOMPARE(doc.txtFileName, path);
+        QCOMPARE(doc.txtFileTitle, QStringLiteral("page.htm"));
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("<p>hi</p>"));
+        QCOMPARE(doc.codebox().FileName(), path);
+        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QCOMPARE(doc.CSSDoc, QStringLiteral("No"));
+        QCOMPARE(ts->TabStrip1.count(), 1);
+        QCOMPARE(ts->TabStrip1.tab(0).Key, path);
+        QCOMPARE(ts->TabStrip1.tab(0).Caption, QStringLiteral("page.htm"));
+        QCOMPARE(ts->TabStrip1.selectedIndex(), 0);
+        QCOMPARE(ts->OpenSave.InitDir, QString());
+        QVERIFY(ts.platform.messages.isEmpty());
+        // The dialog was set up once at start-up and offered the program's filter.
+        const CommonDialog& shown = ts.platform.fileDialogsShown.first();
+        QCOMPARE(shown.Flags, 524802);
+        QVERIFY(shown.CancelError);
+        QCOMPARE(shown.MaxFileSize, 4096);
+        QCOMPARE(shown.Filter, QStringLiteral("HTML Files (*.htm, *.html, *.shtml; *.asp)|*.htm; "
+                                              "*.html; *.shtml; *.asp|CSS Documents (*.css)|*.css|"
+                                              "Text Documents (*.txt)|*.txt"));
+    }
+
+    void openKeepsDocumentOneWithAChange() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "page.htm", "x");
+        TestShell ts;
+        ts.load();
+        ts.active().codebox().setSelText("a");
+        QCOMPARE(ts.active().Tag, QStringLiteral("Dirty"));
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts->documents().size(), size_t(2));
+        QCOMPARE(ts->TabStrip1.count(), 2);
+        QCOMPARE(ts->TabStrip1.selectedIndex(), 1);
+        QCOMPARE(ts.active().Caption(), path);
+    }
+
+    void laterUntitledDocumentIsNeverReplaced() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "page.htm", "x");
+        TestShell ts;
+        ts.load();
+        ts->mnuFileClose_Click();
+        ts->mnuFileNewHTML_Click(); // "Document 2", clean
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts->documents().size(), size_t(2));
+    }
+
+    void openFileAlreadyOpen() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "page.htm", "x");
+        TestShell ts;
+        ts.load();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        ts->mnuFileOpen_Click();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QCOMPARE(ts.platform.messages.size(), 1);
+        QCOMPARE(ts.platform.messages[0].text, QStringLiteral("File is already open."));
+        QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
+        QVERIFY(!ts->bFileAlreadyOpen);
+    }
+
+    void openMissingFile() {
+        TestShell ts;
+        ts.load();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file("/nonexistent/gone.htm"));
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts.platform.messageTexts(), QStringList{"The file  could not be found."});
+        QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Exclamation);
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(ts->TabStrip1.count(), 1);
+        QCOMPARE(ts->TabStrip1.tab(0).Key, QStringLiteral("Document 1"));
+    }
+
+    void cancelledOpenChangesNothing() {
+        TestShell ts;
+        ts.load();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QVERIFY(ts.platform.messages.isEmpty());
+    }
+
+    void cssDocByExactExtension_data() {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("cssDoc");
+        QTest::newRow("css") << "style.css" << "Yes";
+        QTest::newRow("CSS in capitals") << "STYLE.CSS" << "No";
+        QTest::newRow("htm") << "page.htm" << "No";
+    }
+    void cssDocByExactExtension() {
+        QFETCH(QString, name);
+        QFETCH(QString, cssDoc);
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, name, "body {}");
+        TestShell ts;
+        ts.load();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts.active().CSSDoc, cssDoc);
+    }
+
+    void openSeveralFiles() {
+        QTemporaryDir dir;
+        writeFile(dir, "a.htm", "A");
+        writeFile(dir, "b.css", "B");
+        TestShell ts;
+        ts.load();
+        // A folder given with its trailing separator, as a root folder is, gets no second one.
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::files(dir.path() + "/", {"a.htm", "b.css"}));
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts->documents().size(), size_t(2));
+        const codeEditor* a = ts->documents()[0];
+        const codeEditor* b = ts->documents()[1];
+        QCOMPARE(a->Caption(), dir.path() + "/a.htm");
+        QCOMPARE(b->Caption(), dir.path() + "/b.css");
+        QCOMPARE(a->codebox().Text(), QStringLiteral("A"));
+        // Both windows take the dialog's one title; only the last gets its kind.
+        QCOMPARE(a->txtFileTitle, QStringLiteral("a.htm"));
+        QCOMPARE(b->txtFileTitle, QStringLiteral("a.htm"));
+        QCOMPARE(a->CSSDoc, QStringLiteral("No"));
+        QCOMPARE(b->CSSDoc, QStringLiteral("Yes"));
+        QCOMPARE(ts->TabStrip1.count(), 2);
+        QCOMPARE(ts->TabStrip1.tab(0).Caption, QStringLiteral("a.htm"));
+        QCOMPARE(ts->TabStrip1.tab(1).Caption, QStringLiteral("b.css"));
+        QCOMPARE(ts->TabStrip1.selectedIndex(), 1);
+        QCOMPARE(ts.active().Caption(), dir.path() + "/b.css");
+    }
+
+    void openSeveralWithoutTrailingSeparator() {
+        QTemporaryDir dir;
+        writeFile(dir, "a.htm", "A");
+        writeFile(dir, "b.htm", "B");
+        TestShell ts;
+        ts.load();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::files(dir.path(), {"a.htm", "b.htm"}));
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts->documents()[0]->Caption(), dir.path() + "/a.htm");
+    }
+
+    void openSeveralWithOneOpenAndOneMissing() {
+        QTemporaryDir dir;
+        const QString a = writeFile(dir, "a.htm", "A");
+        writeFile(dir, "c.htm", "C");
+        TestShell ts;
+        ts.load();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(a));
+        ts->mnuFileOpen_Click();
+        ts.platform.fileAnswers.enqueue(
+            FileDialogAnswer::files(dir.path(), {"a.htm", "missing.htm", "c.htm"}));
+        ts->mnuFileOpen_Click();
+        QCOMPARE(ts.platform.messageTexts(),
+                 (QStringList{"The file " + a + " is already open.",
+                              "The file missing.htm could not be found."}));
+        QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
+        QCOMPARE(ts->documents().size(), size_t(2));
+        QCOMPARE(ts->TabStrip1.count(), 2);
+        QCOMPARE(ts.active().Caption(), dir.path() + "/c.htm");
+    }
+
+    void checkFileOpenIsCaseSensitiveAndSticky() {
+        TestShell ts;
+        ts.load();
+        ts->CheckFileOpen("document 1");
+        QVERIFY(!ts->bFileAlreadyOpen);
+        ts->CheckFileOpen("Document 1");
+        QVERIFY(ts->bFileAlreadyOpen);
+        ts->CheckFileOpen("nothing");
+        QVERIFY(ts->bFileAlreadyOpen); // only the caller clears it
+    }
+
+    void stripItem() {
+        TestShell ts;
+        QString s = QStringLiteral("folder") + QChar(0) + "a.htm" + QChar(0);
+        QCOMPARE(ts->StripItem(s, QString(QChar(0))), QStringLiteral("folder"));
+        QCOMPARE(s, QStringLiteral("a.htm") + QChar(0));
+        QCOMPARE(ts->StripItem(s, QString(QChar(0))), QStringLiteral("a.htm"));
+        QCOMPARE(s, QString());
+        QString none = QStringLiteral("no delimiter");
+        try {
+            ts->StripItem(none, QStringLiteral(";"));
+            QFAIL("StripItem without a delimiter must overflow");
+        } catch (const RuntimeError& e) {
+            QCOMPARE(e.number(), 6);
+        }
+    }
+
+    void activationSelectsTheTab() {
+        TestShell ts;
+        ts.load();
+        ts->mnuFileNewHTML_Click();
+        codeEditor* first = ts->documents()[0];
+        first->ZOrder();
+        QCOMPARE(ts->ActiveForm(), first);
+        QCOMPARE(ts->TabStrip1.selectedIndex(), 0);
+        QVERIFY(!ts->bSelectingTab);
+    }
+
+    void tabClickBringsItsWindowForward() {
+        TestShell ts;
+        ts.load();
+        ts->mnuFileNewHTML_Click();
+        ts->TabStrip1.select(0);
+        QCOMPARE(ts->ActiveForm(), ts->documents()[0]);
+        ts->bSelectingTab = true;
+        ts->TabStrip1.select(1);
+        QCOMPARE(ts->ActiveForm(), ts->documents()[0]);
+    }
+
+    void nextAndPreviousDocument() {
+        TestShell ts;
+        ts.load();
+        ts->mnuFileNewHTML_Click();
+        ts->mnuFileNewHTML_Click();
+        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 3"));
+        ts->activateNextDocument(false);
+        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
+        ts->activateNextDocument(true);
+        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 3"));
+        QCOMPARE(ts->TabStrip1.selectedIndex(), 2);
+    }
+};
+
+QTEST_GUILESS_MAIN(NewOpenTest)
+#include "test_new_open.moc"
