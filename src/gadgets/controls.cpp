@@ -42,7 +42,8 @@ void TextBox::typeKey(int keyAscii) {
 }
 
 void TextBox::typeText(const QString& text) {
-    for (QChar c : text) typeKey(c.unicode());
+    for (QChar c : text)
+        typeKey(c.unicode());
 }
 
 void CheckBox::setValue(int value) {
@@ -70,7 +71,8 @@ void OptionButton::setValue(bool on) {
 
 void OptionButton::group(std::initializer_list<OptionButton*> members) {
     auto shared = std::make_shared<std::vector<OptionButton*>>(members);
-    for (OptionButton* member : members) member->group_ = shared;
+    for (OptionButton* member : members)
+        member->group_ = shared;
 }
 
 QString ListControl::List(int index) const {
@@ -93,8 +95,10 @@ void ListControl::AddItem(const QString& item, int index) {
 void ListControl::RemoveItem(int index) {
     if (index < 0 || index >= items_.size()) raise(ErrInvalidProcedureCall);
     items_.removeAt(index);
-    if (listIndex_ == index) listIndex_ = -1;
-    else if (listIndex_ > index) --listIndex_;
+    if (listIndex_ == index)
+        listIndex_ = -1;
+    else if (listIndex_ > index)
+        --listIndex_;
     emit changed();
 }
 
@@ -121,7 +125,8 @@ QString ComboBox::Text() const {
 void ComboBox::setText(const QString& text) {
     if (style_ == DropDownList) {
         const int index = static_cast<int>(items_.indexOf(text));
-        if (index < 0) raise(ErrInvalidPropertyValue, QStringLiteral("'Text' property is read-only"));
+        if (index < 0)
+            raise(ErrInvalidPropertyValue, QStringLiteral("'Text' property is read-only"));
         setListIndex(index);
         return;
     }

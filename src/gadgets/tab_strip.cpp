@@ -12,8 +12,10 @@ void TabStrip::add(const QString& key, const QString& caption) {
 void TabStrip::remove(int index) {
     if (index < 0 || index >= count()) raise(ErrSubscriptOutOfRange);
     tabs_.removeAt(index);
-    if (selected_ >= count()) selected_ = count() - 1;
-    else if (selected_ > index) --selected_;
+    if (selected_ >= count())
+        selected_ = count() - 1;
+    else if (selected_ > index)
+        --selected_;
     emit changed();
 }
 

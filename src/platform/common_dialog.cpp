@@ -4,9 +4,15 @@
 
 namespace tsl {
 
-void CommonDialog::ShowOpen() { afterShow(platform_->showOpen(*this)); }
-void CommonDialog::ShowSave() { afterShow(platform_->showSave(*this)); }
-void CommonDialog::ShowColor() { afterShow(platform_->showColor(*this)); }
+void CommonDialog::ShowOpen() {
+    afterShow(platform_->showOpen(*this));
+}
+void CommonDialog::ShowSave() {
+    afterShow(platform_->showSave(*this));
+}
+void CommonDialog::ShowColor() {
+    afterShow(platform_->showColor(*this));
+}
 
 void CommonDialog::afterShow(bool accepted) {
     if (accepted) return;

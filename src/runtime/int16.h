@@ -16,6 +16,8 @@ inline Int16 toInt16(long long value) {
 }
 
 // A 16-bit counter that raises overflow when stepped past its range.
-inline Int16 incrementInt16(Int16 value) { return toInt16(static_cast<long long>(value) + 1); }
+inline Int16 incrementInt16(Int16 value) {
+    return toInt16(static_cast<long long>(value) + 1);
+}
 
 } // namespace tsl

@@ -17,6 +17,8 @@ template <typename Statement> int resumeNext(Statement&& statement) {
 
 // "One silent exit at the end": the handler's body runs until the first error, which ends it
 // without a message. Returns the error number, 0 when the body ran to its end.
-template <typename Body> int silentExit(Body&& body) { return resumeNext(std::forward<Body>(body)); }
+template <typename Body> int silentExit(Body&& body) {
+    return resumeNext(std::forward<Body>(body));
+}
 
 } // namespace tsl

@@ -9,22 +9,37 @@ RuntimeError::RuntimeError(int number, QString description)
 
 QString errorDescription(int number) {
     switch (number) {
-    case ErrInvalidProcedureCall: return QStringLiteral("Invalid procedure call or argument");
-    case ErrOverflow: return QStringLiteral("Overflow");
-    case ErrSubscriptOutOfRange: return QStringLiteral("Subscript out of range");
-    case ErrTypeMismatch: return QStringLiteral("Type mismatch");
-    case ErrFileNotFound: return QStringLiteral("File not found");
-    case ErrFileAlreadyOpen: return QStringLiteral("File already open");
-    case ErrPermissionDenied: return QStringLiteral("Permission denied");
-    case ErrPathFileAccess: return QStringLiteral("Path/File access error");
-    case ErrPathNotFound: return QStringLiteral("Path not found");
-    case ErrInvalidPropertyValue: return QStringLiteral("Invalid property value");
-    case ErrObjectRequired: return QStringLiteral("Object required");
-    case ErrCancelled: return QStringLiteral("Cancel was selected.");
-    default: return QStringLiteral("Application-defined or object-defined error");
+    case ErrInvalidProcedureCall:
+        return QStringLiteral("Invalid procedure call or argument");
+    case ErrOverflow:
+        return QStringLiteral("Overflow");
+    case ErrSubscriptOutOfRange:
+        return QStringLiteral("Subscript out of range");
+    case ErrTypeMismatch:
+        return QStringLiteral("Type mismatch");
+    case ErrFileNotFound:
+        return QStringLiteral("File not found");
+    case ErrFileAlreadyOpen:
+        return QStringLiteral("File already open");
+    case ErrPermissionDenied:
+        return QStringLiteral("Permission denied");
+    case ErrPathFileAccess:
+        return QStringLiteral("Path/File access error");
+    case ErrPathNotFound:
+        return QStringLiteral("Path not found");
+    case ErrInvalidPropertyValue:
+        return QStringLiteral("Invalid property value");
+    case ErrObjectRequired:
+        return QStringLiteral("Object required");
+    case ErrCancelled:
+        return QStringLiteral("Cancel was selected.");
+    default:
+        return QStringLiteral("Application-defined or object-defined error");
     }
 }
 
-void raise(int number, const QString& description) { throw RuntimeError(number, description); }
+void raise(int number, const QString& description) {
+    throw RuntimeError(number, description);
+}
 
 } // namespace tsl

@@ -11,7 +11,9 @@ codeEditor::codeEditor(ShellMDI& shell, std::unique_ptr<SourcePane> codebox,
     codebox_->Change = [this] { codebox_Change(); };
 }
 
-codeEditor::~codeEditor() { codebox_->Change = nullptr; }
+codeEditor::~codeEditor() {
+    codebox_->Change = nullptr;
+}
 
 void codeEditor::setCaption(const QString& caption) {
     if (caption_ == caption) return;
@@ -40,11 +42,13 @@ void codeEditor::Form_Load() {
     pane.setFontName(settings.get(keys::Fuzzies, keys::FontName, QStringLiteral("Courier New")));
     resumeNext([&] {
         bool ok = false;
-        const double size = settings.get(keys::Fuzzies, keys::FontSize, QStringLiteral("9")).toDouble(&ok);
+        const double size =
+            settings.get(keys::Fuzzies, keys::FontSize, QStringLiteral("9")).toDouble(&ok);
         if (!ok || size <= 0) raise(ErrInvalidPropertyValue);
         pane.setFontSize(size);
     });
-    pane.setRightMargin(rightMarginFor(settings.get(keys::Fuzzies, keys::WordWrap, QStringLiteral("1"))));
+    pane.setRightMargin(
+        rightMarginFor(settings.get(keys::Fuzzies, keys::WordWrap, QStringLiteral("1"))));
     if (shell_.bCommandsDisabled) shell_.EnableDocumentCommands();
 }
 
@@ -57,7 +61,9 @@ void codeEditor::Form_Activate() {
     }
 }
 
-void codeEditor::codebox_Change() { Tag = QStringLiteral("Dirty"); }
+void codeEditor::codebox_Change() {
+    Tag = QStringLiteral("Dirty");
+}
 
 void codeEditor::AddStep() {
     // The first snapshot of the undo history belongs here; the history itself is not kept yet.
@@ -77,7 +83,9 @@ void codeEditor::SetFocus() {
     emit focusRequested();
 }
 
-void codeEditor::ZOrder() { shell_.bringToFront(this); }
+void codeEditor::ZOrder() {
+    shell_.bringToFront(this);
+}
 
 void codeEditor::askToSave(int& cancel, bool fromLayout) {
     ZOrder();

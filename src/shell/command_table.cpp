@@ -27,8 +27,10 @@ void ShellMDI::buildMenus() {
     auto& file = menuBar_.back().children;
     addMenu(file, S("mnuFileNew"), S("&New"));
     auto& fileNew = file.back().children;
-    addMenu(fileNew, S("mnuFileNewHTML"), S("&HTML Document"), S("Ctrl+N"), [this] { mnuFileNewHTML_Click(); });
-    addMenu(fileNew, S("mnuFileNewCSS"), S("&CSS Document"), S(), [this] { mnuFileNewCSS_Click(); });
+    addMenu(fileNew, S("mnuFileNewHTML"), S("&HTML Document"), S("Ctrl+N"),
+            [this] { mnuFileNewHTML_Click(); });
+    addMenu(fileNew, S("mnuFileNewCSS"), S("&CSS Document"), S(),
+            [this] { mnuFileNewCSS_Click(); });
     addMenu(file, S("mnuFileOpen"), S("&Open..."), S("Ctrl+O"), [this] { mnuFileOpen_Click(); });
     addMenu(file, S("mnuFileClose"), S("&Close"), S(), [this] { mnuFileClose_Click(); });
     addMenu(file, S("mnuFileCloseAll"), S("Close All"), S(), [this] { mnuFileCloseAll_Click(); });
@@ -49,10 +51,14 @@ void ShellMDI::buildMenus() {
 
     addMenu(menuBar_, S("mnuWindow"), S("&Window"));
     auto& window = menuBar_.back().children;
-    addMenu(window, S("mnuWindowArrange"), S("&Arrange Icons"), S(), [this] { emit arrangeRequested(ArrangeIcons); });
-    addMenu(window, S("mnuWindowTileH"), S("Tile &Horizontally"), S(), [this] { emit arrangeRequested(TileHorizontal); });
-    addMenu(window, S("mnuWindowTileV"), S("Tile &Vertically"), S(), [this] { emit arrangeRequested(TileVertical); });
-    addMenu(window, S("mnuWindowCascade"), S("&Cascade"), S(), [this] { emit arrangeRequested(Cascade); });
+    addMenu(window, S("mnuWindowArrange"), S("&Arrange Icons"), S(),
+            [this] { emit arrangeRequested(ArrangeIcons); });
+    addMenu(window, S("mnuWindowTileH"), S("Tile &Horizontally"), S(),
+            [this] { emit arrangeRequested(TileHorizontal); });
+    addMenu(window, S("mnuWindowTileV"), S("Tile &Vertically"), S(),
+            [this] { emit arrangeRequested(TileVertical); });
+    addMenu(window, S("mnuWindowCascade"), S("&Cascade"), S(),
+            [this] { emit arrangeRequested(Cascade); });
 }
 
 void ShellMDI::mnuViewTagList_Click() {

@@ -13,7 +13,8 @@ QString cssDocFor(const QString& path) {
 }
 
 codeEditor& required(codeEditor* doc) {
-    if (!doc) raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
+    if (!doc)
+        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
     return *doc;
 }
 
@@ -21,7 +22,8 @@ const QString kAlreadyOpenName = QStringLiteral(
     "This is the name of a file that is currently open.\n\nFile has not been saved.");
 
 bool isDocumentOneUntouched(codeEditor* doc) {
-    return doc && doc->Caption() == QLatin1String("Document 1") && doc->Tag == QLatin1String("Clean");
+    return doc && doc->Caption() == QLatin1String("Document 1") &&
+           doc->Tag == QLatin1String("Clean");
 }
 } // namespace
 
@@ -75,7 +77,8 @@ void ShellMDI::CheckFileOpen(const QString& path) {
 
 QString ShellMDI::StripItem(QString& s, const QString& delimiter) {
     Int16 position = 1;
-    while (s.mid(position - 1, 1) != delimiter) position = incrementInt16(position);
+    while (s.mid(position - 1, 1) != delimiter)
+        position = incrementInt16(position);
     const QString item = s.left(position - 1);
     s = s.mid(position);
     return item;
@@ -121,7 +124,8 @@ void ShellMDI::mnuFileOpen_Click() {
             items.append(item);
         }
     });
-    for (qsizetype n = 1; n < items.size(); ++n) List1.AddItem(items.at(n));
+    for (qsizetype n = 1; n < items.size(); ++n)
+        List1.AddItem(items.at(n));
 
     if (items.size() == 1) {
         const QString path = items.at(0);
@@ -136,7 +140,8 @@ void ShellMDI::mnuFileOpen_Click() {
         guarded([&] { OpenDocumentWindow(path); });
         if (!loadFailed) {
             guarded([&] { required(ActiveForm()).AddStep(); });
-            if (isDocumentOneUntouched(CurrentDocument)) guarded([&] { unloadDocument(CurrentDocument); });
+            if (isDocumentOneUntouched(CurrentDocument))
+                guarded([&] { unloadDocument(CurrentDocument); });
             TabStrip1.add(path, OpenSave.FileTitle);
             AddRecentFile(result, OpenSave.FileTitle);
         }
@@ -150,7 +155,8 @@ void ShellMDI::mnuFileOpen_Click() {
             CheckFileOpen(path);
             if (bFileAlreadyOpen) {
                 LockWindowUpdate(false);
-                platform_.msgBox(QStringLiteral("The file ") + path + QStringLiteral(" is already open."),
+                platform_.msgBox(QStringLiteral("The file ") + path +
+                                     QStringLiteral(" is already open."),
                                  MsgIcon::Information);
                 resumeNext([&] { required(ActiveForm()).SetFocus(); });
                 bFileAlreadyOpen = false;

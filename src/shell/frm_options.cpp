@@ -6,10 +6,13 @@
 namespace tsl {
 
 namespace {
-QString yesNo(bool on) { return on ? QStringLiteral("Yes") : QStringLiteral("No"); }
+QString yesNo(bool on) {
+    return on ? QStringLiteral("Yes") : QStringLiteral("No");
+}
 
 codeEditor& required(codeEditor* doc) {
-    if (!doc) raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
+    if (!doc)
+        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
     return *doc;
 }
 
@@ -56,12 +59,14 @@ frmOptions::frmOptions(ShellMDI& shell)
 
 void frmOptions::Form_Load() {
     const SettingsStore& settings = shell_.settings();
-    for (const QString& font : shell_.FontNames) FontFace.AddItem(font);
+    for (const QString& font : shell_.FontNames)
+        FontFace.AddItem(font);
     FontFace.setText(settings.get(keys::Fuzzies, keys::FontName, QStringLiteral("Courier New")));
     Size.setText(settings.get(keys::Fuzzies, keys::FontSize, QStringLiteral("9")));
     resumeNext([&] { UpDown1.setValue(static_cast<int>(toNumber(Size.Text()))); });
     // The box reads "0" as its default while the documents wrap by default: kept that way.
-    chkWordWrap.setValue(static_cast<int>(Val(settings.get(keys::Fuzzies, keys::WordWrap, QStringLiteral("0")))));
+    chkWordWrap.setValue(
+        static_cast<int>(Val(settings.get(keys::Fuzzies, keys::WordWrap, QStringLiteral("0")))));
     chkAutoClose.setValue(shell_.bAutoCloseTag ? 1 : 0);
     Text1.setText(settings.get(keys::Browser, keys::BrowserLoc, QStringLiteral("None")));
     PreviewBox.setText(settings.get(keys::Fuzzies, keys::DefaultDir));
@@ -107,7 +112,9 @@ void frmOptions::OK_Click() {
                                  MsgIcon::Information);
         settings.save(keys::Fuzzies, keys::FontSize, QStringLiteral("9"));
     } else {
-        resumeNext([&] { required(shell_.CurrentDocument).codebox().setFontSize(fontSizeOf(Size.Text())); });
+        resumeNext([&] {
+            required(shell_.CurrentDocument).codebox().setFontSize(fontSizeOf(Size.Text()));
+        });
         settings.save(keys::Fuzzies, keys::FontSize, Size.Text());
     }
     settings.save(keys::Fuzzies, keys::FontName, FontFace.Text());
@@ -133,7 +140,9 @@ void frmOptions::OK_Click() {
     closeAndReturn();
 }
 
-void frmOptions::Cancel_Click() { closeAndReturn(); }
+void frmOptions::Cancel_Click() {
+    closeAndReturn();
+}
 
 void frmOptions::closeAndReturn() {
     Unload();

@@ -54,7 +54,8 @@ SettingsStore::Pairs MemorySettingsStore::GetAllSettings(const QString& app,
     Pairs pairs;
     const auto s = sections_.constFind(sectionId(app, section));
     if (s == sections_.cend()) return pairs;
-    for (auto it = s->cbegin(); it != s->cend(); ++it) pairs.append({it.key(), it.value()});
+    for (auto it = s->cbegin(); it != s->cend(); ++it)
+        pairs.append({it.key(), it.value()});
     return pairs;
 }
 
@@ -79,8 +80,7 @@ void QSettingsStore::SaveSetting(const QString& app, const QString& section, con
     settingsFor(app).setValue(settingsPath(section, key), value);
 }
 
-void QSettingsStore::DeleteSetting(const QString& app, const QString& section,
-                                   const QString& key) {
+void QSettingsStore::DeleteSetting(const QString& app, const QString& section, const QString& key) {
     settingsFor(app).remove(settingsPath(section, key));
 }
 
@@ -91,7 +91,8 @@ SettingsStore::Pairs QSettingsStore::GetAllSettings(const QString& app,
     QStringList keys = s.childKeys();
     std::sort(keys.begin(), keys.end());
     Pairs pairs;
-    for (const QString& k : keys) pairs.append({unescapeKey(k), s.value(k).toString()});
+    for (const QString& k : keys)
+        pairs.append({unescapeKey(k), s.value(k).toString()});
     s.endGroup();
     return pairs;
 }

@@ -16,7 +16,8 @@ ShellMDI::ShellMDI(Platform& platform, SettingsStore& settings, SurfaceFactory& 
 
 ShellMDI::~ShellMDI() {
     // The view may still hold pointers to the documents; tell it they are going.
-    for (codeEditor* doc : documents_) emit documentRemoved(doc);
+    for (codeEditor* doc : documents_)
+        emit documentRemoved(doc);
 }
 
 bool ShellMDI::dispatch(const std::function<void()>& handler) {
@@ -30,7 +31,8 @@ bool ShellMDI::dispatch(const std::function<void()>& handler) {
 
 MenuItem& ShellMDI::menu(const QString& name) const {
     const auto it = menuItems_.find(name);
-    if (it == menuItems_.end()) raise(ErrSubscriptOutOfRange, QStringLiteral("No menu item ") + name);
+    if (it == menuItems_.end())
+        raise(ErrSubscriptOutOfRange, QStringLiteral("No menu item ") + name);
     return *it->second;
 }
 
@@ -44,9 +46,12 @@ void ShellMDI::LockWindowUpdate(bool freeze) {
 void ShellMDI::imgSizer_MouseMove(int x) {
     if (!bSizing) return;
     const int newWidth = Picture1Width - x;
-    if (newWidth < kPaneMinWidth) Picture1Width = kPaneMinWidth;
-    else if (Width - newWidth < kDocumentsMinWidth) Picture1Width = Width - kDocumentsMinWidth;
-    else Picture1Width = newWidth;
+    if (newWidth < kPaneMinWidth)
+        Picture1Width = kPaneMinWidth;
+    else if (Width - newWidth < kDocumentsMinWidth)
+        Picture1Width = Width - kDocumentsMinWidth;
+    else
+        Picture1Width = newWidth;
     emit paneChanged();
 }
 
@@ -85,8 +90,8 @@ bool ShellMDI::unloadDocument(codeEditor* doc) {
     if (CurrentDocument == doc) CurrentDocument = nullptr;
     if (NewDocWindow == doc) NewDocWindow = nullptr;
     emit documentRemoved(doc);
-    const auto owner = std::find_if(owned_.begin(), owned_.end(),
-                                    [doc](const auto& p) { return p.get() == doc; });
+    const auto owner =
+        std::find_if(owned_.begin(), owned_.end(), [doc](const auto& p) { return p.get() == doc; });
     if (owner != owned_.end()) {
         // A handler of the window may still be on the stack: it is freed at the next command.
         closed_.push_back(std::move(*owner));
@@ -135,8 +140,10 @@ void ShellMDI::applicationActivated() {
     resumeNext([&] {
         codeEditor* doc = ActiveForm();
         if (!doc) raise(ErrObjectRequired);
-        if (bLayoutActive) doc->DHTMLEdit1().SetFocus();
-        else doc->codebox().SetFocus();
+        if (bLayoutActive)
+            doc->DHTMLEdit1().SetFocus();
+        else
+            doc->codebox().SetFocus();
     });
 }
 
@@ -146,16 +153,16 @@ void ShellMDI::AddRecentFile(const QString&, const QString&) {}
 void ShellMDI::LoadRecentFiles() {}
 
 void ShellMDI::EnableDocumentCommands() {
-    for (const char* name : {"mnuFileClose", "mnuFileSave", "mnuFileSaveas", "mnuFileCloseAll",
-                             "mnuFileSaveAll"})
+    for (const char* name :
+         {"mnuFileClose", "mnuFileSave", "mnuFileSaveas", "mnuFileCloseAll", "mnuFileSaveAll"})
         menu(QLatin1String(name)).setEnabled(true);
     TabStrip1.setVisible(true);
     bCommandsDisabled = false;
 }
 
 void ShellMDI::DisableDocumentCommands() {
-    for (const char* name : {"mnuFileClose", "mnuFileSave", "mnuFileSaveas", "mnuFileCloseAll",
-                             "mnuFileSaveAll"})
+    for (const char* name :
+         {"mnuFileClose", "mnuFileSave", "mnuFileSaveas", "mnuFileCloseAll", "mnuFileSaveAll"})
         menu(QLatin1String(name)).setEnabled(false);
     TabStrip1.setVisible(false);
     bCommandsDisabled = true;

@@ -196,6 +196,8 @@ inline const QString BrowserLoc = QStringLiteral("BrowserLoc");
 
 // A right margin of this many twips keeps lines from wrapping.
 constexpr int kNoWrapMargin = 120000;
-inline int rightMarginFor(const QString& wordWrap) { return wordWrap == QLatin1String("0") ? kNoWrapMargin : 0; }
+inline int rightMarginFor(const QString& wordWrap) {
+    return wordWrap == QLatin1String("0") ? kNoWrapMargin : 0;
+}
 
 } // namespace tsl

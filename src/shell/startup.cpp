@@ -5,11 +5,13 @@
 namespace tsl {
 
 namespace {
-const QString kFileFilter = QStringLiteral(
-    "HTML Files (*.htm, *.html, *.shtml; *.asp)|*.htm; *.html; *.shtml; *.asp|"
-    "CSS Documents (*.css)|*.css|Text Documents (*.txt)|*.txt");
+const QString kFileFilter =
+    QStringLiteral("HTML Files (*.htm, *.html, *.shtml; *.asp)|*.htm; *.html; *.shtml; *.asp|"
+                   "CSS Documents (*.css)|*.css|Text Documents (*.txt)|*.txt");
 
-bool isYes(const QString& value) { return value == QLatin1String("Yes"); }
+bool isYes(const QString& value) {
+    return value == QLatin1String("Yes");
+}
 } // namespace
 
 void ShellMDI::MDIForm_Load(const QString& commandLine) {
@@ -17,24 +19,28 @@ void ShellMDI::MDIForm_Load(const QString& commandLine) {
     bMainLoading = true;
 
     OpenSave.MaxFileSize = 4096;
-    OpenSave.Flags = CommonDialog::Explorer | CommonDialog::AllowMultiSelect |
-                     CommonDialog::OverwritePrompt;
+    OpenSave.Flags =
+        CommonDialog::Explorer | CommonDialog::AllowMultiSelect | CommonDialog::OverwritePrompt;
     OpenSave.InitDir = settings_.get(keys::Fuzzies, keys::DefaultDir);
     OpenSave.CancelError = true;
     OpenSave.Filter = kFileFilter;
 
     // Start-up reads "UseRelative"; the dialog keeps "Use Relative". Nothing writes the first,
     // so relative paths are on at every start.
-    bUseRelative = isYes(settings_.get(keys::Fuzzies, keys::UseRelativeAtStart, QStringLiteral("Yes")));
+    bUseRelative =
+        isYes(settings_.get(keys::Fuzzies, keys::UseRelativeAtStart, QStringLiteral("Yes")));
     bAutoCloseTag = isYes(settings_.get(keys::Fuzzies, keys::AutoCloseTag, QStringLiteral("Yes")));
 
-    bFormsToolbarOpen = isYes(settings_.get(keys::Fuzzies, keys::FormsToolbarOpen, QStringLiteral("No")));
+    bFormsToolbarOpen =
+        isYes(settings_.get(keys::Fuzzies, keys::FormsToolbarOpen, QStringLiteral("No")));
     bStandardToolbarOpen =
         isYes(settings_.get(keys::Fuzzies, keys::StandardToolbarOpen, QStringLiteral("Yes")));
-    bTagsToolbarOpen = isYes(settings_.get(keys::Fuzzies, keys::TagsToolbarOpen, QStringLiteral("Yes")));
+    bTagsToolbarOpen =
+        isYes(settings_.get(keys::Fuzzies, keys::TagsToolbarOpen, QStringLiteral("Yes")));
     bTagListOpen = isYes(settings_.get(keys::Fuzzies, keys::TagListOpen, QStringLiteral("No")));
     Picture1.setVisible(bTagListOpen);
-    if (hasMenu(QStringLiteral("mnuViewTagList"))) menu(QStringLiteral("mnuViewTagList")).setChecked(bTagListOpen);
+    if (hasMenu(QStringLiteral("mnuViewTagList")))
+        menu(QStringLiteral("mnuViewTagList")).setChecked(bTagListOpen);
 
     NewHtmlDocument();
     LoadRecentFiles();
@@ -68,7 +74,8 @@ void ShellMDI::openCommandLine(const QString& commandLine) {
         return;
     }
     int at = static_cast<int>(commandLine.size()) - 1;
-    while (at >= 0 && commandLine.at(at) != QLatin1Char('/') && commandLine.at(at) != QLatin1Char('\\'))
+    while (at >= 0 && commandLine.at(at) != QLatin1Char('/') &&
+           commandLine.at(at) != QLatin1Char('\\'))
         --at;
     const QString title = commandLine.mid(at + 1);
     doc->txtFileTitle = title;
@@ -100,6 +107,8 @@ bool ShellMDI::requestExit() {
     return true;
 }
 
-void ShellMDI::mnuFileExit_Click() { requestExit(); }
+void ShellMDI::mnuFileExit_Click() {
+    requestExit();
+}
 
 } // namespace tsl

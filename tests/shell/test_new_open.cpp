@@ -185,9 +185,12 @@ class NewOpenTest : public QObject {
     void cssDocByExactExtension_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("cssDoc");
-        QTest::newRow("css") << "style.css" << "Yes";
-        QTest::newRow("CSS in capitals") << "STYLE.CSS" << "No";
-        QTest::newRow("htm") << "page.htm" << "No";
+        QTest::newRow("css") << "style.css"
+                             << "Yes";
+        QTest::newRow("CSS in capitals") << "STYLE.CSS"
+                                         << "No";
+        QTest::newRow("htm") << "page.htm"
+                             << "No";
     }
     void cssDocByExactExtension() {
         QFETCH(QString, name);
@@ -208,7 +211,8 @@ class NewOpenTest : public QObject {
         TestShell ts;
         ts.load();
         // A folder given with its trailing separator, as a root folder is, gets no second one.
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::files(dir.path() + "/", {"a.htm", "b.css"}));
+        ts.platform.fileAnswers.enqueue(
+            FileDialogAnswer::files(dir.path() + "/", {"a.htm", "b.css"}));
         ts->mnuFileOpen_Click();
         QCOMPARE(ts->documents().size(), size_t(2));
         const codeEditor* a = ts->documents()[0];

@@ -7,8 +7,8 @@ using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-const QString kAlreadyOpen =
-    QStringLiteral("This is the name of a file that is currently open.\n\nFile has not been saved.");
+const QString kAlreadyOpen = QStringLiteral(
+    "This is the name of a file that is currently open.\n\nFile has not been saved.");
 
 // A shell whose active document is bound to a file with the given text.
 codeEditor& openFile(TestShell& ts, const QString& path) {
@@ -17,7 +17,9 @@ codeEditor& openFile(TestShell& ts, const QString& path) {
     return ts.active();
 }
 
-DetachedLayout& layoutOf(codeEditor& doc) { return static_cast<DetachedLayout&>(doc.DHTMLEdit1()); }
+DetachedLayout& layoutOf(codeEditor& doc) {
+    return static_cast<DetachedLayout&>(doc.DHTMLEdit1());
+}
 } // namespace
 
 class SaveCloseTest : public QObject {
@@ -284,8 +286,10 @@ class SaveCloseTest : public QObject {
     void closeAllStopsAtACancel() {
         TestShell ts;
         ts.load();
-        for (int i = 0; i < 2; ++i) ts->mnuFileNewHTML_Click();
-        for (codeEditor* doc : ts->documents()) doc->codebox().setSelText("x");
+        for (int i = 0; i < 2; ++i)
+            ts->mnuFileNewHTML_Click();
+        for (codeEditor* doc : ts->documents())
+            doc->codebox().setSelText("x");
         ts.platform.messageAnswers.enqueue(MsgResult::No);
         ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
         ts->mnuFileCloseAll_Click();

@@ -83,8 +83,10 @@ class StartupTest : public QObject {
     void commandLineOpensIntoDocumentOne_data() {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("cssDoc");
-        QTest::newRow("page") << "page.htm" << "No";
-        QTest::newRow("css ignores case here") << "STYLE.CSS" << "Yes";
+        QTest::newRow("page") << "page.htm"
+                              << "No";
+        QTest::newRow("css ignores case here") << "STYLE.CSS"
+                                               << "Yes";
     }
     void commandLineOpensIntoDocumentOne() {
         QFETCH(QString, name);
@@ -164,10 +166,12 @@ class StartupTest : public QObject {
         TestShell ts;
         ts.load();
         ts->mnuFileNewHTML_Click();
-        for (codeEditor* doc : ts->documents()) doc->codebox().setSelText("x");
+        for (codeEditor* doc : ts->documents())
+            doc->codebox().setSelText("x");
         ts->bFormsToolbarOpen = true;
         int frozen = 0;
-        QObject::connect(ts.shell.get(), &ShellMDI::drawingFrozen, [&](bool on) { frozen += on ? 1 : -1; });
+        QObject::connect(ts.shell.get(), &ShellMDI::drawingFrozen,
+                         [&](bool on) { frozen += on ? 1 : -1; });
         bool exited = false;
         QObject::connect(ts.shell.get(), &ShellMDI::exitAccepted, [&] { exited = true; });
         ts.platform.messageAnswers.enqueue(MsgResult::No);
@@ -177,7 +181,8 @@ class StartupTest : public QObject {
         QCOMPARE(ts.settings.get("Fuzzies", "Forms Toolbar Open"), QStringLiteral("Yes"));
         QCOMPARE(ts.settings.get("Fuzzies", "Standard Toolbar Open"), QStringLiteral("Yes"));
         QCOMPARE(ts.settings.get("Fuzzies", "TagListOpen"), QStringLiteral("No"));
-        QCOMPARE(ts.settings.get("Fuzzies", "Tags Toolbar Open", "unwritten"), QStringLiteral("unwritten"));
+        QCOMPARE(ts.settings.get("Fuzzies", "Tags Toolbar Open", "unwritten"),
+                 QStringLiteral("unwritten"));
         // The second window stays, and drawing works again after the Cancel.
         QCOMPARE(ts->documents().size(), size_t(1));
         QCOMPARE(frozen, 0);

@@ -16,7 +16,8 @@ class ScriptedForms : public FormHost {
 
     void showModal(Form& form) override {
         shown.append(form.formName());
-        if (scripts.isEmpty()) throw std::runtime_error("unexpected form: " + form.formName().toStdString());
+        if (scripts.isEmpty())
+            throw std::runtime_error("unexpected form: " + form.formName().toStdString());
         scripts.dequeue()(form);
     }
 

@@ -4,7 +4,8 @@ namespace tsl::test {
 
 FileDialogAnswer FileDialogAnswer::files(const QString& folder, const QStringList& names) {
     QString result = folder;
-    for (const QString& name : names) result += QChar(0) + name;
+    for (const QString& name : names)
+        result += QChar(0) + name;
     return {true, result, names.isEmpty() ? QString() : names.first()};
 }
 
@@ -19,7 +20,8 @@ MsgResult ScriptedPlatform::messageBox(const MessageBoxRequest& request) {
 std::optional<QString> ScriptedPlatform::inputBox(const QString& prompt, const QString&,
                                                   const QString&) {
     inputPrompts.append(prompt);
-    if (inputAnswers.isEmpty()) throw UnexpectedPrompt("unexpected input box: " + prompt.toStdString());
+    if (inputAnswers.isEmpty())
+        throw UnexpectedPrompt("unexpected input box: " + prompt.toStdString());
     return inputAnswers.dequeue();
 }
 
@@ -59,7 +61,8 @@ bool ScriptedPlatform::startProgram(const QString& program, const QStringList& a
 
 QStringList ScriptedPlatform::messageTexts() const {
     QStringList texts;
-    for (const ShownMessage& m : messages) texts.append(m.text);
+    for (const ShownMessage& m : messages)
+        texts.append(m.text);
     return texts;
 }
 
