@@ -2,7 +2,9 @@
 // What the logic needs of the three panes of a document. The view supplies real ones; the
 // logic's own TextPane serves the hidden work areas and the tests.
 #include "editor/text_file.h"
+#include <QList>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <memory>
 
@@ -75,7 +77,39 @@ class LayoutSurface {
     virtual bool Visible() const = 0;
     virtual void setVisible(bool on) = 0;
     virtual void SetFocus() {}
+    // Runs an editing command of the surface by its published id; option 2: no prompt.
+    virtual void ExecCommand(int id, int option = 0, const QString& value = QString()) = 0;
+    // Replaces the surface's selection by markup.
+    virtual void pasteHTML(const QString& markup) = 0;
 };
+
+// The ids of the surface's editing commands that the program sends.
+namespace layoutcmd {
+enum Id {
+    Bold = 5000,
+    Copy = 5002,
+    Cut = 5003,
+    FontDialog = 5009,
+    Indent = 5018,
+    Italic = 5023,
+    JustifyCenter = 5024,
+    JustifyLeft = 5025,
+    JustifyRight = 5026,
+    OrderedList = 5030,
+    Outdent = 5031,
+    Paste = 5032,
+    Redo = 5033,
+    RemoveFormat = 5034,
+    SelectAll = 5035,
+    SetBlockFormat = 5043,
+    SetFontName = 5044,
+    SetFontSize = 5045,
+    SetForeColor = 5046,
+    Underline = 5048,
+    Undo = 5049,
+    UnorderedList = 5051,
+};
+} // namespace layoutcmd
 
 // A Layout surface without an engine: it keeps the page it was given.
 class DetachedLayout : public LayoutSurface {
@@ -89,6 +123,20 @@ class DetachedLayout : public LayoutSurface {
     void markDirty() { dirty_ = true; }
     bool Visible() const override { return visible_; }
     void setVisible(bool on) override { visible_ = on; }
+    // Without an engine the commands are only recorded.
+    struct Command {
+        int id;
+        int option;
+        QString value;
+    };
+    QList<Command> commands;
+    QStringList pasted;
+    int focusCount = 0;
+    void ExecCommand(int id, int option, const QString& value) override {
+        commands.append({id, option, value});
+    }
+    void pasteHTML(const QString& markup) override { pasted.append(markup); }
+    void SetFocus() override { ++focusCount; }
 
   private:
     QString html_;

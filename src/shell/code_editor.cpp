@@ -59,14 +59,7 @@ void codeEditor::Form_Activate() {
         resumeNext([&] { shell_.TabStrip1.select(tab); });
         shell_.bSelectingTab = false;
     }
-}
-
-void codeEditor::codebox_Change() {
-    Tag = QStringLiteral("Dirty");
-}
-
-void codeEditor::AddStep() {
-    // The first snapshot of the undo history belongs here; the history itself is not kept yet.
+    updateUndoRedoState();
 }
 
 void codeEditor::Show() {

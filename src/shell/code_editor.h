@@ -1,13 +1,58 @@
 #pragma once
 // One document window: its identity fields, its panes and its life-cycle handlers.
 #include "editor/surfaces.h"
+#include "runtime/int16.h"
 #include <QObject>
 #include <QString>
+#include <array>
 #include <memory>
 
 namespace tsl {
 
 class ShellMDI;
+
+// One snapshot of the Source pane: the whole text and the selection that goes with it.
+struct UndoStep {
+    QString Text;
+    qint32 SelStart = 0;
+    qint32 SelLen = 0;
+    // How far the caret really stood before SelStart after the insertion that made the step.
+    qint32 CaretBack = 0;
+};
+
+// Key codes and shift bits of the pane's key events.
+namespace keys {
+enum ShiftBits { ShiftMask = 1, CtrlMask = 2, AltMask = 4 };
+enum KeyCode {
+    vbKeyBack = 8,
+    vbKeyReturn = 13,
+    vbKeySpace = 32,
+    vbKeyPageUp = 33,
+    vbKeyPageDown = 34,
+    vbKeyEnd = 35,
+    vbKeyHome = 36,
+    vbKeyLeft = 37,
+    vbKeyUp = 38,
+    vbKeyRight = 39,
+    vbKeyDown = 40,
+    vbKeyInsert = 45,
+    vbKeyDelete = 46,
+    vbKeyB = 66,
+    vbKeyE = 69,
+    vbKeyI = 73,
+    vbKeyP = 80,
+    vbKeyQ = 81,
+    vbKeyU = 85,
+    vbKeyV = 86,
+    vbKeyX = 88,
+    vbKeyY = 89,
+    vbKeyZ = 90,
+    vbKeyF4 = 115,
+    vbKeyF6 = 117,
+    vbKeyF12 = 123,
+};
+enum MouseButton { vbLeftButton = 1, vbRightButton = 2, vbMiddleButton = 4 };
+} // namespace keys
 
 class codeEditor : public QObject {
     Q_OBJECT
@@ -40,8 +85,39 @@ class codeEditor : public QObject {
     void Form_Unload();
     void codebox_Change();
 
-    // The undo stack's entry points that the file commands use.
+    // The undo history: 26 slots, slot 0 kept empty, the usable history in slots 1 to 25.
+    static constexpr int kSlots = 26;
+    std::array<UndoStep, kSlots> Steps;
+    Int16 nDoneIndex = 0;
+    Int16 nTopIndex = 0;
+    qint32 nLastStepTime = 0;
+    bool bSkipKeyUp = false;
+    bool bAutoCloseStep = false;
+    // A slot by index; an index outside the array is a run-time error (9).
+    UndoStep& step(int index);
+
+    void Redo();
+    void Undo();
     void AddStep();
+    void AddSelectionToStack();
+    void DecreaseNDoneIndex() { nDoneIndex = toInt16(nDoneIndex - 1); }
+    void CheckToAddStep(bool bFlag = false);
+    qint32 ReturnCurrStepSelLen() { return step(nDoneIndex).SelLen; }
+    // Brings the shared Undo and Redo commands up to date from this window's stack.
+    void updateUndoRedoState();
+
+    // The pane's events.
+    void codebox_KeyDown(int& keyCode, int shift);
+    void codebox_KeyPress(int& keyAscii);
+    void codebox_KeyUp(int keyCode, int shift);
+    void codebox_MouseUp(int button, int shift);
+    void codebox_SelChange();
+    void codebox_OLEStartDrag();
+    void codebox_OLECompleteDrag();
+    void Form_KeyDown(int& keyCode, int shift);
+
+    // The selected view of the window: 1 Source, 2 Layout, 3 Preview.
+    int SelectedTab = 1;
 
     // Window operations.
     void Show();
@@ -51,10 +127,13 @@ class codeEditor : public QObject {
   signals:
     void captionChanged();
     void focusRequested();
+    // The pane asks for the Edit menu as a popup at the mouse.
+    void editMenuRequested();
 
   private:
     friend class ShellMDI;
     void askToSave(int& cancel, bool fromLayout);
+    void overwriteCurrentStep();
 
     ShellMDI& shell_;
     std::unique_ptr<SourcePane> codebox_;

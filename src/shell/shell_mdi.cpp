@@ -105,12 +105,13 @@ bool ShellMDI::unloadDocument(codeEditor* doc) {
 }
 
 void ShellMDI::activateNextDocument(bool backwards) {
-    if (documents_.size() < 2 || !ActiveForm()) return;
-    const auto at = std::find(documents_.begin(), documents_.end(), ActiveForm());
-    auto index = static_cast<std::ptrdiff_t>(at - documents_.begin());
-    const auto n = static_cast<std::ptrdiff_t>(documents_.size());
-    index = backwards ? (index + n - 1) % n : (index + 1) % n;
-    bringToFront(documents_[static_cast<size_t>(index)]);
+    // The tab strip decides the order; with one tab the same one is selected again.
+    const int count = TabStrip1.count();
+    if (count == 0) return;
+    const int current = TabStrip1.selectedIndex();
+    const int next = backwards ? (current <= 0 ? count - 1 : current - 1)
+                               : (current >= count - 1 ? 0 : current + 1);
+    TabStrip1.select(next);
 }
 
 void ShellMDI::selectTabOf(codeEditor* doc) {
@@ -145,6 +146,24 @@ void ShellMDI::applicationActivated() {
         else
             doc->codebox().SetFocus();
     });
+}
+
+// ---- shared commands kept current by the documents ----
+
+void ShellMDI::setUndoEnabled(bool on) {
+    menu(QStringLiteral("mnuEditUndo")).setEnabled(on);
+}
+void ShellMDI::setRedoEnabled(bool on) {
+    menu(QStringLiteral("mnuEditRedo")).setEnabled(on);
+}
+
+void ShellMDI::setCutCopyEnabled(bool on) {
+    menu(QStringLiteral("mnuEditCut")).setEnabled(on);
+    menu(QStringLiteral("mnuEditCopy")).setEnabled(on);
+}
+
+void ShellMDI::setPasteEnabled(bool on) {
+    menu(QStringLiteral("mnuEditPaste")).setEnabled(on);
 }
 
 // ---- seams that later commands fill in ----

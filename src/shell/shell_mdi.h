@@ -59,6 +59,12 @@ class ShellMDI : public QObject {
     bool bAutoCloseTag = true;
     bool bCommandsDisabled = false;
     qint32 nDocumentCount = 0;
+    // Shared values of the undo steps and drops.
+    Int16 nStepCaretAdvance = 0;
+    Int16 nStepCaretBack = 0;
+    Int16 nTagDropBack = 0;
+    bool bDropPending = false;
+    bool bTagDropPending = false;
     codeEditor* CurrentDocument = nullptr;
     codeEditor* NewDocWindow = nullptr;
     QStringList FontNames;
@@ -116,6 +122,68 @@ class ShellMDI : public QObject {
     void mnuFileExit_Click();
     void mnuEditPrefs_Click();
     void mnuViewTagList_Click();
+
+    // Markup into the active document: the Layout surface's selection, or the Source pane's.
+    void InsertMarkup(const QString& markup);
+    // Wrapping commands.
+    void mnuH_Click(int level);
+    void mnuH1_Click() { mnuH_Click(1); }
+    void mnuH2_Click() { mnuH_Click(2); }
+    void mnuH3_Click() { mnuH_Click(3); }
+    void mnuH4_Click() { mnuH_Click(4); }
+    void mnuH5_Click() { mnuH_Click(5); }
+    void mnuH6_Click() { mnuH_Click(6); }
+    void mnuSub_Click();
+    void mnuSup_Click();
+    void mnuTagsBlock_Click();
+    void mnuTagsBold_Click();
+    void mnuTagsCenter_Click();
+    void mnuTagsItalic_Click();
+    void mnuTagsRight_Click();
+    void mnuTagsStrike_Click();
+    void mnuTagsUnderline_Click();
+    void mnuInsertParagraph_Click();
+    void mnuInsertBreak_Click();
+    void mnuInsertComment_Click();
+    void mnuFormatRemove_Click();
+    // Single inserts.
+    void mnuInsertAmpersand_Click();
+    void mnuInsertCopyright_Click();
+    void mnuInsertGreater_Click();
+    void mnuInsertLess_Click();
+    void mnuInsertQuote_Click();
+    void mnuInsertReg_Click();
+    void mnuInsertTrade_Click();
+    void mnuInsertSpace_Click();
+    void mnuInsertDate_Click(int which);
+    void mnuInsertDate1_Click() { mnuInsertDate_Click(1); }
+    void mnuInsertDate2_Click() { mnuInsertDate_Click(2); }
+    void mnuInsertDate3_Click() { mnuInsertDate_Click(3); }
+    void mnuInsertDate4_Click() { mnuInsertDate_Click(4); }
+    // The text a date item inserts now (1 to 4).
+    QString dateText(int which);
+    void mnuInsert_Click();
+    // The badge button: a link to the product's home page around its logo.
+    void insertBadge();
+    static const QString kBadgeMarkup;
+    // Edit commands.
+    void mnuEditCut_Click();
+    void mnuEditCopy_Click();
+    void mnuEditPaste_Click();
+    void mnuEditSelectall_Click();
+    void mnuEditUndo_Click();
+    void mnuEditRedo_Click();
+
+    // The tag list.
+    ListBox tvwTags{QStringLiteral("tvwTags")};
+    QString sDraggedTag;
+    void LoadTagList();
+    void tvwTags_DblClick();
+    void tvwTags_MouseDown(int nodeIndex);
+    // Starts a drag of the node last pressed: answers the text to drop, and whether the drop
+    // may copy at all.
+    bool tvwTags_OLEStartDrag(QString& data);
+    void tvwTags_OLECompleteDrag(int effect);
     // The codes of the window arrange operation.
     enum Arrange { Cascade = 0, TileHorizontal = 1, TileVertical = 2, ArrangeIcons = 3 };
     codeEditor* OpenDocumentWindow(const QString& path);
@@ -123,6 +191,12 @@ class ShellMDI : public QObject {
     QString StripItem(QString& s, const QString& delimiter);
     // Unloads a document window after asking it; false when it stayed.
     bool unloadDocument(codeEditor* doc);
+
+    // The shared Undo, Redo, Cut, Copy and Paste commands (menu items and their buttons).
+    void setUndoEnabled(bool on);
+    void setRedoEnabled(bool on);
+    void setCutCopyEnabled(bool on);
+    void setPasteEnabled(bool on);
 
     // Seams of the recent file list and the command table.
     void AddRecentFile(const QString& path, const QString& title);
@@ -149,6 +223,11 @@ class ShellMDI : public QObject {
 
   private:
     void buildMenus();
+    void setShortcutCaptions();
+    void notAvailableYet();
+    void wrap(const QString& open, const QString& close, bool addSelection, bool blockFlag);
+    void singleInsert(const QString& text, char group);
+    bool sendToLayout(int id);
     MenuItem* addMenu(std::vector<MenuNode>& parent, const QString& name, const QString& caption,
                       const QString& shortcut = QString(), std::function<void()> click = {});
     void addSeparator(std::vector<MenuNode>& parent, const QString& name);

@@ -17,6 +17,7 @@ bool isYes(const QString& value) {
 void ShellMDI::MDIForm_Load(const QString& commandLine) {
     FontNames = platform_.fontNames();
     bMainLoading = true;
+    setShortcutCaptions();
 
     OpenSave.MaxFileSize = 4096;
     OpenSave.Flags =
@@ -24,6 +25,7 @@ void ShellMDI::MDIForm_Load(const QString& commandLine) {
     OpenSave.InitDir = settings_.get(keys::Fuzzies, keys::DefaultDir);
     OpenSave.CancelError = true;
     OpenSave.Filter = kFileFilter;
+    mnuInsert_Click();
 
     // Start-up reads "UseRelative"; the dialog keeps "Use Relative". Nothing writes the first,
     // so relative paths are on at every start.
@@ -42,6 +44,7 @@ void ShellMDI::MDIForm_Load(const QString& commandLine) {
     if (hasMenu(QStringLiteral("mnuViewTagList")))
         menu(QStringLiteral("mnuViewTagList")).setChecked(bTagListOpen);
 
+    LoadTagList();
     NewHtmlDocument();
     LoadRecentFiles();
     const QString wrap = settings_.get(keys::Fuzzies, keys::WordWrap, QStringLiteral("1"));
