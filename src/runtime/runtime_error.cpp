@@ -29,6 +29,8 @@ QString errorDescription(int number) {
         return QStringLiteral("Path not found");
     case ErrInvalidPropertyValue:
         return QStringLiteral("Invalid property value");
+    case ErrPropertyReadOnly:
+        return QStringLiteral("Property is read-only");
     case ErrObjectRequired:
         return QStringLiteral("Object required");
     case ErrCancelled:

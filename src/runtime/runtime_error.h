@@ -17,8 +17,9 @@ enum ErrorNumber : int {
     ErrPermissionDenied = 70,
     ErrPathFileAccess = 75,
     ErrPathNotFound = 76,
-    ErrObjectRequired = 424,
     ErrInvalidPropertyValue = 380,
+    ErrPropertyReadOnly = 383,
+    ErrObjectRequired = 424,
     ErrCancelled = 32755,
 };
 
