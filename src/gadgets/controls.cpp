@@ -125,8 +125,7 @@ QString ComboBox::Text() const {
 void ComboBox::setText(const QString& text) {
     if (style_ == DropDownList) {
         const int index = static_cast<int>(items_.indexOf(text));
-        if (index < 0)
-            raise(ErrInvalidPropertyValue, QStringLiteral("'Text' property is read-only"));
+        if (index < 0) raise(ErrPropertyReadOnly, QStringLiteral("'Text' property is read-only"));
         setListIndex(index);
         return;
     }
