@@ -62,8 +62,11 @@ void frmOptions::Form_Load() {
     for (const QString& font : shell_.FontNames)
         FontFace.AddItem(font);
     FontFace.setText(settings.get(keys::Fuzzies, keys::FontName, QStringLiteral("Courier New")));
-    Size.setText(settings.get(keys::Fuzzies, keys::FontSize, QStringLiteral("9")));
-    resumeNext([&] { UpDown1.setValue(static_cast<int>(toNumber(Size.Text()))); });
+    // The spinner first: it writes its clamped value into Size, which then shows the stored
+    // size as it is, even one outside the spinner's range.
+    const QString size = settings.get(keys::Fuzzies, keys::FontSize, QStringLiteral("9"));
+    resumeNext([&] { UpDown1.setValue(static_cast<int>(toNumber(size))); });
+    Size.setText(size);
     // The box reads "0" as its default while the documents wrap by default: kept that way.
     chkWordWrap.setValue(
         static_cast<int>(Val(settings.get(keys::Fuzzies, keys::WordWrap, QStringLiteral("0")))));
