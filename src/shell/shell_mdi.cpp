@@ -171,20 +171,4 @@ void ShellMDI::setPasteEnabled(bool on) {
 void ShellMDI::AddRecentFile(const QString&, const QString&) {}
 void ShellMDI::LoadRecentFiles() {}
 
-void ShellMDI::EnableDocumentCommands() {
-    for (const char* name :
-         {"mnuFileClose", "mnuFileSave", "mnuFileSaveas", "mnuFileCloseAll", "mnuFileSaveAll"})
-        menu(QLatin1String(name)).setEnabled(true);
-    TabStrip1.setVisible(true);
-    bCommandsDisabled = false;
-}
-
-void ShellMDI::DisableDocumentCommands() {
-    for (const char* name :
-         {"mnuFileClose", "mnuFileSave", "mnuFileSaveas", "mnuFileCloseAll", "mnuFileSaveAll"})
-        menu(QLatin1String(name)).setEnabled(false);
-    TabStrip1.setVisible(false);
-    bCommandsDisabled = true;
-}
-
 } // namespace tsl
