@@ -65,11 +65,29 @@ const char* const kDocumentMenuItems[] = {"mnuFileClose",
                                           "mnuH5",
                                           "mnuH6",
                                           "mnuFormatRemove"};
+const int kMainButtonsOff[] = {3, 5, 7, 8, 9, 11, 13, 14, 19, 20, 22, 24};
+// Enabling leaves Paste to the clipboard and Undo to the history; 13 is a separator.
+const int kMainButtonsOn[] = {3, 5, 7, 8, 13, 14, 19, 20, 22, 24};
+const int kTagsButtons[] = {0, 2, 4, 5, 6, 8, 9, 11, 13, 14, 16, 17, 18, 19, 21, 22, 24};
+const int kFormsButtons[] = {0, 2, 3, 4, 5, 6, 7, 9, 10};
 } // namespace
 
 void ShellMDI::DisableDocumentCommands() {
-    for (const char* name : kDocumentMenuItems)
+    for (const char* name : kDocumentMenuItems) {
         menu(QLatin1String(name)).setEnabled(false);
+    }
+    for (int i : kMainButtonsOff) {
+        tbrMain.setButtonEnabled(i, false);
+    }
+    for (int i : kTagsButtons) {
+        tbrTags.setButtonEnabled(i, false);
+    }
+    for (int i : kFormsButtons) {
+        tbrForms.setButtonEnabled(i, false);
+    }
+    for (int i = 0; i < tbrTags.ButtonCount(); ++i) {
+        tbrTags.setButtonChecked(i, false);
+    }
     const codeEditor* active = ActiveForm();
     if (active && active->SelectedTab == 3) return;
     TabStrip1.setVisible(false);
@@ -85,9 +103,27 @@ void ShellMDI::EnableDocumentCommands() {
         menu(item).setEnabled(true);
     }
     menu(QStringLiteral("mnuInsertSC")).setEnabled(true);
+    for (int i : kMainButtonsOn)
+        tbrMain.setButtonEnabled(i, true);
+    for (int i : kTagsButtons)
+        tbrTags.setButtonEnabled(i, true);
+    for (int i : kFormsButtons)
+        tbrForms.setButtonEnabled(i, true);
     setPasteEnabled(!platform_.clipboardText().isEmpty());
     TabStrip1.setVisible(true);
     bCommandsDisabled = false;
+}
+
+void ShellMDI::setOpenButtons() {
+    tbrMain.setButtonEnabled(19, true);
+    tbrMain.setButtonEnabled(20, true);
+    tbrTags.setButtonEnabled(11, true);
+    const codeEditor* doc = ActiveForm();
+    const bool selection = doc && doc->codebox().SelLength() > 0;
+    tbrMain.setButtonEnabled(7, selection);
+    tbrMain.setButtonEnabled(8, selection);
+    if (platform_.clipboardText().isEmpty()) setPasteEnabled(false);
+    tbrTags.setButtonEnabled(18, true);
 }
 
 } // namespace tsl

@@ -12,6 +12,7 @@ ShellMDI::ShellMDI(Platform& platform, SettingsStore& settings, SurfaceFactory& 
     TabStrip1.Click = [this] { TabStrip1_Click(); };
     Picture1.setVisible(false);
     buildMenus();
+    buildToolbars();
 }
 
 ShellMDI::~ShellMDI() {

@@ -5,6 +5,7 @@
 #include "gadgets/form.h"
 #include "gadgets/menu_item.h"
 #include "gadgets/tab_strip.h"
+#include "gadgets/toolbar.h"
 #include "platform/common_dialog.h"
 #include "platform/platform.h"
 #include "runtime/dispatcher.h"
@@ -71,6 +72,11 @@ class ShellMDI : public QObject {
     QString sSecondaryBrowser;
 
     CommonDialog OpenSave;
+    cToolbar tbrMain{QStringLiteral("tbrMain")};
+    cToolbar tbrTags{QStringLiteral("tbrTags")};
+    cToolbar tbrForms{QStringLiteral("tbrForms")};
+    void tbrMain_ButtonClick(int index);
+    void tbrTags_ButtonClick(int index);
     TabStrip TabStrip1{QStringLiteral("TabStrip1")};
     ListBox List1{QStringLiteral("List1")};
 
@@ -220,9 +226,12 @@ class ShellMDI : public QObject {
     void arrangeRequested(int code);
     void paneChanged();
     void exitAccepted();
+    // A menu of the menu bar wanted as a popup (under a toolbar button, or at the mouse).
+    void popupMenuRequested(const QString& menuName);
 
   private:
     void buildMenus();
+    void buildToolbars();
     void setShortcutCaptions();
     void notAvailableYet();
     void wrap(const QString& open, const QString& close, bool addSelection, bool blockFlag);
@@ -234,8 +243,8 @@ class ShellMDI : public QObject {
     void newDocument(bool html);
     void openCommandLine(const QString& commandLine);
     void saveUntitled(codeEditor* doc, const QString& path);
-    // The shared buttons that Open turns on; the toolbars arrive with the command table.
-    void setOpenButtons() {}
+    // The shared buttons that Open turns on.
+    void setOpenButtons();
     void selectTabOf(codeEditor* doc);
     QString ViewFlag(bool on) const { return on ? QStringLiteral("Yes") : QStringLiteral("No"); }
 
