@@ -1,5 +1,6 @@
 // Commands that write markup without a dialog: wraps, paragraph and line break, entities,
 // dates, the comment, the badge, and Cut, Copy, Paste, Select All, Undo and Redo.
+#include "editor/shared_commands.h"
 #include "runtime/resume.h"
 #include "shell/shell_mdi.h"
 #include <QLocale>
@@ -324,20 +325,15 @@ void ShellMDI::mnuInsertDate_Click(int which) {
     singleInsert(dateText(which), 'D');
 }
 
+// One reading of the clock per text, so a date and its time belong together.
 QString ShellMDI::dateText(int which) {
     const QDateTime now = platform_.now();
     const QLocale locale = QLocale::system();
-    const QString time = locale.toString(now.time(), QStringLiteral("H:mm:ss"));
-    switch (which) {
-    case 1:
-        return locale.toString(now.date(), QStringLiteral("dddd d MMMM yyyy"));
-    case 2:
-        return dateText(1) + QLatin1Char(' ') + time;
-    case 3:
-        return locale.toString(now.date(), QStringLiteral("dd/MM/yy"));
-    default:
-        return dateText(3) + QLatin1Char(' ') + time;
-    }
+    const bool longDate = which <= 2;
+    const QString date = locale.toString(now.date(), longDate ? QStringLiteral("dddd d MMMM yyyy")
+                                                              : QStringLiteral("dd/MM/yy"));
+    if (which == 1 || which == 3) return date;
+    return date + QLatin1Char(' ') + locale.toString(now.time(), QStringLiteral("H:mm:ss"));
 }
 
 void ShellMDI::mnuInsert_Click() {
@@ -377,9 +373,9 @@ void ShellMDI::mnuEditCut_Click() {
         platform_.setClipboardText(pane.SelText());
         pane.setSelText(QString());
         doc.AddStep();
-        setUndoEnabled(true);
+        setUndoCommand(*this, true);
     }
-    setPasteEnabled(true);
+    setPasteCommand(*this, true);
 }
 
 void ShellMDI::mnuEditCopy_Click() {
@@ -391,7 +387,7 @@ void ShellMDI::mnuEditCopy_Click() {
         platform_.setClipboardText(QString());
         platform_.setClipboardText(doc.codebox().SelText());
     }
-    setPasteEnabled(true);
+    setPasteCommand(*this, true);
 }
 
 void ShellMDI::mnuEditPaste_Click() {
@@ -406,7 +402,7 @@ void ShellMDI::mnuEditPaste_Click() {
     doc.AddSelectionToStack();
     doc.codebox().setSelText(platform_.clipboardText());
     if (!bCaretStepTaken) doc.CheckToAddStep(false);
-    setUndoEnabled(true);
+    setUndoCommand(*this, true);
 }
 
 void ShellMDI::mnuEditSelectall_Click() {

@@ -1,4 +1,5 @@
 // The Source pane's own keys, the automatic bracket pair, and the commands it keeps current.
+#include "editor/shared_commands.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
 #include "shell/shell_mdi.h"
@@ -79,8 +80,13 @@ void codeEditor::codebox_KeyPress(int& keyAscii) {
 }
 
 void codeEditor::codebox_SelChange() {
-    shell_.setCutCopyEnabled(codebox_->SelLength() != 0);
-    shell_.setPasteEnabled(!shell_.platform().clipboardText().isEmpty());
+    setCutCopyCommands(shell_, codebox_->SelLength() != 0);
+    setPasteCommand(shell_, !shell_.platform().clipboardText().isEmpty());
+}
+
+// A right click on the window outside the pane offers the Edit menu as well.
+void codeEditor::Form_MouseDown(int button, int) {
+    if (button == keys::vbRightButton) emit editMenuRequested();
 }
 
 void codeEditor::Form_KeyDown(int& keyCode, int shift) {

@@ -66,20 +66,26 @@ void ShellMDI::LoadTagList() {
         tvwTags.AddItem(entry.second);
 }
 
+// nodeIndex is the node under the mouse, -1 for none. Errors are ignored statement by
+// statement, so a press on empty space keeps the selection and the dragged tag.
 void ShellMDI::tvwTags_MouseDown(int nodeIndex) {
-    resumeNext([&] {
-        tvwTags.setListIndex(nodeIndex);
-        sDraggedTag = tvwTags.List(nodeIndex);
-    });
+    const auto node = [&]() -> int {
+        if (nodeIndex < 0 || nodeIndex >= tvwTags.ListCount())
+            raise(ErrObjectRequired,
+                  QStringLiteral("Object variable or With block variable not set"));
+        return nodeIndex;
+    };
+    resumeNext([&] { tvwTags.setListIndex(node()); });
+    resumeNext([&] { sDraggedTag = tvwTags.List(node()); });
 }
 
 void ShellMDI::tvwTags_DblClick() {
-    if (bLayoutActive) return;
-    if (ActiveForm() && ActiveForm()->SelectedTab == 3) return;
-    CurrentDocument = ActiveForm();
-    bInsertingMarkup = true;
     // One silent exit at the end: a failure leaves the flags set.
     silentExit([&] {
+        // The tag list works in Source view only.
+        if (bLayoutActive || activeDocument(*this).SelectedTab == 3) return;
+        CurrentDocument = ActiveForm();
+        bInsertingMarkup = true;
         codeEditor& doc = activeDocument(*this);
         SourcePane& pane = doc.codebox();
         if (pane.SelLength() == 0 && doc.ReturnCurrStepSelLen() > 0) doc.AddSelectionToStack();

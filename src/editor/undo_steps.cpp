@@ -1,5 +1,6 @@
 // The undo history of a document: whole-text snapshots, and the rules that decide when typing,
 // caret moves, clicks and drops become a step.
+#include "editor/shared_commands.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
 #include "shell/shell_mdi.h"
@@ -44,8 +45,8 @@ void codeEditor::AddStep() {
     shell_.nStepCaretBack = 0;
     s.SelLen = pane.SelLength();
     nTopIndex = nDoneIndex;
-    shell_.setUndoEnabled(nDoneIndex > 1);
-    shell_.setRedoEnabled(false);
+    setUndoCommand(shell_, nDoneIndex > 1);
+    setRedoCommand(shell_, false);
 }
 
 void codeEditor::CheckToAddStep(bool) {
@@ -92,8 +93,8 @@ void codeEditor::Undo() {
             pane.setSelStart(t.SelStart - static_cast<int>(t.Text.size() - s.Text.size()));
         }
     });
-    shell_.setUndoEnabled(nDoneIndex != 1);
-    shell_.setRedoEnabled(true);
+    setUndoCommand(shell_, nDoneIndex != 1);
+    setRedoCommand(shell_, true);
 }
 
 void codeEditor::Redo() {
@@ -111,15 +112,15 @@ void codeEditor::Redo() {
         pane.setSelStart(s.CaretBack != 0 ? s.SelStart - s.CaretBack : s.SelStart);
     });
     resumeNext([&] { pane.setSelLength(step(nDoneIndex).SelLen); });
-    shell_.setRedoEnabled(nDoneIndex < nTopIndex);
-    shell_.setUndoEnabled(true);
+    setRedoCommand(shell_, nDoneIndex < nTopIndex);
+    setUndoCommand(shell_, true);
 }
 
 void codeEditor::updateUndoRedoState() {
     const bool online = lblOnlineFile == QLatin1String("Yes") || shell_.bLoadingOnline;
     const int floor = online ? 2 : 1;
-    shell_.setUndoEnabled(nDoneIndex > floor);
-    shell_.setRedoEnabled(nDoneIndex < nTopIndex);
+    setUndoCommand(shell_, nDoneIndex > floor);
+    setRedoCommand(shell_, nDoneIndex < nTopIndex);
 }
 
 void codeEditor::codebox_KeyUp(int keyCode, int shift) {
@@ -157,7 +158,7 @@ void codeEditor::codebox_KeyUp(int keyCode, int shift) {
         AddStep();
     }
     nLastStepTime = wholeSeconds(now);
-    shell_.setUndoEnabled(true);
+    setUndoCommand(shell_, true);
 }
 
 void codeEditor::codebox_MouseUp(int button, int) {
@@ -190,7 +191,7 @@ void codeEditor::codebox_Change() {
             below.SelLen = 0;
         }
         overwriteCurrentStep();
-        shell_.setUndoEnabled(true);
+        setUndoCommand(shell_, true);
     }
     shell_.bTagDropPending = false;
     shell_.bDropPending = false;

@@ -37,6 +37,9 @@ void codeEditor::Form_Load() {
             pane.setSelStart(pane.length());
         }
         AddStep();
+        // A window for a fetched page starts two below its first step: the write of the
+        // fetched text under the same flag brings it up to 0.
+        if (shell_.bLoadingOnline) nDoneIndex = toInt16(nDoneIndex - 2);
     }
     const SettingsStore& settings = shell_.settings();
     pane.setFontName(settings.get(keys::Fuzzies, keys::FontName, QStringLiteral("Courier New")));

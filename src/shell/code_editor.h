@@ -115,6 +115,7 @@ class codeEditor : public QObject {
     void codebox_OLEStartDrag();
     void codebox_OLECompleteDrag();
     void Form_KeyDown(int& keyCode, int shift);
+    void Form_MouseDown(int button, int shift);
 
     // The selected view of the window: 1 Source, 2 Layout, 3 Preview.
     int SelectedTab = 1;
