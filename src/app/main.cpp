@@ -1,1 +1,35 @@
-int main() { return 0; }
+// Tessaline: the splash while the main window loads, then the main window.
+#include "shell/settings_store.h"
+#include "ui/main_window.h"
+#include "ui/qt_platform.h"
+#include "ui/splash.h"
+#include "ui/workbench.h"
+#include <QApplication>
+#include <QSplashScreen>
+
+int main(int argc, char* argv[]) {
+    // The browser views, made later on demand, share their graphics contexts.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Tessaline"));
+    QApplication::setOrganizationName(QStringLiteral("Tessaline"));
+
+    QSplashScreen splash(tsl::splashPicture());
+    splash.show();
+    splash.repaint();
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+
+    tsl::QtPlatform platform;
+    tsl::QSettingsStore settings;
+    tsl::Workbench workbench(platform, settings);
+    platform.setMainWindow(&workbench.window());
+
+    // The whole command line is one file name, blanks and quotes as they stand.
+    QStringList words = QApplication::arguments();
+    words.removeFirst();
+    workbench.load(words.join(QLatin1Char(' ')));
+
+    splash.finish(&workbench.window());
+    workbench.window().show();
+    return QApplication::exec();
+}

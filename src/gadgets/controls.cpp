@@ -139,6 +139,12 @@ void ComboBox::selectionChanged() {
     if (style_ != DropDownList) text_ = List(listIndex_);
 }
 
+int UpDown::current() const {
+    bool ok = false;
+    const int typed = buddy ? buddy->Text().trimmed().toInt(&ok) : 0;
+    return ok ? typed : value_;
+}
+
 void UpDown::setValue(int value) {
     value = std::clamp(value, Min, Max);
     if (value == value_) return;

@@ -154,10 +154,12 @@ class UpDown : public Control {
     void setValue(int value);
     // The text box the spinner writes its value to.
     TextBox* buddy = nullptr;
-    void stepUp() { setValue(value_ + Increment); }
-    void stepDown() { setValue(value_ - Increment); }
+    // A step starts from what the buddy shows, as the user may have typed there.
+    void stepUp() { setValue(current() + Increment); }
+    void stepDown() { setValue(current() - Increment); }
 
   private:
+    int current() const;
     int value_ = 0;
 };
 

@@ -34,6 +34,10 @@ void ShellMDI::buildToolbars() {
     tbrMain.AddSeparator();
     tbrMain.AddButton(S("Tell the world about Tessaline!"), 15);
     tbrMain.ButtonClick = [this](int index) { tbrMain_ButtonClick(index); };
+    tbrMain.ButtonDropDown = [this](int index) {
+        if (index == 0) emit popupMenuRequested(QStringLiteral("mnuFileNew"));
+        if (index == 14) emit popupMenuRequested(QStringLiteral("mnuFilePreview"));
+    };
 
     tbrTags.ImageFile = S("resources/toolbar2.tbr");
     tbrTags.CreateToolbar(16);

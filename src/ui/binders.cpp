@@ -1,0 +1,153 @@
+#include "ui/binders.h"
+#include "shell/shell_mdi.h"
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+namespace tsl {
+
+namespace {
+// Hands a text box's typed characters to its KeyPress handler, which may drop them.
+class KeyPressFilter : public QObject {
+  public:
+    KeyPressFilter(TextBox& control, QObject* parent, std::function<void(std::function<void()>)> run)
+        : QObject(parent), control_(control), run_(std::move(run)) {}
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress || !control_.KeyPress)
+            return QObject::eventFilter(watched, event);
+        auto* key = static_cast<QKeyEvent*>(event);
+        int ascii = 0;
+        if (key->key() == Qt::Key_Backspace)
+            ascii = 8;
+        else if (!key->text().isEmpty() && key->text().at(0).unicode() >= 32 &&
+                 !(key->modifiers() & Qt::ControlModifier))
+            ascii = key->text().at(0).unicode();
+        if (ascii == 0) return false; // caret keys and shortcuts are no characters
+        run_([&] { control_.KeyPress(ascii); });
+        return ascii == 0;
+    }
+
+  private:
+    TextBox& control_;
+    std::function<void(std::function<void()>)> run_;
+};
+} // namespace
+
+void Binder::run(const std::function<void()>& handler) {
+    shell_.dispatch(handler);
+}
+
+void Binder::common(Control& control, QWidget* widget) {
+    widget->setObjectName(control.name());
+    const auto update = [&control, widget] {
+        widget->setEnabled(control.Enabled());
+        // A hidden control stays hidden; a visible one shows with its dialog.
+        if (!control.Visible()) widget->hide();
+        else if (widget->isHidden() && widget->parentWidget() && widget->parentWidget()->isVisible())
+            widget->show();
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    QObject::connect(&control, &Control::focusRequested, widget, [widget] { widget->setFocus(); });
+}
+
+void Binder::label(Label& control, QLabel* widget) {
+    common(control, widget);
+    const auto update = [&control, widget] { widget->setText(control.Caption()); };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+}
+
+void Binder::frame(Label& control, QGroupBox* widget) {
+    common(control, widget);
+    const auto update = [&control, widget] { widget->setTitle(control.Caption()); };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+}
+
+void Binder::textBox(TextBox& control, QLineEdit* widget) {
+    common(control, widget);
+    const auto update = [&control, widget] {
+        if (widget->text() != control.Text()) widget->setText(control.Text());
+        if (control.MaxLength > 0) widget->setMaxLength(control.MaxLength);
+        widget->setReadOnly(control.Locked);
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    QObject::connect(widget, &QLineEdit::textEdited, widget,
+                     [this, &control](const QString& text) { run([&] { control.setText(text); }); });
+    widget->installEventFilter(
+        new KeyPressFilter(control, widget, [this](std::function<void()> h) { run(h); }));
+}
+
+void Binder::checkBox(CheckBox& control, QCheckBox* widget) {
+    common(control, widget);
+    const auto update = [&control, widget] {
+        const QSignalBlocker quiet(widget);
+        widget->setText(control.Caption());
+        widget->setChecked(control.Value() == 1);
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    QObject::connect(widget, &QCheckBox::toggled, widget,
+                     [this, &control](bool on) { run([&] { control.setValue(on ? 1 : 0); }); });
+}
+
+void Binder::comboBox(ComboBox& control, QComboBox* widget) {
+    common(control, widget);
+    widget->setEditable(control.style() != ComboBox::DropDownList);
+    const auto update = [&control, widget] {
+        const QSignalBlocker quiet(widget);
+        QStringList shown;
+        for (int i = 0; i < widget->count(); ++i)
+            shown.append(widget->itemText(i));
+        if (shown != control.items()) {
+            widget->clear();
+            widget->addItems(control.items());
+        }
+        widget->setCurrentIndex(control.ListIndex());
+        if (widget->isEditable() && widget->currentText() != control.Text())
+            widget->setEditText(control.Text());
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    QObject::connect(widget, qOverload<int>(&QComboBox::activated), widget,
+                     [this, &control](int index) { run([&] { control.setListIndex(index); }); });
+    if (widget->isEditable())
+        QObject::connect(widget, &QComboBox::editTextChanged, widget,
+                         [this, &control](const QString& text) {
+                             if (text != control.Text()) run([&] { control.setText(text); });
+                         });
+}
+
+void Binder::button(CommandButton& control, QAbstractButton* widget) {
+    common(control, widget);
+    const auto update = [&control, widget] { widget->setText(control.Caption()); };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    QObject::connect(widget, &QAbstractButton::clicked, widget,
+                     [this, &control] { run([&] { control.press(); }); });
+}
+
+void Binder::upDown(UpDown& control, QAbstractButton* up, QAbstractButton* down) {
+    common(control, up);
+    common(control, down);
+    up->setAutoRepeat(true);
+    down->setAutoRepeat(true);
+    QObject::connect(up, &QAbstractButton::clicked, up, [this, &control] {
+        run([&] { control.stepUp(); });
+    });
+    QObject::connect(down, &QAbstractButton::clicked, down, [this, &control] {
+        run([&] { control.stepDown(); });
+    });
+}
+
+} // namespace tsl

@@ -1,0 +1,40 @@
+#pragma once
+// Two-way bindings between the headless controls and their widgets. The control holds the
+// state and the rules; the widget shows it and hands the user's input back to it. Every
+// handler the user sets off runs through the shell's dispatcher.
+#include "gadgets/controls.h"
+#include <functional>
+
+class QAbstractButton;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QWidget;
+
+namespace tsl {
+
+class ShellMDI;
+
+class Binder {
+  public:
+    explicit Binder(ShellMDI& shell) : shell_(shell) {}
+
+    void label(Label& control, QLabel* widget);
+    void frame(Label& control, QGroupBox* widget);
+    void textBox(TextBox& control, QLineEdit* widget);
+    void checkBox(CheckBox& control, QCheckBox* widget);
+    void comboBox(ComboBox& control, QComboBox* widget);
+    void button(CommandButton& control, QAbstractButton* widget);
+    // A spinner as two small arrow buttons beside its text box.
+    void upDown(UpDown& control, QAbstractButton* up, QAbstractButton* down);
+
+  private:
+    // Enabled, Visible and focus requests, common to all controls.
+    void common(Control& control, QWidget* widget);
+    void run(const std::function<void()>& handler);
+    ShellMDI& shell_;
+};
+
+} // namespace tsl

@@ -1,0 +1,12 @@
+// Which view builds the dialog of each form.
+#include "ui/form_host.h"
+
+namespace tsl {
+
+void buildOptionsView(Form& form, FormDialog& dialog, ShellMDI& shell);
+
+void registerFormViews(QtFormHost& host) {
+    host.registerView(QStringLiteral("frmOptions"), buildOptionsView);
+}
+
+} // namespace tsl

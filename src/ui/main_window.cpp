@@ -1,0 +1,264 @@
+#include "ui/main_window.h"
+#include "shell/shell_mdi.h"
+#include "ui/source_editor.h"
+#include "ui/tag_pane.h"
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QCursor>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace tsl {
+
+DocumentWindow::DocumentWindow(ShellMDI& shell, codeEditor* doc) : shell_(shell), doc_(doc) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setObjectName(QStringLiteral("codeEditor"));
+}
+
+void DocumentWindow::closeEvent(QCloseEvent* event) {
+    if (released_) {
+        event->accept();
+        return;
+    }
+    // The document answers: it may ask to save and stay.
+    event->ignore();
+    codeEditor* doc = doc_;
+    shell_.dispatch([&] { shell_.unloadDocument(doc); });
+}
+
+ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
+    : QMainWindow(parent), shell_(shell), menus_(shell) {
+    setObjectName(QStringLiteral("ShellMDI"));
+    setWindowTitle(QStringLiteral("Tessaline"));
+    menus_.buildMenuBar(menuBar());
+
+    const QString folder = shell.platform().applicationFolder();
+    const QString titles[] = {QStringLiteral("Standard"), QStringLiteral("Formatting"),
+                              QStringLiteral("Forms")};
+    cToolbar* models[] = {&shell.tbrMain, &shell.tbrTags, &shell.tbrForms};
+    for (int i = 0; i < 3; ++i) {
+        toolBars_[i] = menus_.buildToolBar(*models[i], titles[i], folder, this);
+        addToolBar(Qt::TopToolBarArea, toolBars_[i]);
+        if (i == 0) addToolBarBreak();
+    }
+    // Hiding a band by its own menu is remembered like the View commands.
+    connect(toolBars_[0], &QToolBar::visibilityChanged, this,
+            [this](bool on) { shell_.bStandardToolbarOpen = on; });
+    connect(toolBars_[2], &QToolBar::visibilityChanged, this,
+            [this](bool on) { shell_.bFormsToolbarOpen = on; });
+
+    auto* central = new QWidget(this);
+    auto* row = new QHBoxLayout(central);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    tabs_ = new QTabBar(central);
+    tabs_->setObjectName(QStringLiteral("TabStrip1"));
+    tabs_->setDocumentMode(true);
+    tabs_->setExpanding(false);
+    tabs_->setElideMode(Qt::ElideMiddle);
+    mdi_ = new QMdiArea(central);
+    mdi_->setObjectName(QStringLiteral("mdiArea"));
+    column->addWidget(tabs_);
+    column->addWidget(mdi_, 1);
+    row->addLayout(column, 1);
+    sizer_ = new PaneSizer(shell, central);
+    pane_ = new TagPane(shell, central);
+    row->addWidget(sizer_);
+    row->addWidget(pane_);
+    setCentralWidget(central);
+
+    status_ = new QLabel(this);
+    statusBar()->addWidget(status_, 1);
+
+    connect(tabs_, &QTabBar::tabBarClicked, this, [this](int index) {
+        if (index < 0) return;
+        shell_.dispatch([&] { shell_.TabStrip1.select(index); });
+    });
+    connect(&shell.TabStrip1, &Control::changed, this, &ShellWindow::syncTabs);
+    connect(mdi_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
+        auto* doc = qobject_cast<DocumentWindow*>(window);
+        if (activating_ || !doc || !doc->document()) return;
+        codeEditor* target = doc->document();
+        if (shell_.ActiveForm() == target) return;
+        shell_.dispatch([&] { target->ZOrder(); });
+    });
+
+    connect(&shell, &ShellMDI::documentAdded, this, &ShellWindow::addDocument);
+    connect(&shell, &ShellMDI::documentActivated, this, &ShellWindow::activateDocument);
+    connect(&shell, &ShellMDI::documentRemoved, this, &ShellWindow::removeDocument);
+    connect(&shell, &ShellMDI::drawingFrozen, this,
+            [this](bool frozen) { mdi_->setUpdatesEnabled(!frozen); });
+    connect(&shell, &ShellMDI::paneChanged, this, &ShellWindow::syncPane);
+    connect(&shell, &ShellMDI::popupMenuRequested, this, &ShellWindow::showPopup);
+    connect(&shell, &ShellMDI::arrangeRequested, this, [this](int code) {
+        switch (code) {
+        case ShellMDI::Cascade: mdi_->cascadeSubWindows(); break;
+        case ShellMDI::TileHorizontal:
+        case ShellMDI::TileVertical: mdi_->tileSubWindows(); break;
+        default: break; // no icons to arrange: minimised windows keep their places
+        }
+    });
+    connect(&shell, &ShellMDI::exitAccepted, this, [this] {
+        exiting_ = true;
+        QTimer::singleShot(0, this, &QWidget::close);
+    });
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState s) {
+        if (s == Qt::ApplicationActive) shell_.dispatch([this] { shell_.applicationActivated(); });
+    });
+    if (QMenu* window = menus_.menuNamed(QStringLiteral("mnuWindow")))
+        connect(window, &QMenu::aboutToShow, this, &ShellWindow::fillWindowList);
+
+    resize(1000, 700);
+    syncPane();
+}
+
+ShellWindow::~ShellWindow() = default;
+
+int ShellWindow::pixels(int twips) const {
+    return twips * logicalDpiX() / 1440;
+}
+
+void ShellWindow::applyViewState() {
+    toolBars_[0]->setVisible(shell_.bStandardToolbarOpen);
+    toolBars_[1]->setVisible(shell_.bTagsToolbarOpen);
+    toolBars_[2]->setVisible(shell_.bFormsToolbarOpen);
+    syncPane();
+}
+
+void ShellWindow::addDocument(codeEditor* doc) {
+    auto* pane = dynamic_cast<QtSourcePane*>(&doc->codebox());
+    auto* window = new DocumentWindow(shell_, doc);
+    if (pane) {
+        pane->widget()->attach(&shell_, doc, [this](const QKeySequence& keys) {
+            return menus_.isShortcut(keys);
+        });
+        window->setWidget(pane->widget());
+    }
+    window->setWindowTitle(doc->Caption());
+    connect(doc, &codeEditor::captionChanged, window,
+            [window, doc] { window->setWindowTitle(doc->Caption()); });
+    connect(doc, &codeEditor::focusRequested, window, [this, doc, pane] {
+        activateDocument(doc);
+        if (pane) pane->widget()->setFocus();
+    });
+    connect(doc, &codeEditor::editMenuRequested, this,
+            [this] { showPopup(QStringLiteral("mnuEdit")); });
+    windows_.insert(doc, window);
+    activating_ = true;
+    mdi_->addSubWindow(window);
+    // Documents open full size, as the tab strip already tells them apart.
+    const QMdiSubWindow* active = mdi_->activeSubWindow();
+    if (!active || active == window || active->isMaximized())
+        window->showMaximized();
+    else
+        window->show();
+    activating_ = false;
+}
+
+void ShellWindow::activateDocument(codeEditor* doc) {
+    DocumentWindow* window = windows_.value(doc);
+    if (!window) return;
+    activating_ = true;
+    if (mdi_->activeSubWindow() != window) mdi_->setActiveSubWindow(window);
+    activating_ = false;
+}
+
+void ShellWindow::removeDocument(codeEditor* doc) {
+    DocumentWindow* window = windows_.take(doc);
+    if (!window) return;
+    // The pane's editor belongs to the document, which the logic frees later.
+    if (auto* pane = dynamic_cast<QtSourcePane*>(&doc->codebox())) {
+        pane->widget()->attach(nullptr, nullptr, {});
+        pane->widget()->hide();
+        pane->widget()->setParent(nullptr);
+    }
+    window->release();
+    window->close();
+}
+
+void ShellWindow::syncTabs() {
+    const TabStrip& strip = shell_.TabStrip1;
+    const QSignalBlocker quiet(tabs_);
+    while (tabs_->count() > strip.count())
+        tabs_->removeTab(tabs_->count() - 1);
+    while (tabs_->count() < strip.count())
+        tabs_->addTab(QString());
+    for (int i = 0; i < strip.count(); ++i) {
+        // A file name with an ampersand must not turn into a mnemonic.
+        QString caption = strip.tab(i).Caption;
+        tabs_->setTabText(i, caption.replace(QLatin1Char('&'), QStringLiteral("&&")));
+        tabs_->setTabToolTip(i, strip.tab(i).Key);
+    }
+    tabs_->setCurrentIndex(strip.selectedIndex());
+}
+
+void ShellWindow::syncPane() {
+    pane_->setVisible(shell_.Picture1.Visible());
+    sizer_->setVisible(shell_.Picture1.Visible());
+    pane_->setFixedWidth(pixels(shell_.Picture1Width));
+}
+
+void ShellWindow::showPopup(const QString& menuName) {
+    QMenu* menu = menus_.menuNamed(menuName);
+    if (!menu) return;
+    if (QMenu* arrow = menus_.pendingArrowMenu()) {
+        arrow->addActions(menu->actions());
+        return;
+    }
+    menu->popup(QCursor::pos());
+}
+
+void ShellWindow::fillWindowList() {
+    QMenu* window = menus_.menuNamed(QStringLiteral("mnuWindow"));
+    for (QAction* action : windowListActions_)
+        window->removeAction(action), action->deleteLater();
+    windowListActions_.clear();
+    if (shell_.documents().empty()) return;
+    windowListActions_.append(window->addSeparator());
+    int number = 1;
+    for (codeEditor* doc : shell_.documents()) {
+        if (!doc->isShown()) continue;
+        QString caption = doc->Caption();
+        QAction* action = window->addAction(QStringLiteral("&%1 ").arg(number++) +
+                                            caption.replace(QLatin1Char('&'), QStringLiteral("&&")));
+        action->setCheckable(true);
+        action->setChecked(doc == shell_.ActiveForm());
+        connect(action, &QAction::triggered, this,
+                [this, doc] { shell_.dispatch([doc] { doc->SetFocus(); }); });
+        windowListActions_.append(action);
+    }
+}
+
+void ShellWindow::closeEvent(QCloseEvent* event) {
+    if (exiting_) {
+        event->accept();
+        return;
+    }
+    bool accepted = false;
+    shell_.dispatch([&] { accepted = shell_.requestExit(); });
+    if (accepted) {
+        exiting_ = true;
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+void ShellWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    shell_.setWindowWidth(width() * 1440 / logicalDpiX());
+}
+
+} // namespace tsl

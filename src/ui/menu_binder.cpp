@@ -1,0 +1,147 @@
+#include "ui/menu_binder.h"
+#include "shell/shell_mdi.h"
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
+#include <QPixmap>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace tsl {
+
+namespace {
+// A button image for a strip that is missing: the first letters of the tool tip.
+QIcon letterIcon(const QString& toolTip, int size) {
+    QPixmap pixmap(size, size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QColor(40, 70, 140));
+    QFont font = painter.font();
+    font.setPixelSize(size * 9 / 16);
+    font.setBold(true);
+    painter.setFont(font);
+    QString letters;
+    for (const QString& word : toolTip.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        if (letters.size() < 2 && word.at(0).isLetterOrNumber()) letters += word.at(0);
+    painter.drawText(pixmap.rect(), Qt::AlignCenter, letters);
+    return QIcon(pixmap);
+}
+} // namespace
+
+void MenuBinder::buildMenuBar(QMenuBar* bar) {
+    for (const MenuNode& top : shell_.menuBar()) {
+        MenuItem* item = top.item;
+        QMenu* menu = bar->addMenu(item->Caption());
+        menu->setObjectName(item->name());
+        menus_.insert(item->name(), menu);
+        QAction* action = menu->menuAction();
+        const auto update = [item, action] {
+            action->setText(item->Caption());
+            action->setEnabled(item->Enabled());
+            action->setVisible(item->Visible());
+        };
+        update();
+        QObject::connect(item, &Control::changed, action, update);
+        if (item->Click)
+            QObject::connect(menu, &QMenu::aboutToShow, menu,
+                             [this, item] { shell_.dispatch(item->Click); });
+        addNodes(menu, top.children);
+    }
+}
+
+void MenuBinder::addNodes(QMenu* menu, const std::vector<MenuNode>& nodes) {
+    for (const MenuNode& node : nodes) {
+        MenuItem* item = node.item;
+        QAction* action = nullptr;
+        if (!node.children.empty()) {
+            QMenu* sub = menu->addMenu(item->Caption());
+            sub->setObjectName(item->name());
+            menus_.insert(item->name(), sub);
+            action = sub->menuAction();
+            if (item->Click)
+                QObject::connect(sub, &QMenu::aboutToShow, sub,
+                                 [this, item] { shell_.dispatch(item->Click); });
+            addNodes(sub, node.children);
+        } else if (item->isSeparator()) {
+            action = menu->addSeparator();
+        } else {
+            action = menu->addAction(item->Caption());
+            if (!item->shortcut().isEmpty()) {
+                const QKeySequence keys(item->shortcut());
+                action->setShortcut(keys);
+                shortcuts_.insert(keys);
+            }
+            QObject::connect(action, &QAction::triggered, action, [this, item] {
+                if (item->Enabled() && item->Click) shell_.dispatch(item->Click);
+            });
+        }
+        action->setObjectName(item->name());
+        const bool separator = item->isSeparator();
+        const auto update = [item, action, separator] {
+            if (!separator) {
+                action->setText(item->Caption());
+                action->setEnabled(item->Enabled());
+                if (item->Checked()) action->setCheckable(true);
+                action->setChecked(item->Checked());
+            }
+            action->setVisible(item->Visible());
+        };
+        update();
+        QObject::connect(item, &Control::changed, action, update);
+    }
+}
+
+QToolBar* MenuBinder::buildToolBar(cToolbar& model, const QString& title,
+                                   const QString& programFolder, QWidget* parent) {
+    auto* bar = new QToolBar(title, parent);
+    bar->setObjectName(model.name());
+    const int size = model.imageSize();
+    bar->setIconSize(QSize(size, size));
+    const QPixmap strip(programFolder + QLatin1Char('/') + model.ImageFile);
+    for (int i = 0; i < model.ButtonCount(); ++i) {
+        const cToolbar::Button& button = model.button(i);
+        QAction* action = nullptr;
+        if (button.style == cToolbar::Separator) {
+            action = bar->addSeparator();
+        } else {
+            const bool inStrip = !strip.isNull() && button.image >= 0 &&
+                                 (button.image + 1) * size <= strip.width();
+            const QIcon icon = inStrip ? QIcon(strip.copy(button.image * size, 0, size, size))
+                                       : letterIcon(button.toolTip, size);
+            action = bar->addAction(icon, button.toolTip);
+            action->setToolTip(button.toolTip);
+            action->setCheckable(button.style == cToolbar::Check);
+            QObject::connect(action, &QAction::triggered, bar,
+                             [this, &model, i] { shell_.dispatch([&] { model.press(i); }); });
+            if (button.style == cToolbar::DropDown) {
+                // The arrow beside the button asks the model for its menu.
+                auto* arrowMenu = new QMenu(bar);
+                QObject::connect(arrowMenu, &QMenu::aboutToShow, bar, [this, &model, i, arrowMenu] {
+                    arrowMenu->clear();
+                    pendingArrow_ = arrowMenu;
+                    shell_.dispatch([&] { model.pressArrow(i); });
+                    pendingArrow_ = nullptr;
+                });
+                action->setMenu(arrowMenu);
+                if (auto* tool = qobject_cast<QToolButton*>(bar->widgetForAction(action)))
+                    tool->setPopupMode(QToolButton::MenuButtonPopup);
+            }
+        }
+        action->setObjectName(model.name() + QStringLiteral("_%1").arg(i));
+        const auto update = [&model, action, i] {
+            const cToolbar::Button& b = model.button(i);
+            action->setEnabled(b.enabled);
+            action->setVisible(b.visible);
+            if (action->isCheckable()) action->setChecked(b.checked);
+        };
+        update();
+        QObject::connect(&model, &cToolbar::buttonChanged, action, [update, i](int changed) {
+            if (changed == i) update();
+        });
+    }
+    return bar;
+}
+
+} // namespace tsl

@@ -1,0 +1,42 @@
+#pragma once
+// The menu bar and the toolbars on screen, made from the logic's menu tree and toolbar models.
+// Captions, check marks and enabled states come from the models; clicks go back to them.
+#include <QHash>
+#include <QKeySequence>
+#include <QSet>
+#include <QString>
+
+class QMenu;
+class QMenuBar;
+class QToolBar;
+class QWidget;
+
+namespace tsl {
+
+class ShellMDI;
+class cToolbar;
+struct MenuNode;
+
+class MenuBinder {
+  public:
+    explicit MenuBinder(ShellMDI& shell) : shell_(shell) {}
+    void buildMenuBar(QMenuBar* bar);
+    QMenu* menuNamed(const QString& name) const { return menus_.value(name); }
+    bool isShortcut(const QKeySequence& keys) const { return shortcuts_.contains(keys); }
+    // A toolbar for a model; its images come from the model's strip file, when there is one.
+    QToolBar* buildToolBar(cToolbar& model, const QString& title, const QString& programFolder,
+                           QWidget* parent);
+
+    // The arrow menu of a drop-down button while it asks the logic what to show; a popup the
+    // logic asks for then fills it.
+    QMenu* pendingArrowMenu() const { return pendingArrow_; }
+
+  private:
+    QMenu* pendingArrow_ = nullptr;
+    void addNodes(QMenu* menu, const std::vector<MenuNode>& nodes);
+    ShellMDI& shell_;
+    QHash<QString, QMenu*> menus_;
+    QSet<QKeySequence> shortcuts_;
+};
+
+} // namespace tsl

@@ -1,0 +1,48 @@
+#pragma once
+// The desktop services of the real program, on Qt.
+#include "platform/platform.h"
+#include <QObject>
+#include <QPointer>
+
+class QWidget;
+
+namespace tsl {
+
+// A file dialog filter of the form "description|patterns|description|patterns" as Qt's name
+// filters ("description (patterns)"), the patterns separated by blanks.
+QStringList qtNameFilters(const QString& filter);
+
+class QtPlatform : public QObject, public Platform {
+    Q_OBJECT
+  public:
+    QtPlatform();
+    // The window that owns the boxes and dialogs.
+    void setMainWindow(QWidget* window) { mainWindow_ = window; }
+
+    MsgResult messageBox(const MessageBoxRequest& request) override;
+    std::optional<QString> inputBox(const QString& prompt, const QString& title,
+                                    const QString& defaultText) override;
+    bool showOpen(CommonDialog& dialog) override;
+    bool showSave(CommonDialog& dialog) override;
+    bool showColor(CommonDialog& dialog) override;
+    std::optional<QString> browseForFolder(const QString& title) override;
+    QString clipboardText() override { return clipboard_; }
+    void setClipboardText(const QString& text) override;
+    void beep() override;
+    QDateTime now() override;
+    bool shellOpen(const QString& fileOrUrl) override;
+    bool startProgram(const QString& program, const QStringList& arguments) override;
+    void showHelp(const QString& helpFile) override;
+    QString tempFolder() override;
+    QStringList fontNames() override;
+    QString applicationFolder() override;
+
+  private:
+    QWidget* owner() const;
+    bool showFileDialog(CommonDialog& dialog, bool save);
+    QPointer<QWidget> mainWindow_;
+    // Kept current from the clipboard's own signal: the caret reads it on every move.
+    QString clipboard_;
+};
+
+} // namespace tsl

@@ -1,0 +1,35 @@
+#include "ui/workbench.h"
+#include "shell/shell_mdi.h"
+#include "ui/main_window.h"
+#include "ui/source_editor.h"
+
+namespace tsl {
+
+std::unique_ptr<SourcePane> QtSurfaceFactory::createSourcePane() {
+    return std::make_unique<QtSourcePane>();
+}
+
+std::unique_ptr<LayoutSurface> QtSurfaceFactory::createLayoutSurface() {
+    return std::make_unique<DetachedLayout>();
+}
+
+Workbench::Workbench(Platform& platform, SettingsStore& settings) {
+    shell_ = std::make_unique<ShellMDI>(platform, settings, surfaces_, forms_);
+    window_ = std::make_unique<ShellWindow>(*shell_);
+    forms_.setShell(shell_.get());
+    forms_.setOwner(window_.get());
+    registerFormViews(forms_);
+}
+
+Workbench::~Workbench() {
+    // The documents go before the window that shows them.
+    shell_.reset();
+    window_.reset();
+}
+
+void Workbench::load(const QString& commandLine) {
+    shell_->dispatch([&] { shell_->MDIForm_Load(commandLine); });
+    window_->applyViewState();
+}
+
+} // namespace tsl
