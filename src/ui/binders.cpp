@@ -16,7 +16,8 @@ namespace {
 // Hands a text box's typed characters to its KeyPress handler, which may drop them.
 class KeyPressFilter : public QObject {
   public:
-    KeyPressFilter(TextBox& control, QObject* parent, std::function<void(std::function<void()>)> run)
+    KeyPressFilter(TextBox& control, QObject* parent,
+                   std::function<void(std::function<void()>)> run)
         : QObject(parent), control_(control), run_(std::move(run)) {}
 
   protected:
@@ -50,8 +51,10 @@ void Binder::common(Control& control, QWidget* widget) {
     const auto update = [&control, widget] {
         widget->setEnabled(control.Enabled());
         // A hidden control stays hidden; a visible one shows with its dialog.
-        if (!control.Visible()) widget->hide();
-        else if (widget->isHidden() && widget->parentWidget() && widget->parentWidget()->isVisible())
+        if (!control.Visible())
+            widget->hide();
+        else if (widget->isHidden() && widget->parentWidget() &&
+                 widget->parentWidget()->isVisible())
             widget->show();
     };
     update();
@@ -82,8 +85,9 @@ void Binder::textBox(TextBox& control, QLineEdit* widget) {
     };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
-    QObject::connect(widget, &QLineEdit::textEdited, widget,
-                     [this, &control](const QString& text) { run([&] { control.setText(text); }); });
+    QObject::connect(widget, &QLineEdit::textEdited, widget, [this, &control](const QString& text) {
+        run([&] { control.setText(text); });
+    });
     widget->installEventFilter(
         new KeyPressFilter(control, widget, [this](std::function<void()> h) { run(h); }));
 }
@@ -142,12 +146,10 @@ void Binder::upDown(UpDown& control, QAbstractButton* up, QAbstractButton* down)
     common(control, down);
     up->setAutoRepeat(true);
     down->setAutoRepeat(true);
-    QObject::connect(up, &QAbstractButton::clicked, up, [this, &control] {
-        run([&] { control.stepUp(); });
-    });
-    QObject::connect(down, &QAbstractButton::clicked, down, [this, &control] {
-        run([&] { control.stepDown(); });
-    });
+    QObject::connect(up, &QAbstractButton::clicked, up,
+                     [this, &control] { run([&] { control.stepUp(); }); });
+    QObject::connect(down, &QAbstractButton::clicked, down,
+                     [this, &control] { run([&] { control.stepDown(); }); });
 }
 
 } // namespace tsl

@@ -33,8 +33,8 @@ void QtFormHost::showModal(Form& form) {
         form.Unload();
         return;
     }
-    QWidget* parent = QApplication::activeModalWidget() ? QApplication::activeModalWidget()
-                                                        : owner_.data();
+    QWidget* parent =
+        QApplication::activeModalWidget() ? QApplication::activeModalWidget() : owner_.data();
     FormDialog dialog(form, parent);
     it->second(form, dialog, *shell_);
     if (!form.isLoaded()) return; // a view may close the form while it is built

@@ -104,10 +104,15 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     connect(&shell, &ShellMDI::popupMenuRequested, this, &ShellWindow::showPopup);
     connect(&shell, &ShellMDI::arrangeRequested, this, [this](int code) {
         switch (code) {
-        case ShellMDI::Cascade: mdi_->cascadeSubWindows(); break;
+        case ShellMDI::Cascade:
+            mdi_->cascadeSubWindows();
+            break;
         case ShellMDI::TileHorizontal:
-        case ShellMDI::TileVertical: mdi_->tileSubWindows(); break;
-        default: break; // no icons to arrange: minimised windows keep their places
+        case ShellMDI::TileVertical:
+            mdi_->tileSubWindows();
+            break;
+        default:
+            break; // no icons to arrange: minimised windows keep their places
         }
     });
     connect(&shell, &ShellMDI::exitAccepted, this, [this] {
@@ -141,9 +146,8 @@ void ShellWindow::addDocument(codeEditor* doc) {
     auto* pane = dynamic_cast<QtSourcePane*>(&doc->codebox());
     auto* window = new DocumentWindow(shell_, doc);
     if (pane) {
-        pane->widget()->attach(&shell_, doc, [this](const QKeySequence& keys) {
-            return menus_.isShortcut(keys);
-        });
+        pane->widget()->attach(
+            &shell_, doc, [this](const QKeySequence& keys) { return menus_.isShortcut(keys); });
         window->setWidget(pane->widget());
     }
     window->setWindowTitle(doc->Caption());
@@ -231,8 +235,9 @@ void ShellWindow::fillWindowList() {
     for (codeEditor* doc : shell_.documents()) {
         if (!doc->isShown()) continue;
         QString caption = doc->Caption();
-        QAction* action = window->addAction(QStringLiteral("&%1 ").arg(number++) +
-                                            caption.replace(QLatin1Char('&'), QStringLiteral("&&")));
+        QAction* action =
+            window->addAction(QStringLiteral("&%1 ").arg(number++) +
+                              caption.replace(QLatin1Char('&'), QStringLiteral("&&")));
         action->setCheckable(true);
         action->setChecked(doc == shell_.ActiveForm());
         connect(action, &QAction::triggered, this,

@@ -106,8 +106,8 @@ QToolBar* MenuBinder::buildToolBar(cToolbar& model, const QString& title,
         if (button.style == cToolbar::Separator) {
             action = bar->addSeparator();
         } else {
-            const bool inStrip = !strip.isNull() && button.image >= 0 &&
-                                 (button.image + 1) * size <= strip.width();
+            const bool inStrip =
+                !strip.isNull() && button.image >= 0 && (button.image + 1) * size <= strip.width();
             const QIcon icon = inStrip ? QIcon(strip.copy(button.image * size, 0, size, size))
                                        : letterIcon(button.toolTip, size);
             action = bar->addAction(icon, button.toolTip);

@@ -24,8 +24,7 @@ QStringList qtNameFilters(const QString& filter) {
         QString description = parts.at(i).trimmed();
         // A description that lists its patterns in brackets gets the clean list instead.
         const int bracket = static_cast<int>(description.indexOf(QLatin1String(" (")));
-        if (bracket > 0 && description.endsWith(QLatin1Char(')')))
-            description.truncate(bracket);
+        if (bracket > 0 && description.endsWith(QLatin1Char(')'))) description.truncate(bracket);
         QStringList patterns = parts.at(i + 1).split(QRegularExpression(QStringLiteral("[;,\\s]+")),
                                                      Qt::SkipEmptyParts);
         filters.append(description + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) +
@@ -56,34 +55,67 @@ MsgResult QtPlatform::messageBox(const MessageBoxRequest& request) {
     box.setWindowTitle(request.title.isEmpty() ? QStringLiteral("Tessaline") : request.title);
     box.setText(request.text);
     switch (request.icon) {
-    case MsgIcon::Critical: box.setIcon(QMessageBox::Critical); break;
-    case MsgIcon::Question: box.setIcon(QMessageBox::Question); break;
-    case MsgIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
-    case MsgIcon::Information: box.setIcon(QMessageBox::Information); break;
-    case MsgIcon::None: break;
+    case MsgIcon::Critical:
+        box.setIcon(QMessageBox::Critical);
+        break;
+    case MsgIcon::Question:
+        box.setIcon(QMessageBox::Question);
+        break;
+    case MsgIcon::Exclamation:
+        box.setIcon(QMessageBox::Warning);
+        break;
+    case MsgIcon::Information:
+        box.setIcon(QMessageBox::Information);
+        break;
+    case MsgIcon::None:
+        break;
     }
     using B = QMessageBox;
     QMessageBox::StandardButtons buttons;
     QMessageBox::StandardButton escape = B::NoButton;
     switch (request.buttons) {
-    case MsgButtons::OK: buttons = B::Ok; escape = B::Ok; break;
-    case MsgButtons::OKCancel: buttons = B::Ok | B::Cancel; escape = B::Cancel; break;
-    case MsgButtons::AbortRetryIgnore: buttons = B::Abort | B::Retry | B::Ignore; break;
-    case MsgButtons::YesNoCancel: buttons = B::Yes | B::No | B::Cancel; escape = B::Cancel; break;
-    case MsgButtons::YesNo: buttons = B::Yes | B::No; break;
-    case MsgButtons::RetryCancel: buttons = B::Retry | B::Cancel; escape = B::Cancel; break;
+    case MsgButtons::OK:
+        buttons = B::Ok;
+        escape = B::Ok;
+        break;
+    case MsgButtons::OKCancel:
+        buttons = B::Ok | B::Cancel;
+        escape = B::Cancel;
+        break;
+    case MsgButtons::AbortRetryIgnore:
+        buttons = B::Abort | B::Retry | B::Ignore;
+        break;
+    case MsgButtons::YesNoCancel:
+        buttons = B::Yes | B::No | B::Cancel;
+        escape = B::Cancel;
+        break;
+    case MsgButtons::YesNo:
+        buttons = B::Yes | B::No;
+        break;
+    case MsgButtons::RetryCancel:
+        buttons = B::Retry | B::Cancel;
+        escape = B::Cancel;
+        break;
     }
     box.setStandardButtons(buttons);
     if (escape != B::NoButton) box.setEscapeButton(escape);
     switch (box.exec()) {
-    case B::Ok: return MsgResult::OK;
-    case B::Cancel: return MsgResult::Cancel;
-    case B::Abort: return MsgResult::Abort;
-    case B::Retry: return MsgResult::Retry;
-    case B::Ignore: return MsgResult::Ignore;
-    case B::Yes: return MsgResult::Yes;
-    case B::No: return MsgResult::No;
-    default: return MsgResult::Cancel;
+    case B::Ok:
+        return MsgResult::OK;
+    case B::Cancel:
+        return MsgResult::Cancel;
+    case B::Abort:
+        return MsgResult::Abort;
+    case B::Retry:
+        return MsgResult::Retry;
+    case B::Ignore:
+        return MsgResult::Ignore;
+    case B::Yes:
+        return MsgResult::Yes;
+    case B::No:
+        return MsgResult::No;
+    default:
+        return MsgResult::Cancel;
     }
 }
 
@@ -99,16 +131,15 @@ std::optional<QString> QtPlatform::inputBox(const QString& prompt, const QString
 
 bool QtPlatform::showFileDialog(CommonDialog& dialog, bool save) {
     QFileDialog box(owner());
-    box.setWindowTitle(!dialog.DialogTitle.isEmpty() ? dialog.DialogTitle
-                                                     : (save ? QStringLiteral("Save As")
-                                                             : QStringLiteral("Open")));
+    box.setWindowTitle(!dialog.DialogTitle.isEmpty()
+                           ? dialog.DialogTitle
+                           : (save ? QStringLiteral("Save As") : QStringLiteral("Open")));
     box.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     if (save)
         box.setFileMode(QFileDialog::AnyFile);
     else
-        box.setFileMode(dialog.hasFlag(CommonDialog::AllowMultiSelect)
-                            ? QFileDialog::ExistingFiles
-                            : QFileDialog::ExistingFile);
+        box.setFileMode(dialog.hasFlag(CommonDialog::AllowMultiSelect) ? QFileDialog::ExistingFiles
+                                                                       : QFileDialog::ExistingFile);
     if (save && !dialog.hasFlag(CommonDialog::OverwritePrompt))
         box.setOption(QFileDialog::DontConfirmOverwrite);
     const QStringList filters = qtNameFilters(dialog.Filter);
@@ -192,7 +223,8 @@ bool QtPlatform::startProgram(const QString& program, const QStringList& argumen
 
 void QtPlatform::showHelp(const QString& helpFile) {
     if (!QFileInfo::exists(helpFile) || !shellOpen(helpFile))
-        msgBox(QStringLiteral("The help file ") + helpFile + QStringLiteral(" could not be opened."),
+        msgBox(QStringLiteral("The help file ") + helpFile +
+                   QStringLiteral(" could not be opened."),
                MsgIcon::Exclamation);
 }
 

@@ -36,27 +36,46 @@ int keyCodeOf(int qtKey) {
     if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) return qtKey;
     if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F24) return 112 + (qtKey - Qt::Key_F1);
     switch (qtKey) {
-    case Qt::Key_Backspace: return keys::vbKeyBack;
+    case Qt::Key_Backspace:
+        return keys::vbKeyBack;
     case Qt::Key_Tab:
-    case Qt::Key_Backtab: return 9;
+    case Qt::Key_Backtab:
+        return 9;
     case Qt::Key_Return:
-    case Qt::Key_Enter: return keys::vbKeyReturn;
-    case Qt::Key_Escape: return 27;
-    case Qt::Key_Space: return keys::vbKeySpace;
-    case Qt::Key_PageUp: return keys::vbKeyPageUp;
-    case Qt::Key_PageDown: return keys::vbKeyPageDown;
-    case Qt::Key_End: return keys::vbKeyEnd;
-    case Qt::Key_Home: return keys::vbKeyHome;
-    case Qt::Key_Left: return keys::vbKeyLeft;
-    case Qt::Key_Up: return keys::vbKeyUp;
-    case Qt::Key_Right: return keys::vbKeyRight;
-    case Qt::Key_Down: return keys::vbKeyDown;
-    case Qt::Key_Insert: return keys::vbKeyInsert;
-    case Qt::Key_Delete: return keys::vbKeyDelete;
-    case Qt::Key_Shift: return 16;
-    case Qt::Key_Control: return 17;
-    case Qt::Key_Alt: return 18;
-    default: return 255; // a key the logic has no code for; never 0, which means "no key"
+    case Qt::Key_Enter:
+        return keys::vbKeyReturn;
+    case Qt::Key_Escape:
+        return 27;
+    case Qt::Key_Space:
+        return keys::vbKeySpace;
+    case Qt::Key_PageUp:
+        return keys::vbKeyPageUp;
+    case Qt::Key_PageDown:
+        return keys::vbKeyPageDown;
+    case Qt::Key_End:
+        return keys::vbKeyEnd;
+    case Qt::Key_Home:
+        return keys::vbKeyHome;
+    case Qt::Key_Left:
+        return keys::vbKeyLeft;
+    case Qt::Key_Up:
+        return keys::vbKeyUp;
+    case Qt::Key_Right:
+        return keys::vbKeyRight;
+    case Qt::Key_Down:
+        return keys::vbKeyDown;
+    case Qt::Key_Insert:
+        return keys::vbKeyInsert;
+    case Qt::Key_Delete:
+        return keys::vbKeyDelete;
+    case Qt::Key_Shift:
+        return 16;
+    case Qt::Key_Control:
+        return 17;
+    case Qt::Key_Alt:
+        return 18;
+    default:
+        return 255; // a key the logic has no code for; never 0, which means "no key"
     }
 }
 

@@ -1,0 +1,216 @@
+// The real window on the offscreen platform: typing in a Source pane, saving and closing
+// through the menus, the bytes of the files, and the keys that belong to the window.
+#include "scripted_platform.h"
+#include "shell/settings_store.h"
+#include "shell/shell_mdi.h"
+#include "test_shell.h"
+#include "ui/main_window.h"
+#include "ui/source_editor.h"
+#include "ui/workbench.h"
+#include <QAction>
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace tsl;
+using namespace tsl::test;
+
+namespace {
+struct Program {
+    ScriptedPlatform platform;
+    MemorySettingsStore settings;
+    Workbench bench{platform, settings};
+
+    explicit Program(const QString& commandLine = QString()) {
+        bench.load(commandLine);
+        bench.window().show();
+        bench.window().activateWindow();
+        QVERIFY(QTest::qWaitForWindowExposed(&bench.window()));
+    }
+    ShellMDI& shell() { return bench.shell(); }
+    codeEditor& active() { return *shell().ActiveForm(); }
+    CodeBox* codebox(codeEditor& doc) {
+        return dynamic_cast<QtSourcePane&>(doc.codebox()).widget();
+    }
+    CodeBox* codebox() { return codebox(active()); }
+    void trigger(const QString& name) {
+        auto* action = bench.window().findChild<QAction*>(name);
+        QVERIFY2(action, qPrintable(name));
+        action->trigger();
+    }
+    QStringList tabTexts() {
+        QStringList texts;
+        for (int i = 0; i < bench.window().documentTabs()->count(); ++i)
+            texts.append(bench.window().documentTabs()->tabText(i));
+        return texts;
+    }
+};
+} // namespace
+
+class DocumentWindowTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void startsWithDocumentOneInTheWindow() {
+        Program p;
+        // A maximised document adds its name to the title, as document windows do.
+        QVERIFY(p.bench.window().windowTitle().startsWith(QStringLiteral("Tessaline")));
+        QCOMPARE(p.bench.window().mdiArea()->subWindowList().size(), 1);
+        QCOMPARE(p.bench.window().mdiArea()->activeSubWindow()->windowTitle(),
+                 QStringLiteral("Document 1"));
+        QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("Document 1")});
+        QCOMPARE(p.codebox()->textCursor().position(), 106);
+        QVERIFY(p.codebox()->toPlainText().startsWith(QStringLiteral("<html>\n<head>")));
+    }
+
+    void typingReachesTheDocumentAndSaveWritesItsBytes() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("typed.htm"));
+        Program p;
+        p.codebox()->setFocus();
+        QTest::keyClicks(p.codebox(), QStringLiteral("Hello"));
+        QCOMPARE(p.active().Tag, QStringLiteral("Dirty"));
+        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\nHello\n</body>")));
+        p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        p.trigger(QStringLiteral("mnuFileSave"));
+        QCOMPARE(readFile(path), p.active().codebox().Text().toUtf8());
+        QCOMPARE(p.active().Tag, QStringLiteral("Clean"));
+        QCOMPARE(p.bench.window().mdiArea()->activeSubWindow()->windowTitle(), path);
+        QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("typed.htm")});
+    }
+
+    void filesRoundTripByteForByte_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("LF") << QByteArray("<p>one</p>\n<p>two</p>\n");
+        QTest::newRow("CRLF") << QByteArray("<p>one</p>\r\n<p>two</p>\r\n");
+        QTest::newRow("mixed ends") << QByteArray("a\rb\r\nc\nd\r");
+        QTest::newRow("UTF-8 BOM") << QByteArray("\xEF\xBB\xBF<p>caf\xC3\xA9</p>\r\n");
+        QTest::newRow("no-break space") << QByteArray("a\xC2\xA0"
+                                                      "b\n");
+        QTest::newRow("Latin-1") << QByteArray("caf\xE9 \xA0\xFF\n");
+        QTest::newRow("separators") << QByteArray("x\xE2\x80\xA8y\xE2\x80\xA9z");
+    }
+    void filesRoundTripByteForByte() {
+        QFETCH(QByteArray, bytes);
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, QStringLiteral("page.htm"), bytes);
+        Program p(path);
+        QCOMPARE(p.active().codebox().length(), p.codebox()->document()->characterCount() - 1);
+        p.active().Tag = QStringLiteral("Dirty");
+        p.trigger(QStringLiteral("mnuFileSave"));
+        QCOMPARE(readFile(path), bytes);
+    }
+
+    void typingBesideACarriageReturnKeepsIt() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, QStringLiteral("mixed.txt"), "ab\rcd\r\nef\n");
+        Program p(path);
+        QTextCursor cursor = p.codebox()->textCursor();
+        cursor.setPosition(3); // after the lone carriage return
+        p.codebox()->setTextCursor(cursor);
+        QTest::keyClicks(p.codebox(), QStringLiteral("XY"));
+        QTest::keyClick(p.codebox(), Qt::Key_Return);
+        QCOMPARE(p.active().codebox().Text(), QStringLiteral("ab\rXY\ncd\r\nef\n"));
+        QTest::keyClick(p.codebox(), Qt::Key_Backspace);
+        QTest::keyClick(p.codebox(), Qt::Key_Backspace);
+        QCOMPARE(p.active().codebox().Text(), QStringLiteral("ab\rXcd\r\nef\n"));
+        p.trigger(QStringLiteral("mnuFileSave"));
+        QCOMPARE(readFile(path), QByteArray("ab\rXcd\r\nef\n"));
+    }
+
+    void closingAskedAndAnsweredNoRemovesWindowAndTab() {
+        Program p;
+        QTest::keyClicks(p.codebox(), QStringLiteral("x"));
+        p.platform.messageAnswers.enqueue(MsgResult::No);
+        p.trigger(QStringLiteral("mnuFileClose"));
+        QCOMPARE(
+            p.platform.messageTexts(),
+            QStringList{QStringLiteral("Do you want to save the changes made to Document 1?")});
+        QCOMPARE(p.platform.messages.first().buttons, MsgButtons::YesNoCancel);
+        QCOMPARE(p.platform.messages.first().icon, MsgIcon::Exclamation);
+        QTRY_COMPARE(p.bench.window().mdiArea()->subWindowList().size(), 0);
+        QCOMPARE(p.bench.window().documentTabs()->count(), 0);
+        QVERIFY(!p.bench.window().findChild<QAction*>(QStringLiteral("mnuFileSave"))->isEnabled());
+    }
+
+    void theCloseBoxOfADocumentAsksAndCancelKeepsIt() {
+        Program p;
+        QTest::keyClicks(p.codebox(), QStringLiteral("x"));
+        p.platform.messageAnswers.enqueue(MsgResult::Cancel);
+        QMdiSubWindow* window = p.bench.window().mdiArea()->activeSubWindow();
+        window->close();
+        QCOMPARE(p.platform.messages.size(), 1);
+        QCOMPARE(p.bench.window().mdiArea()->subWindowList().size(), 1);
+        QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("Document 1")});
+        QVERIFY(p.bench.window().mdiArea()->updatesEnabled());
+    }
+
+    void newDocumentsGetWindowsAndTabsInOrder() {
+        Program p;
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        p.trigger(QStringLiteral("mnuFileNewCSS"));
+        QCOMPARE(p.tabTexts(),
+                 (QStringList{QStringLiteral("Document 1"), QStringLiteral("Document 2"),
+                              QStringLiteral("Document 3")}));
+        QCOMPARE(p.bench.window().documentTabs()->currentIndex(), 2);
+        QCOMPARE(p.bench.window().mdiArea()->activeSubWindow()->windowTitle(),
+                 QStringLiteral("Document 3"));
+        QCOMPARE(p.active().CSSDoc, QStringLiteral("Yes"));
+        // A click on a tab brings its window forward.
+        emit p.bench.window().documentTabs()->tabBarClicked(0);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(p.bench.window().mdiArea()->activeSubWindow()->windowTitle(),
+                 QStringLiteral("Document 1"));
+        QCOMPARE(p.bench.window().documentTabs()->currentIndex(), 0);
+    }
+
+    void ctrlF6MovesThroughTheDocumentsAndCtrlF4Closes() {
+        Program p;
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
+        QTest::keyClick(p.codebox(), Qt::Key_F6, Qt::ControlModifier);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
+        QTest::keyClick(p.codebox(), Qt::Key_F6, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
+        QTest::keyClick(p.codebox(), Qt::Key_F4, Qt::ControlModifier);
+        QTRY_COMPARE(p.bench.window().mdiArea()->subWindowList().size(), 1);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
+    }
+
+    void menuShortcutsWorkFromThePane() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("keys.htm"));
+        Program p;
+        p.codebox()->setFocus();
+        QTest::keyClicks(p.codebox(), QStringLiteral("k"));
+        p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        QTest::keyClick(p.codebox(), Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(p.platform.fileDialogsShown.size(), 1);
+        QVERIFY(readFile(path).contains("<body>\nk\n</body>"));
+        // Ctrl+Z belongs to the pane: the document's own history takes the letter back.
+        QTest::keyClick(p.codebox(), Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\n\n</body>")));
+    }
+
+    void exitAsksForEveryChangedDocumentAndCancelStaysRunning() {
+        Program p;
+        QTest::keyClicks(p.codebox(), QStringLiteral("a"));
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        QTest::keyClicks(p.codebox(), QStringLiteral("b"));
+        p.platform.messageAnswers.enqueue(MsgResult::No);
+        p.platform.messageAnswers.enqueue(MsgResult::Cancel);
+        QVERIFY(!p.bench.window().close());
+        QCOMPARE(p.platform.messages.size(), 2);
+        QTRY_COMPARE(p.bench.window().mdiArea()->subWindowList().size(), 1);
+        QCOMPARE(p.settings.get(keys::Fuzzies, keys::TagListOpen), QStringLiteral("No"));
+        QVERIFY(p.bench.window().mdiArea()->updatesEnabled());
+        p.platform.messageAnswers.enqueue(MsgResult::No);
+        QVERIFY(p.bench.window().close());
+    }
+};
+
+QTEST_MAIN(DocumentWindowTest)
+#include "test_document_window.moc"
