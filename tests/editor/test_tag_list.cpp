@@ -1,0 +1,269 @@
+// The tag list: its 89 templates, double clicks with and without a selection, and drags.
+#include "editor_fixture.h"
+
+using namespace tsl;
+using namespace tsl::test;
+
+namespace {
+const QString kText = QStringLiteral("one two three");
+
+enum Shape { Anchor, Paired, Single, Input };
+struct Node {
+    const char* name;
+    Shape shape;
+};
+// After the two anchors, in alphabetical order.
+const Node kNodes[] = {
+    {"A HREF", Anchor},     {"A NAME", Anchor},   {"ACRONYM", Paired},  {"ADDRESS", Paired},
+    {"APPLET", Paired},     {"AREA", Single},     {"B", Paired},        {"BASE", Single},
+    {"BASEFONT", Single},   {"BGSOUND", Single},  {"BIG", Paired},      {"BLINK", Paired},
+    {"BLOCKQUOTE", Paired}, {"BODY", Paired},     {"BR", Single},       {"CAPTION", Paired},
+    {"CENTER", Paired},     {"CITE", Paired},     {"CODE", Paired},     {"DD", Single},
+    {"DEL", Paired},        {"DFN", Paired},      {"DIR", Paired},      {"DIV", Paired},
+    {"DL", Paired},         {"DT", Single},       {"EM", Paired},       {"FONT", Paired},
+    {"FORM", Paired},       {"FRAME", Paired},    {"FRAMESET", Paired}, {"H1", Paired},
+    {"H2", Paired},         {"H3", Paired},       {"H4", Paired},       {"H5", Paired},
+    {"H6", Paired},         {"HEAD", Paired},     {"HR", Single},       {"HTML", Paired},
+    {"I", Paired},          {"IMG", Single},      {"INPUT", Input},     {"INS", Paired},
+    {"ISINDEX", Single},    {"KBD", Paired},      {"LI", Single},       {"LINK", Single},
+    {"LISTING", Paired},    {"MAP", Paired},      {"MARQUEE", Paired},  {"MENU", Paired},
+    {"META", Single},       {"MULTICOL", Paired}, {"NEXTID", Single},   {"NOBR", Paired},
+    {"NOFRAMES", Paired},   {"NOSCRIPT", Paired}, {"NOTE", Paired},     {"OL", Paired},
+    {"OPTION", Single},     {"P", Paired},        {"PARAM", Paired},    {"PLAINTEXT", Paired},
+    {"PRE", Paired},        {"S", Paired},        {"SAMP", Paired},     {"SCRIPT", Paired},
+    {"SELECT", Paired},     {"SMALL", Paired},    {"SPACER", Single},   {"STRIKE", Paired},
+    {"STRONG", Paired},     {"STYLE", Paired},    {"SUB", Paired},      {"SUP", Paired},
+    {"TAB", Single},        {"TABLE", Paired},    {"TD", Paired},       {"TEXTAREA", Paired},
+    {"TH", Paired},         {"TITLE", Paired},    {"TR", Paired},       {"TT", Paired},
+    {"U", Paired},          {"UL", Paired},       {"VAR", Paired},      {"WBR", Paired},
+    {"XMP", Paired}};
+
+QString templateOf(const Node& node) {
+    const QString n = QString::fromLatin1(node.name);
+    switch (node.shape) {
+    case Anchor:
+        return QStringLiteral("<") + n + QStringLiteral("=\"\">  </A>");
+    case Paired:
+        return QStringLiteral("<%1>  </%1>").arg(n);
+    case Single:
+        return QStringLiteral("<%1>").arg(n);
+    case Input:
+        break;
+    }
+    return QStringLiteral("<INPUT TYPE=></INPUT>");
+}
+
+// The inserted text: lower case, the placeholder gone.
+QString insertedOf(const Node& node) {
+    return templateOf(node).remove(QStringLiteral("  ")).toLower();
+}
+
+void addNodeRows() {
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < 89; ++i)
+        QTest::newRow(kNodes[i].name) << i;
+}
+
+codeEditor& documentAndNode(TestShell& ts, int index, int caret = 4) {
+    codeEditor& doc = documentWith(ts, kText, caret);
+    ts->tvwTags_MouseDown(index);
+    return doc;
+}
+} // namespace
+
+class TagListTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void templates_data() { addNodeRows(); }
+    void templates() {
+        QFETCH(int, index);
+        TestShell ts;
+        ts.load();
+        QCOMPARE(ts->tvwTags.ListCount(), 89);
+        QCOMPARE(ts->tvwTags.List(index), templateOf(kNodes[index]));
+    }
+
+    void doubleClickAtCaret_data() { addNodeRows(); }
+    void doubleClickAtCaret() {
+        QFETCH(int, index);
+        const Node& node = kNodes[index];
+        const int openLength = int(qstrlen(node.name)) + 2;
+        const int length = insertedOf(node).size();
+        // Where the caret stands after the click, and after Undo and Redo.
+        const int caret = node.shape == Paired ? openLength : node.shape == Anchor ? 9 : length;
+        const int redo = node.shape == Anchor ? 11 : node.shape == Input ? -1 : caret;
+        TestShell ts;
+        codeEditor& doc = documentAndNode(ts, index);
+        ts->tvwTags_DblClick();
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("one ") + insertedOf(node) + "two three");
+        QCOMPARE(doc.codebox().SelStart(), 4 + caret);
+        QCOMPARE(doc.nDoneIndex, Int16(2));
+        QVERIFY(!ts->bInsertingMarkup);
+        QCOMPARE(ts->nStepCaretAdvance, Int16(0));
+        QCOMPARE(ts->nStepCaretBack, Int16(0));
+        doc.Undo();
+        QCOMPARE(doc.codebox().Text(), kText);
+        QCOMPARE(doc.codebox().SelStart(), 4);
+        doc.Redo();
+        QCOMPARE(doc.codebox().SelStart(), 4 + redo);
+    }
+
+    void doubleClickAroundSelection_data() { addNodeRows(); }
+    void doubleClickAroundSelection() {
+        QFETCH(int, index);
+        const Node& node = kNodes[index];
+        const QString t = insertedOf(node);
+        const int q = t.indexOf(QStringLiteral("</"));
+        TestShell ts;
+        codeEditor& doc = documentAndNode(ts, index);
+        select(doc, 4, 3);
+        ts->tvwTags_DblClick();
+        const QString text = q < 0
+                                 ? QStringLiteral("one ") + t + "two three"
+                                 : QStringLiteral("one ") + t.left(q) + "two" + t.mid(q) + " three";
+        QCOMPARE(doc.codebox().Text(), text);
+        // The same text stays selected; the odd INPUT entry lands 7 on.
+        const int start = node.shape == Input ? 7 : q < 0 ? t.size() : q;
+        QCOMPARE(doc.codebox().SelStart(), 4 + start);
+        QCOMPARE(doc.codebox().SelLength(), 3);
+        QCOMPARE(doc.nDoneIndex, Int16(2));
+        doc.Undo();
+        QCOMPARE(doc.codebox().Text(), kText);
+        QCOMPARE(doc.codebox().SelStart(), 4);
+        QCOMPARE(doc.codebox().SelLength(), 3);
+    }
+
+    void anchorsInWords() {
+        TestShell ts;
+        codeEditor& doc = documentWith(ts, QStringLiteral("click here"));
+        ts->tvwTags_MouseDown(0);
+        select(doc, 6, 4);
+        ts->tvwTags_DblClick();
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("click <a href=\"\">here</a>"));
+        QCOMPARE(doc.codebox().SelText(), QStringLiteral("here"));
+    }
+
+    void sourceViewOnly_data() {
+        QTest::addColumn<bool>("layout");
+        QTest::addColumn<int>("tab");
+        QTest::newRow("Layout") << true << 2;
+        QTest::newRow("Preview") << false << 3;
+    }
+    void sourceViewOnly() {
+        QFETCH(bool, layout);
+        QFETCH(int, tab);
+        TestShell ts;
+        codeEditor& doc = documentAndNode(ts, 6);
+        ts->bLayoutActive = layout;
+        doc.SelectedTab = tab;
+        ts->tvwTags_DblClick();
+        QCOMPARE(doc.codebox().Text(), kText);
+        QVERIFY(!ts->bInsertingMarkup);
+        QString data;
+        QVERIFY(!ts->tvwTags_OLEStartDrag(data));
+        doc.SelectedTab = 1;
+        ts->bLayoutActive = false;
+        QVERIFY(ts->tvwTags_OLEStartDrag(data));
+    }
+
+    void failuresEndSilentlyWithFlagsSet_data() {
+        QTest::addColumn<int>("node");
+        QTest::addColumn<int>("start");
+        QTest::newRow("no node selected") << -1 << 4;
+        QTest::newRow("paired, selection past 32767") << 6 << 33000;
+        QTest::newRow("single, selection past 32767") << 5 << 33000;
+    }
+    void failuresEndSilentlyWithFlagsSet() {
+        QFETCH(int, node);
+        QFETCH(int, start);
+        TestShell ts;
+        const QString big(40000, QLatin1Char('x'));
+        codeEditor& doc = documentWith(ts, big);
+        ts->tvwTags_MouseDown(node);
+        select(doc, start, 5);
+        ts->dispatch([&] { ts->tvwTags_DblClick(); });
+        QVERIFY(ts.platform.messages.isEmpty());
+        QCOMPARE(doc.codebox().Text(), big);
+        QVERIFY(ts->bInsertingMarkup);
+    }
+
+    void staleSelectionOfTheStepIsCleared() {
+        TestShell ts;
+        codeEditor& doc = documentAndNode(ts, 6);
+        doc.Steps[1].SelLen = 3;
+        ts->tvwTags_DblClick();
+        QCOMPARE(doc.Steps[1].SelLen, 0);
+        doc.Undo();
+        QCOMPARE(doc.codebox().SelStart(), 4);
+        QCOMPARE(doc.codebox().SelLength(), 0);
+    }
+
+    void pressOnEmptySpaceKeepsTheNode() {
+        TestShell ts;
+        ts.load();
+        ts->tvwTags_MouseDown(6);
+        QCOMPARE(ts->tvwTags.ListIndex(), 6);
+        QCOMPARE(ts->sDraggedTag, QStringLiteral("<B>  </B>"));
+        ts->tvwTags_MouseDown(-1);
+        ts->tvwTags_MouseDown(89);
+        QCOMPARE(ts->tvwTags.ListIndex(), 6);
+        QCOMPARE(ts->sDraggedTag, QStringLiteral("<B>  </B>"));
+    }
+
+    void dragStart_data() { addNodeRows(); }
+    void dragStart() {
+        QFETCH(int, index);
+        const Node& node = kNodes[index];
+        const int length = insertedOf(node).size();
+        const int close = int(qstrlen(node.name)) + 3;
+        int back = 0, advance = 0, caretBack = 0;
+        if (node.shape == Paired) back = close, advance = close, caretBack = close;
+        if (node.shape == Anchor) back = 6, advance = 4, caretBack = 4;
+        if (node.shape == Input) advance = 8, caretBack = length + 1;
+        TestShell ts;
+        documentAndNode(ts, index);
+        QString data;
+        QVERIFY(ts->tvwTags_OLEStartDrag(data));
+        QCOMPARE(data, insertedOf(node));
+        QCOMPARE(int(ts->nTagDropBack), back);
+        QCOMPARE(int(ts->nStepCaretAdvance), advance);
+        QCOMPARE(int(ts->nStepCaretBack), caretBack);
+        QVERIFY(ts->bDropPending);
+        QVERIFY(ts->bTagDropPending);
+        QVERIFY(ts->bInsertingMarkup);
+    }
+
+    void dropInTheMiddleOfALine() {
+        TestShell ts;
+        codeEditor& doc = documentAndNode(ts, 31, 0); // <H1>  </H1>
+        QString data;
+        ts->tvwTags_OLEStartDrag(data);
+        doc.codebox().setSelStart(4); // the pane's own drop
+        doc.codebox().setSelText(data);
+        ts->tvwTags_OLECompleteDrag(1);
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("one <h1></h1>two three"));
+        QCOMPARE(doc.codebox().SelStart(), 8);
+        QCOMPARE(doc.nDoneIndex, Int16(2));
+        QVERIFY(!ts->bDropPending);
+        QVERIFY(ts->bInsertingMarkup); // left for a later command to clear
+        doc.Undo();
+        QCOMPARE(doc.codebox().Text(), kText);
+        QCOMPARE(doc.codebox().SelStart(), 4);
+    }
+
+    void refusedDropLeavesTheCaret() {
+        TestShell ts;
+        codeEditor& doc = documentAndNode(ts, 31, 6);
+        auto& pane = static_cast<TextPane&>(doc.codebox());
+        const int focus = pane.focusCount();
+        QString data;
+        ts->tvwTags_OLEStartDrag(data);
+        ts->tvwTags_OLECompleteDrag(0);
+        QCOMPARE(pane.SelStart(), 6);
+        QCOMPARE(pane.focusCount(), focus + 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TagListTest)
+#include "test_tag_list.moc"
