@@ -173,9 +173,10 @@ void ShellMDI::buildMenus() {
             [this] { emit arrangeRequested(Cascade); });
 
     auto& help = submenu(S("mnuHelp"), S("&Help"), menuBar_);
-    addMenu(help, S("mnuHelpContents"), S("&Contents"), S("F1"), later);
+    addMenu(help, S("mnuHelpContents"), S("&Contents"), S("F1"),
+            [this] { mnuHelpContents_Click(); });
     addSeparator(help, S("mnuHelpSep2"));
-    addMenu(help, S("mnuHelpAbout"), S("&About..."), S(), later);
+    addMenu(help, S("mnuHelpAbout"), S("&About..."), S(), [this] { mnuHelpAbout_Click(); });
 }
 
 void ShellMDI::setShortcutCaptions() {

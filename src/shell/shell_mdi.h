@@ -128,6 +128,8 @@ class ShellMDI : public QObject {
     void mnuFileExit_Click();
     void mnuEditPrefs_Click();
     void mnuViewTagList_Click();
+    void mnuHelpContents_Click();
+    void mnuHelpAbout_Click();
 
     // Markup into the active document: the Layout surface's selection, or the Source pane's.
     void InsertMarkup(const QString& markup);

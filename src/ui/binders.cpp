@@ -42,10 +42,6 @@ class KeyPressFilter : public QObject {
 };
 } // namespace
 
-void Binder::run(const std::function<void()>& handler) {
-    shell_.dispatch(handler);
-}
-
 void Binder::common(Control& control, QWidget* widget) {
     widget->setObjectName(control.name());
     const auto update = [&control, widget] {
@@ -85,11 +81,12 @@ void Binder::textBox(TextBox& control, QLineEdit* widget) {
     };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
-    QObject::connect(widget, &QLineEdit::textEdited, widget, [this, &control](const QString& text) {
-        run([&] { control.setText(text); });
-    });
-    widget->installEventFilter(
-        new KeyPressFilter(control, widget, [this](std::function<void()> h) { run(h); }));
+    QObject::connect(widget, &QLineEdit::textEdited, widget,
+                     [shell = &shell_, &control](const QString& text) {
+                         shell->dispatch([&] { control.setText(text); });
+                     });
+    widget->installEventFilter(new KeyPressFilter(
+        control, widget, [shell = &shell_](std::function<void()> h) { shell->dispatch(h); }));
 }
 
 void Binder::checkBox(CheckBox& control, QCheckBox* widget) {
@@ -101,8 +98,9 @@ void Binder::checkBox(CheckBox& control, QCheckBox* widget) {
     };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
-    QObject::connect(widget, &QCheckBox::toggled, widget,
-                     [this, &control](bool on) { run([&] { control.setValue(on ? 1 : 0); }); });
+    QObject::connect(widget, &QCheckBox::toggled, widget, [shell = &shell_, &control](bool on) {
+        shell->dispatch([&] { control.setValue(on ? 1 : 0); });
+    });
 }
 
 void Binder::comboBox(ComboBox& control, QComboBox* widget) {
@@ -124,11 +122,14 @@ void Binder::comboBox(ComboBox& control, QComboBox* widget) {
     update();
     QObject::connect(&control, &Control::changed, widget, update);
     QObject::connect(widget, qOverload<int>(&QComboBox::activated), widget,
-                     [this, &control](int index) { run([&] { control.setListIndex(index); }); });
+                     [shell = &shell_, &control](int index) {
+                         shell->dispatch([&] { control.setListIndex(index); });
+                     });
     if (widget->isEditable())
         QObject::connect(widget, &QComboBox::editTextChanged, widget,
-                         [this, &control](const QString& text) {
-                             if (text != control.Text()) run([&] { control.setText(text); });
+                         [shell = &shell_, &control](const QString& text) {
+                             if (text != control.Text())
+                                 shell->dispatch([&] { control.setText(text); });
                          });
 }
 
@@ -138,7 +139,7 @@ void Binder::button(CommandButton& control, QAbstractButton* widget) {
     update();
     QObject::connect(&control, &Control::changed, widget, update);
     QObject::connect(widget, &QAbstractButton::clicked, widget,
-                     [this, &control] { run([&] { control.press(); }); });
+                     [shell = &shell_, &control] { shell->dispatch([&] { control.press(); }); });
 }
 
 void Binder::upDown(UpDown& control, QAbstractButton* up, QAbstractButton* down) {
@@ -147,9 +148,9 @@ void Binder::upDown(UpDown& control, QAbstractButton* up, QAbstractButton* down)
     up->setAutoRepeat(true);
     down->setAutoRepeat(true);
     QObject::connect(up, &QAbstractButton::clicked, up,
-                     [this, &control] { run([&] { control.stepUp(); }); });
+                     [shell = &shell_, &control] { shell->dispatch([&] { control.stepUp(); }); });
     QObject::connect(down, &QAbstractButton::clicked, down,
-                     [this, &control] { run([&] { control.stepDown(); }); });
+                     [shell = &shell_, &control] { shell->dispatch([&] { control.stepDown(); }); });
 }
 
 } // namespace tsl

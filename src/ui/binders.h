@@ -1,7 +1,8 @@
 #pragma once
 // Two-way bindings between the headless controls and their widgets. The control holds the
 // state and the rules; the widget shows it and hands the user's input back to it. Every
-// handler the user sets off runs through the shell's dispatcher.
+// handler the user sets off runs through the shell's dispatcher. A binder may be a local of
+// the code that builds a dialog: the bindings it makes do not refer to it.
 #include "gadgets/controls.h"
 #include <functional>
 
@@ -33,7 +34,6 @@ class Binder {
   private:
     // Enabled, Visible and focus requests, common to all controls.
     void common(Control& control, QWidget* widget);
-    void run(const std::function<void()>& handler);
     ShellMDI& shell_;
 };
 

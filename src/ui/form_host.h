@@ -19,7 +19,6 @@ class FormDialog : public QDialog {
     // What the window's close box does; the form's own Cancel by default of each view.
     std::function<void()> onCloseBox;
 
-  protected:
     void reject() override;
 
   private:

@@ -4,9 +4,11 @@
 namespace tsl {
 
 void buildOptionsView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildAboutView(Form& form, FormDialog& dialog, ShellMDI& shell);
 
 void registerFormViews(QtFormHost& host) {
     host.registerView(QStringLiteral("frmOptions"), buildOptionsView);
+    host.registerView(QStringLiteral("frmAbout"), buildAboutView);
 }
 
 } // namespace tsl

@@ -1,7 +1,9 @@
 // Start-up, the command line, the tag list pane's sizer, and exit.
 #include "editor/text_pane.h"
 #include "runtime/runtime_error.h"
+#include "shell/frm_about.h"
 #include "test_shell.h"
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace tsl;
@@ -211,6 +213,31 @@ class StartupTest : public QObject {
         QVERIFY(!ok);
         QCOMPARE(ts.platform.messageTexts(), QStringList{"Run-time error '6':\n\nOverflow"});
         QCOMPARE(ts->documents().size(), size_t(1));
+    }
+
+    void helpContentsOpensTheHelpFileBesideTheProgram() {
+        TestShell ts;
+        ts.load();
+        ts->menu(QStringLiteral("mnuHelpContents")).Click();
+        QCOMPARE(ts.platform.helpShown,
+                 QStringList{QStringLiteral("/opt/tessaline/tessaline.chm")});
+    }
+
+    void aboutGivesTheFocusBackToTheDocument() {
+        TestShell ts;
+        ts.load();
+        QSignalSpy focus(&ts.active(), &codeEditor::focusRequested);
+        bool opened = false;
+        ts.forms.then<frmAbout>([&](frmAbout& about) {
+            opened = about.Caption == QStringLiteral("About Tessaline");
+            about.OK.press();
+            QVERIFY(!about.isLoaded());
+        });
+        ts->menu(QStringLiteral("mnuHelpAbout")).Click();
+        QVERIFY(opened);
+        QCOMPARE(ts.forms.shown, QStringList{QStringLiteral("frmAbout")});
+        QCOMPARE(ts->CurrentDocument, &ts.active());
+        QCOMPARE(focus.count(), 1);
     }
 };
 
