@@ -29,7 +29,8 @@ int main(int argc, char* argv[]) {
     words.removeFirst();
     workbench.load(words.join(QLatin1Char(' ')));
 
-    splash.finish(&workbench.window());
+    // Shown before the splash goes: finishing on a window not yet on screen waits for it.
     workbench.window().show();
+    splash.finish(&workbench.window());
     return QApplication::exec();
 }
