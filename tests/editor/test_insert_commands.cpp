@@ -222,6 +222,34 @@ class InsertCommandsTest : public QObject {
         QCOMPARE(layoutOf(doc).pasted, QStringList{QStringLiteral("<p>")});
     }
 
+    // Without a caret step the step call first looks at the step below.
+    void stepCallLooksBelow_data() {
+        QTest::addColumn<QString>("item");
+        QTest::addColumn<QString>("result");
+        QTest::newRow("Paragraph") << "mnuInsertParagraph"
+                                   << "one <p>two three";
+        QTest::newRow("Line Break") << "mnuInsertBreak"
+                                    << "one <br>\ntwo three";
+        QTest::newRow("Comment") << "mnuInsertComment"
+                                 << "one <!--  -->two three";
+        QTest::newRow("Quote") << "mnuInsertQuote"
+                               << "one &quot;two three";
+        QTest::newRow("Space") << "mnuInsertSpace"
+                               << "one &nbsp;two three";
+    }
+    void stepCallLooksBelow() {
+        QFETCH(QString, item);
+        QFETCH(QString, result);
+        TestShell ts;
+        codeEditor& doc = documentWith(ts, result);
+        doc.codebox().setText(kText);
+        doc.codebox().setSelStart(4);
+        doc.AddStep();
+        click(ts, item);
+        QCOMPARE(doc.codebox().Text(), result);
+        QCOMPARE(doc.nDoneIndex, Int16(2));
+    }
+
     void lineBreakWritesALineFeedAlone() {
         TestShell ts;
         codeEditor& doc = documentWith(ts, kText);

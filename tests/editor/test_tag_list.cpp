@@ -252,6 +252,21 @@ class TagListTest : public QObject {
         QCOMPARE(doc.codebox().SelStart(), 4);
     }
 
+    // A selection saved in the step below gives way to a caret just inside the dropped tag.
+    void dropOverSavedSelection() {
+        TestShell ts;
+        codeEditor& doc = documentAndNode(ts, 31, 0);
+        doc.Steps[1].SelLen = 3;
+        QString data;
+        ts->tvwTags_OLEStartDrag(data);
+        doc.codebox().setSelStart(4);
+        doc.codebox().setSelText(data);
+        QCOMPARE(doc.Steps[1].SelLen, 0);
+        QCOMPARE(doc.Steps[1].SelStart, 9);
+        doc.Undo();
+        QCOMPARE(doc.codebox().SelLength(), 0);
+    }
+
     void refusedDropLeavesTheCaret() {
         TestShell ts;
         codeEditor& doc = documentAndNode(ts, 31, 6);
