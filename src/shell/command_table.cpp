@@ -57,7 +57,9 @@ void ShellMDI::buildMenus() {
     addMenu(preview, S("mnuFilePrevSec"), S("Secondary Browser"), S(), later);
     addSeparator(file, S("sepa"));
     for (int i = 0; i < 4; ++i)
-        addMenu(file, S("mnuFileMRU(%1)").arg(i), S(), S(), later)->setVisible(false);
+        addMenu(file, S("mnuFileMRU(%1)").arg(i), S(), S(), [this, i] {
+            mnuFileMRU_Click(i);
+        })->setVisible(false);
     addSeparator(file, S("mnuFileBar6"));
     menu(S("mnuFileBar6")).setVisible(false);
     addMenu(file, S("mnuFileExit"), S("E&xit"), S(), [this] { mnuFileExit_Click(); });
@@ -99,7 +101,7 @@ void ShellMDI::buildMenus() {
     addSeparator(insert, S("nsep"));
     addMenu(insert, S("mnuInsertFrames"), S("F&rameset"), S(), later);
     addMenu(insert, S("mnuInsertBullet"), S("&List"), S(), later);
-    addMenu(insert, S("mnuInsertTable"), S("&Table"), S(), later);
+    addMenu(insert, S("mnuInsertTable"), S("&Table"), S(), [this] { mnuInsertTable_Click(); });
     addSeparator(insert, S("fjiawoio"));
     addMenu(insert, S("mnuInsertBreak"), S("&Line Break"), S(), [this] { mnuInsertBreak_Click(); });
     addMenu(insert, S("mnuInsertParagraph"), S("&Paragraph"), S(),

@@ -167,9 +167,4 @@ void ShellMDI::setPasteEnabled(bool on) {
     menu(QStringLiteral("mnuEditPaste")).setEnabled(on);
 }
 
-// ---- seams that later commands fill in ----
-
-void ShellMDI::AddRecentFile(const QString&, const QString&) {}
-void ShellMDI::LoadRecentFiles() {}
-
 } // namespace tsl

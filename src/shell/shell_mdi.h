@@ -1,6 +1,7 @@
 #pragma once
 // The main window as the logic sees it: it owns the documents, the shared flags, the menus,
 // the document tab strip and the shared file dialog. Handlers keep their names.
+#include "dialogs/table_chooser.h"
 #include "gadgets/controls.h"
 #include "gadgets/form.h"
 #include "gadgets/menu_item.h"
@@ -211,6 +212,22 @@ class ShellMDI : public QObject {
     void LoadRecentFiles();
     void EnableDocumentCommands();
     void DisableDocumentCommands();
+
+    // The recent file items and their menu pictures (nMenuIconCount images to pick from).
+    void mnuFileMRU_Click(int index);
+    QString FileTitleFromPath(const QString& path);
+    bool ctlPopMenu_RequestNewMenuDetails(const QString& caption, QString& key, int& icon);
+    int nMenuIconCount = 0;
+    double Rnd();
+    quint32 nRndState = 327680;
+    // Links relative to the active document for the dialogs' browse buttons.
+    void RelativePath(CommonDialog& dialog, TextBox& target);
+    QString txtTemp1;
+    QString txtTemp2;
+    bool bRelativeUp = false;
+    // Tables: the Insert Table dialog and the drop-down chooser.
+    void mnuInsertTable_Click();
+    TableChooser tableChooser{*this};
 
     // Drawing freeze around window creation; nests.
     void LockWindowUpdate(bool freeze);

@@ -191,6 +191,12 @@ void ShellMDI::tbrTags_ButtonClick(int index) {
     case 19:
         mnuTagsBlock_Click();
         break;
+    case 21:
+        mnuInsertTable_Click();
+        break;
+    case 22:
+        tableChooser.ShowAtButton(tbrTags.name(), 22, TableChooser::MainToolbar);
+        break;
     case 24:
         mnuInsertParagraph_Click();
         break;
