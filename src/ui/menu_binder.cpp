@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 
 namespace tsl {
 
@@ -27,6 +28,19 @@ QIcon letterIcon(const QString& toolTip, int size) {
         if (letters.size() < 2 && word.at(0).isLetterOrNumber()) letters += word.at(0);
     painter.drawText(pixmap.rect(), Qt::AlignCenter, letters);
     return QIcon(pixmap);
+}
+
+// One image of a strip drawn at `scale` times the button size. A copy smoothed down to the
+// button size goes with it for screens of scale 1, where Qt would otherwise shrink it each time.
+QIcon stripIcon(const QPixmap& strip, int image, int cell, int scale) {
+    const QPixmap pixels = strip.copy(image * cell, 0, cell, cell);
+    QPixmap sharp = pixels;
+    sharp.setDevicePixelRatio(scale);
+    QIcon icon(sharp);
+    if (scale > 1)
+        icon.addPixmap(pixels.scaled(cell / scale, cell / scale, Qt::IgnoreAspectRatio,
+                                     Qt::SmoothTransformation));
+    return icon;
 }
 } // namespace
 
@@ -79,8 +93,11 @@ void MenuBinder::addNodes(QMenu* menu, const std::vector<MenuNode>& nodes) {
         }
         action->setObjectName(item->name());
         const bool separator = item->isSeparator();
-        const auto update = [item, action, separator] {
+        const auto iconFor = iconForKey;
+        const auto update = [item, action, separator, iconFor] {
             if (!separator) {
+                if (iconFor && !item->iconKey().isEmpty())
+                    action->setIcon(iconFor(item->iconKey()));
                 action->setText(item->Caption());
                 action->setEnabled(item->Enabled());
                 if (item->Checked()) action->setCheckable(true);
@@ -100,6 +117,10 @@ QToolBar* MenuBinder::buildToolBar(cToolbar& model, const QString& title,
     const int size = model.imageSize();
     bar->setIconSize(QSize(size, size));
     const QPixmap strip(programFolder + QLatin1Char('/') + model.ImageFile);
+    // Strips are drawn at a multiple of the button size for high-density screens; the height
+    // tells which.
+    const int scale = strip.isNull() ? 1 : std::max(1, strip.height() / size);
+    const int cell = size * scale;
     for (int i = 0; i < model.ButtonCount(); ++i) {
         const cToolbar::Button& button = model.button(i);
         QAction* action = nullptr;
@@ -107,14 +128,17 @@ QToolBar* MenuBinder::buildToolBar(cToolbar& model, const QString& title,
             action = bar->addSeparator();
         } else {
             const bool inStrip =
-                !strip.isNull() && button.image >= 0 && (button.image + 1) * size <= strip.width();
-            const QIcon icon = inStrip ? QIcon(strip.copy(button.image * size, 0, size, size))
+                !strip.isNull() && button.image >= 0 && (button.image + 1) * cell <= strip.width();
+            const QIcon icon = inStrip ? stripIcon(strip, button.image, cell, scale)
                                        : letterIcon(button.toolTip, size);
             action = bar->addAction(icon, button.toolTip);
             action->setToolTip(button.toolTip);
             action->setCheckable(button.style == cToolbar::Check);
-            QObject::connect(action, &QAction::triggered, bar,
-                             [this, &model, i] { shell_.dispatch([&] { model.press(i); }); });
+            QObject::connect(action, &QAction::triggered, bar, [this, &model, i, action] {
+                shell_.dispatch([&] { model.press(i); });
+                // Qt turned the pressed state over on its own; the model's state stands.
+                if (action->isCheckable()) action->setChecked(model.button(i).checked);
+            });
             if (button.style == cToolbar::DropDown) {
                 // The arrow beside the button asks the model for its menu.
                 auto* arrowMenu = new QMenu(bar);
@@ -134,6 +158,8 @@ QToolBar* MenuBinder::buildToolBar(cToolbar& model, const QString& title,
             const cToolbar::Button& b = model.button(i);
             action->setEnabled(b.enabled);
             action->setVisible(b.visible);
+            // Any button can be shown pressed (Bold in Layout view, for one).
+            if (b.checked && !action->isCheckable()) action->setCheckable(true);
             if (action->isCheckable()) action->setChecked(b.checked);
         };
         update();
