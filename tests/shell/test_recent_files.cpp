@@ -1,0 +1,223 @@
+// The recent file list: settings to menu, moving an entry up, opening an entry, its failures,
+// file titles and the pictures of the entries.
+#include "test_shell.h"
+#include <QTest>
+
+using namespace tsl;
+using namespace tsl::test;
+
+namespace {
+const QString kSection = QStringLiteral("Recent File List");
+const QStringList kKeys = {"1stRecentFile", "2ndRecentFile", "3rdRecentFile", "4thRecentFile"};
+
+void storeList(SettingsStore& settings, const QStringList& paths) {
+    for (int i = 0; i < paths.size(); ++i)
+        settings.save(kSection, kKeys.at(i), paths.at(i));
+}
+
+QStringList storedList(const SettingsStore& settings) {
+    QStringList paths;
+    for (const QString& key : kKeys)
+        paths.append(settings.get(kSection, key));
+    return paths;
+}
+
+QStringList captions(ShellMDI& shell) {
+    QStringList shown;
+    for (int i = 0; i < 4; ++i) {
+        const MenuItem& item = shell.menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
+        if (item.Visible()) shown.append(item.Caption());
+    }
+    return shown;
+}
+} // namespace
+
+class RecentFilesTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void nothingStoredLeavesTheItemsHidden() {
+        TestShell ts;
+        ts.load();
+        QVERIFY(captions(*ts).isEmpty());
+        QVERIFY(!ts->menu("mnuFileBar6").Visible());
+    }
+
+    void storedEntriesShowInOrderUpToTheFirstEmpty() {
+        TestShell ts;
+        storeList(ts.settings, {"/w/a.htm", "/w/b.htm", "", "/w/d.htm"});
+        ts.load();
+        QCOMPARE(captions(*ts), (QStringList{"/w/a.htm", "/w/b.htm"}));
+        QVERIFY(ts->menu("mnuFileBar6").Visible());
+    }
+
+    void anEmptyFirstEntryShowsNothing() {
+        TestShell ts;
+        storeList(ts.settings, {"", "/w/b.htm"});
+        ts.load();
+        QVERIFY(captions(*ts).isEmpty());
+        QVERIFY(!ts->menu("mnuFileBar6").Visible());
+    }
+
+    void addingAPath_data() {
+        QTest::addColumn<QStringList>("before");
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QStringList>("after");
+        const QStringList four = {"/w/A.htm", "/w/B.htm", "/w/C.htm", "/w/D.htm"};
+        QTest::newRow("first entry") << four << "/w/A.htm" << four;
+        QTest::newRow("second entry")
+            << four << "/w/B.htm" << QStringList{"/w/B.htm", "/w/A.htm", "/w/C.htm", "/w/D.htm"};
+        QTest::newRow("third entry")
+            << four << "/w/C.htm" << QStringList{"/w/C.htm", "/w/A.htm", "/w/B.htm", "/w/D.htm"};
+        QTest::newRow("fourth entry")
+            << four << "/w/D.htm" << QStringList{"/w/D.htm", "/w/A.htm", "/w/B.htm", "/w/C.htm"};
+        QTest::newRow("new path, the oldest falls off")
+            << four << "/w/E.htm" << QStringList{"/w/E.htm", "/w/A.htm", "/w/B.htm", "/w/C.htm"};
+        QTest::newRow("a hit keeps the entry's spelling")
+            << four << "/W/b.HTM" << QStringList{"/w/B.htm", "/w/A.htm", "/w/C.htm", "/w/D.htm"};
+        QTest::newRow("into a short list")
+            << QStringList{"/w/A.htm"} << "/w/E.htm" << QStringList{"/w/E.htm", "/w/A.htm", "", ""};
+    }
+    void addingAPath() {
+        QFETCH(QStringList, before);
+        QFETCH(QString, path);
+        QFETCH(QStringList, after);
+        TestShell ts;
+        storeList(ts.settings, before);
+        ts.load();
+        ts->AddRecentFile(path, QStringLiteral("ignored"));
+        QCOMPARE(storedList(ts.settings), after);
+        QStringList shown = after;
+        shown.removeAll(QString());
+        QCOMPARE(captions(*ts), shown);
+    }
+
+    void theFirstEntryAgainWritesNothing() {
+        TestShell ts;
+        storeList(ts.settings, {"/w/A.htm", "/w/B.htm"});
+        ts.load();
+        const int writes = ts.settings.writeCount();
+        ts->AddRecentFile(QStringLiteral("/W/a.htm"), QString());
+        QCOMPARE(ts.settings.writeCount(), writes);
+    }
+
+    void openingAnEntry() {
+        QTemporaryDir dir;
+        const QString other = writeFile(dir, "other.htm", "x");
+        const QString style = writeFile(dir, "site.css", "body {}");
+        TestShell ts;
+        storeList(ts.settings, {other, style});
+        ts.load();
+        ts->mnuFileMRU_Click(1);
+        codeEditor& doc = ts.active();
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("body {}"));
+        QCOMPARE(doc.Caption(), style);
+        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QCOMPARE(doc.txtFileTitle, QStringLiteral("site.css"));
+        QCOMPARE(doc.txtFileName, style);
+        QCOMPARE(doc.CSSDoc, QStringLiteral("Yes"));
+        // The untouched first document made way; the next file dialog starts in the folder.
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QCOMPARE(ts->OpenSave.InitDir, dir.path() + QLatin1Char('/'));
+        QCOMPARE(ts->TabStrip1.count(), 1);
+        QCOMPARE(ts->TabStrip1.tab(0).Key, style);
+        QCOMPARE(ts->TabStrip1.tab(0).Caption, QStringLiteral("site.css"));
+        QCOMPARE(ts->TabStrip1.selectedIndex(), 0);
+        QCOMPARE(storedList(ts.settings), (QStringList{style, other, "", ""}));
+        QVERIFY(ts.platform.messages.isEmpty());
+    }
+
+    void anUpperCaseCssEndingIsNoStyleSheet() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "SITE.CSS", "x");
+        TestShell ts;
+        storeList(ts.settings, {path});
+        ts.load();
+        ts->mnuFileMRU_Click(0);
+        QCOMPARE(ts.active().CSSDoc, QStringLiteral("No"));
+    }
+
+    void anOpenEntryIsNotOpenedTwice() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "a.htm", "x");
+        TestShell ts;
+        storeList(ts.settings, {path});
+        ts.load();
+        ts->mnuFileMRU_Click(0);
+        ts->mnuFileMRU_Click(0);
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QCOMPARE(ts.platform.messages.size(), 1);
+        QCOMPARE(ts.platform.messages[0].text, QStringLiteral("File is already open."));
+        QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
+        QVERIFY(!ts->bFileAlreadyOpen);
+    }
+
+    void aMissingFileLeavesTheListAndNoWindow() {
+        TestShell ts;
+        storeList(ts.settings, {"/nowhere/a.htm", "/nowhere/gone.htm"});
+        ts.load();
+        ts.active().codebox().setSelText(QStringLiteral("typed"));
+        for (int click = 0; click < 2; ++click) {
+            ts->mnuFileMRU_Click(1);
+            QCOMPARE(ts.platform.messages.size(), click + 1);
+            QCOMPARE(ts.platform.messages.last().text, QStringLiteral("File could not be found."));
+            QCOMPARE(ts.platform.messages.last().icon, MsgIcon::Critical);
+        }
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(ts->TabStrip1.count(), 1);
+        QCOMPARE(storedList(ts.settings),
+                 (QStringList{"/nowhere/a.htm", "/nowhere/gone.htm", "", ""}));
+    }
+
+    void fileTitles_data() {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("title");
+        QTest::newRow("folder") << "/home/me/site/index.htm"
+                                << "index.htm";
+        QTest::newRow("no folder") << "index.htm"
+                                   << "index.htm";
+        QTest::newRow("a backslash is part of the name") << "/w/a\\b.htm"
+                                                         << "a\\b.htm";
+    }
+    void fileTitles() {
+        QFETCH(QString, path);
+        QFETCH(QString, title);
+        TestShell ts;
+        QCOMPARE(ts->FileTitleFromPath(path), title);
+    }
+
+    void entriesBelowTheFirstGetAPicture() {
+        TestShell ts;
+        storeList(ts.settings, {"/w/A.htm", "/w/B.htm", "/w/C.htm"});
+        ts.load();
+        ts->nMenuIconCount = 26;
+        QString key = QStringLiteral("unchanged");
+        int icon = -7;
+        QVERIFY(!ts->ctlPopMenu_RequestNewMenuDetails(QStringLiteral("/w/A.htm"), key, icon));
+        QVERIFY(!ts->ctlPopMenu_RequestNewMenuDetails(QStringLiteral("/w/a.htm"), key, icon));
+        QCOMPARE(key, QStringLiteral("unchanged"));
+        QList<int> pictures;
+        for (int round = 0; round < 20; ++round) {
+            QVERIFY(ts->ctlPopMenu_RequestNewMenuDetails(QStringLiteral("/w/C.htm"), key, icon));
+            QCOMPARE(key, QStringLiteral("mnuFile(2)"));
+            QVERIFY(icon >= -1 && icon <= 25);
+            pictures.append(icon);
+        }
+        // The picture changes from menu to menu, and every run shows the same pictures.
+        QVERIFY(pictures.count(pictures.first()) < pictures.size());
+        TestShell again;
+        storeList(again.settings, {"/w/A.htm", "/w/B.htm", "/w/C.htm"});
+        again.load();
+        again->nMenuIconCount = 26;
+        QList<int> repeated;
+        for (int round = 0; round < 20; ++round) {
+            again->ctlPopMenu_RequestNewMenuDetails(QStringLiteral("/w/C.htm"), key, icon);
+            repeated.append(icon);
+        }
+        QCOMPARE(repeated, pictures);
+    }
+};
+
+QTEST_GUILESS_MAIN(RecentFilesTest)
+#include "test_recent_files.moc"
