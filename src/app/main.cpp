@@ -6,8 +6,11 @@
 #include "ui/workbench.h"
 #include <QApplication>
 #include <QSplashScreen>
+#include <unistd.h>
 
 int main(int argc, char* argv[]) {
+    // The browser engine refuses to start its sandbox for the superuser.
+    if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     // The browser views, made later on demand, share their graphics contexts.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication app(argc, argv);

@@ -1,4 +1,5 @@
 #include "editor/surfaces.h"
+#include "runtime/runtime_error.h"
 
 namespace tsl {
 
@@ -33,8 +34,13 @@ void SourcePane::LoadFile(const QString& path, int) {
 }
 
 void SourcePane::SaveFile(const QString& path, int) {
+    // The name stays: a copy such as the preview file must not rebind the document.
     writeFileBytes(path, encodeText(Text(), format_));
-    fileName_ = path;
+}
+
+void DetachedBrowser::history(const QString& call) {
+    calls.append(call);
+    if (!hasHistory) raise(ErrInvalidProcedureCall, QStringLiteral("Unspecified error"));
 }
 
 } // namespace tsl

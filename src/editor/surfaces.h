@@ -2,6 +2,7 @@
 // What the logic needs of the three panes of a document. The view supplies real ones; the
 // logic's own TextPane serves the hidden work areas and the tests.
 #include "editor/text_file.h"
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -66,21 +67,44 @@ class SourcePane {
     int indent_ = 0;
 };
 
-// The Layout surface as the file commands see it. The editing surface proper arrives with
-// the view switch; until a document has shown Layout it holds no page.
+// The Layout surface: an editing surface that works on a copy of the page. It keeps its own
+// history and rewrites the page into HTML text on demand.
 class LayoutSurface {
   public:
     virtual ~LayoutSurface() = default;
     virtual QString DocumentHTML() const = 0;
     virtual void setDocumentHTML(const QString& html) = 0;
+    // The folder that relative addresses of the page resolve against.
+    virtual QString BaseURL() const { return baseUrl_; }
+    virtual void setBaseURL(const QString& folder) { baseUrl_ = folder; }
     virtual bool IsDirty() const = 0;
     virtual bool Visible() const = 0;
     virtual void setVisible(bool on) = 0;
+    // Table cells drawn with a border even where the page has none.
+    virtual bool ShowBorders() const { return showBorders_; }
+    virtual void setShowBorders(bool on) { showBorders_ = on; }
+    // Empties the surface.
+    virtual void NewDocument() { setDocumentHTML(QString()); }
     virtual void SetFocus() {}
-    // Runs an editing command of the surface by its published id; option 2: no prompt.
-    virtual void ExecCommand(int id, int option = 0, const QString& value = QString()) = 0;
+    // Runs an editing command of the surface by its published id; option 2: no prompt. The
+    // commands that read a value (block format, font name, font size) answer it.
+    virtual QString ExecCommand(int id, int option = 0, const QString& value = QString()) = 0;
+    // The state of a command: 0 not supported, 1 disabled, 3 enabled, 7 latched, 11 mixed.
+    enum Status { NotSupported = 0, Disabled = 1, Enabled = 3, Latched = 7, Ninched = 11 };
+    virtual int QueryStatus(int id) const = 0;
     // Replaces the surface's selection by markup.
     virtual void pasteHTML(const QString& markup) = 0;
+    // Raised at each change of caret or content.
+    std::function<void()> DisplayChanged;
+
+  protected:
+    void raiseDisplayChanged() {
+        if (DisplayChanged) DisplayChanged();
+    }
+
+  private:
+    QString baseUrl_;
+    bool showBorders_ = true;
 };
 
 // The ids of the surface's editing commands that the program sends.
@@ -89,12 +113,22 @@ enum Id {
     Bold = 5000,
     Copy = 5002,
     Cut = 5003,
+    DeleteCells = 5005,
+    DeleteColumns = 5006,
+    DeleteRows = 5007,
     FontDialog = 5009,
+    GetBlockFormat = 5011,
+    GetFontName = 5013,
+    GetFontSize = 5014,
+    Hyperlink = 5016,
     Indent = 5018,
+    InsertColumn = 5020,
+    InsertRow = 5021,
     Italic = 5023,
     JustifyCenter = 5024,
     JustifyLeft = 5025,
     JustifyRight = 5026,
+    MergeCells = 5029,
     OrderedList = 5030,
     Outdent = 5031,
     Paste = 5032,
@@ -105,13 +139,15 @@ enum Id {
     SetFontName = 5044,
     SetFontSize = 5045,
     SetForeColor = 5046,
+    SplitCell = 5047,
     Underline = 5048,
     Undo = 5049,
     UnorderedList = 5051,
 };
 } // namespace layoutcmd
 
-// A Layout surface without an engine: it keeps the page it was given.
+// A Layout surface without an engine: it keeps the page it was given, records the commands
+// sent to it, and answers the states a test gives it.
 class DetachedLayout : public LayoutSurface {
   public:
     QString DocumentHTML() const override { return html_; }
@@ -120,10 +156,15 @@ class DetachedLayout : public LayoutSurface {
         dirty_ = false;
     }
     bool IsDirty() const override { return dirty_; }
+    // An edit made on the surface by the user.
+    void edit(const QString& html) {
+        html_ = html;
+        dirty_ = true;
+        raiseDisplayChanged();
+    }
     void markDirty() { dirty_ = true; }
     bool Visible() const override { return visible_; }
     void setVisible(bool on) override { visible_ = on; }
-    // Without an engine the commands are only recorded.
     struct Command {
         int id;
         int option;
@@ -132,15 +173,62 @@ class DetachedLayout : public LayoutSurface {
     QList<Command> commands;
     QStringList pasted;
     int focusCount = 0;
-    void ExecCommand(int id, int option, const QString& value) override {
+    int newDocuments = 0;
+    QHash<int, int> statuses;   // QueryStatus answers; 0 for a command not listed
+    QHash<int, QString> values; // answers of the commands that read a value
+    QString ExecCommand(int id, int option, const QString& value) override {
         commands.append({id, option, value});
+        return values.value(id);
     }
+    int QueryStatus(int id) const override { return statuses.value(id, NotSupported); }
     void pasteHTML(const QString& markup) override { pasted.append(markup); }
     void SetFocus() override { ++focusCount; }
+    void NewDocument() override {
+        ++newDocuments;
+        setDocumentHTML(QString());
+    }
 
   private:
     QString html_;
     bool dirty_ = false;
+    bool visible_ = false;
+};
+
+// The browser of the Preview view: it shows a file by its path.
+class BrowserSurface {
+  public:
+    virtual ~BrowserSurface() = default;
+    virtual void Navigate(const QString& path) = 0;
+    virtual void GoBack() = 0;
+    virtual void GoForward() = 0;
+    virtual void Stop() = 0;
+    virtual void Refresh() = 0;
+    virtual bool Visible() const = 0;
+    virtual void setVisible(bool on) = 0;
+    // Raised before the browser goes to a new address.
+    std::function<void()> BeforeNavigate2;
+};
+
+// A browser without an engine: it remembers where it was sent.
+class DetachedBrowser : public BrowserSurface {
+  public:
+    QStringList navigated;
+    QStringList calls;
+    // Going back or forward with no history is an error of the browser.
+    bool hasHistory = false;
+    void Navigate(const QString& path) override {
+        navigated.append(path);
+        if (BeforeNavigate2) BeforeNavigate2();
+    }
+    void GoBack() override { history(QStringLiteral("GoBack")); }
+    void GoForward() override { history(QStringLiteral("GoForward")); }
+    void Stop() override { calls.append(QStringLiteral("Stop")); }
+    void Refresh() override { calls.append(QStringLiteral("Refresh")); }
+    bool Visible() const override { return visible_; }
+    void setVisible(bool on) override { visible_ = on; }
+
+  private:
+    void history(const QString& call);
     bool visible_ = false;
 };
 
@@ -150,6 +238,9 @@ class SurfaceFactory {
     virtual ~SurfaceFactory() = default;
     virtual std::unique_ptr<SourcePane> createSourcePane() = 0;
     virtual std::unique_ptr<LayoutSurface> createLayoutSurface() = 0;
+    virtual std::unique_ptr<BrowserSurface> createBrowser() {
+        return std::make_unique<DetachedBrowser>();
+    }
 };
 
 } // namespace tsl

@@ -1,4 +1,5 @@
 #include "shell/code_editor.h"
+#include "editor/shared_commands.h"
 #include "runtime/resume.h"
 #include "shell/shell_mdi.h"
 #include "shell/skeletons.h"
@@ -6,13 +7,19 @@
 namespace tsl {
 
 codeEditor::codeEditor(ShellMDI& shell, std::unique_ptr<SourcePane> codebox,
-                       std::unique_ptr<LayoutSurface> layout)
-    : shell_(shell), codebox_(std::move(codebox)), layout_(std::move(layout)) {
+                       std::unique_ptr<LayoutSurface> layout,
+                       std::unique_ptr<BrowserSurface> browser)
+    : cdColor(shell.platform()), shell_(shell), codebox_(std::move(codebox)),
+      layout_(std::move(layout)),
+      browser_(browser ? std::move(browser) : std::make_unique<DetachedBrowser>()) {
     codebox_->Change = [this] { codebox_Change(); };
+    buildViews();
 }
 
 codeEditor::~codeEditor() {
     codebox_->Change = nullptr;
+    layout_->DisplayChanged = nullptr;
+    browser_->BeforeNavigate2 = nullptr;
 }
 
 void codeEditor::setCaption(const QString& caption) {
@@ -63,6 +70,42 @@ void codeEditor::Form_Activate() {
         shell_.bSelectingTab = false;
     }
     updateUndoRedoState();
+
+    // The commands by the kind of document and its selected view (Part 1.5).
+    const bool selection = codebox_->SelLength() > 0;
+    if (CSSDoc == QLatin1String("Yes")) {
+        shell_.SetCssCommandState();
+    } else {
+        shell_.SetHtmlCommandState();
+        cToolbar& main = shell_.tbrMain;
+        switch (SelectedTab) {
+        case 2: // Layout
+            shell_.bLayoutActive = true;
+            shell_.EnableDocumentCommands();
+            main.setButtonEnabled(22, false);
+            shell_.tbrTags.setButtonEnabled(18, false);
+            break;
+        case 3: // Preview: only print and preview remain
+            shell_.DisableDocumentCommands();
+            setUndoCommand(shell_, false);
+            setRedoCommand(shell_, false);
+            main.setButtonEnabled(5, true);
+            main.setButtonEnabled(14, true);
+            shell_.menu(QStringLiteral("mnuFilePrint")).setEnabled(true);
+            shell_.menu(QStringLiteral("mnuFilePreview")).setEnabled(true);
+            return;
+        default: // Source
+            shell_.EnableDocumentCommands();
+            shell_.bLayoutActive = false;
+            shell_.tbrTags.setButtonEnabled(18, true);
+            main.setButtonEnabled(19, true);
+            main.setButtonEnabled(20, true);
+            setCutCopyCommands(shell_, selection);
+            if (shell_.platform().clipboardText().isEmpty()) setPasteCommand(shell_, false);
+            break;
+        }
+    }
+    setCutCopyCommands(shell_, selection);
 }
 
 void codeEditor::Show() {

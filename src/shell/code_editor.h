@@ -1,6 +1,10 @@
 #pragma once
 // One document window: its identity fields, its panes and its life-cycle handlers.
 #include "editor/surfaces.h"
+#include "gadgets/controls.h"
+#include "gadgets/tab_control.h"
+#include "gadgets/toolbar.h"
+#include "platform/common_dialog.h"
 #include "runtime/int16.h"
 #include <QObject>
 #include <QString>
@@ -58,7 +62,8 @@ class codeEditor : public QObject {
     Q_OBJECT
   public:
     codeEditor(ShellMDI& shell, std::unique_ptr<SourcePane> codebox,
-               std::unique_ptr<LayoutSurface> layout);
+               std::unique_ptr<LayoutSurface> layout,
+               std::unique_ptr<BrowserSurface> browser = nullptr);
     ~codeEditor() override;
 
     // Identity. An untitled window keeps the label's design text "Label2" as its title.
@@ -73,6 +78,7 @@ class codeEditor : public QObject {
 
     SourcePane& codebox() const { return *codebox_; }
     LayoutSurface& DHTMLEdit1() const { return *layout_; }
+    BrowserSurface& WebBrowser1() const { return *browser_; }
 
     bool isShown() const { return shown_; }
     bool isLoaded() const { return loaded_; }
@@ -120,6 +126,25 @@ class codeEditor : public QObject {
     // The selected view of the window: 1 Source, 2 Layout, 3 Preview.
     int SelectedTab = 1;
 
+    // The three views and the tool strips above the two surfaces.
+    TabControl tabEditor{QStringLiteral("tabEditor")};
+    ComboBox cmbStyles{QStringLiteral("cmbStyles")};
+    ComboBox cmbFonts{QStringLiteral("cmbFonts")};
+    ComboBox cmbFontSize{QStringLiteral("cmbFontSize")};
+    cToolbar tbrLayout{QStringLiteral("tbrLayout")};
+    cToolbar tbrTable{QStringLiteral("tbrTable")};
+    cToolbar tbrWebBrowser{QStringLiteral("tbrWebBrowser")};
+    CommonDialog cdColor;
+    void tabEditor_TabClick();
+    void DHTMLEdit1_DisplayChanged();
+    void cmbStyles_Click();
+    void cmbFonts_Click();
+    void cmbFontSize_Click();
+    void tbrLayout_ButtonClick(int index);
+    void tbrTable_ButtonClick(int index);
+    void tbrWebBrowser_ButtonClick(int index);
+    void WebBrowser1_BeforeNavigate2();
+
     // Window operations.
     void Show();
     void SetFocus();
@@ -133,12 +158,18 @@ class codeEditor : public QObject {
 
   private:
     friend class ShellMDI;
+    void buildViews();
+    void toSource();
+    void toLayout();
+    void toPreview();
+    void showTempFile(const QString& folder);
     void askToSave(int& cancel, bool fromLayout);
     void overwriteCurrentStep();
 
     ShellMDI& shell_;
     std::unique_ptr<SourcePane> codebox_;
     std::unique_ptr<LayoutSurface> layout_;
+    std::unique_ptr<BrowserSurface> browser_;
     QString caption_ = QStringLiteral("codeEditor");
     bool shown_ = false;
     bool loaded_ = true;

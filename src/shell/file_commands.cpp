@@ -33,7 +33,7 @@ void ShellMDI::newDocument(bool html) {
     ++nDocumentCount;
     bNewIsHtml = html;
     auto window = std::make_unique<codeEditor>(*this, surfaces_.createSourcePane(),
-                                               surfaces_.createLayoutSurface());
+                                               surfaces_.createLayoutSurface(), surfaces_.createBrowser());
     codeEditor* doc = window.get();
     owned_.push_back(std::move(window));
     NewDocWindow = doc;
@@ -53,7 +53,7 @@ void ShellMDI::newDocument(bool html) {
 
 codeEditor* ShellMDI::OpenDocumentWindow(const QString& path) {
     auto window = std::make_unique<codeEditor>(*this, surfaces_.createSourcePane(),
-                                               surfaces_.createLayoutSurface());
+                                               surfaces_.createLayoutSurface(), surfaces_.createBrowser());
     codeEditor* doc = window.get();
     owned_.push_back(std::move(window));
     NewDocWindow = doc;

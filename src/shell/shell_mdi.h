@@ -5,6 +5,7 @@
 #include "gadgets/controls.h"
 #include "gadgets/form.h"
 #include "gadgets/menu_item.h"
+#include "gadgets/rebar.h"
 #include "gadgets/tab_strip.h"
 #include "gadgets/toolbar.h"
 #include "platform/common_dialog.h"
@@ -70,6 +71,8 @@ class ShellMDI : public QObject {
     codeEditor* CurrentDocument = nullptr;
     codeEditor* NewDocWindow = nullptr;
     QStringList FontNames;
+    // The folder of the active document, with its separator, as the last view switch found it.
+    QString sDocFolder;
     QString sSecondaryBrowser;
 
     CommonDialog OpenSave;
@@ -79,6 +82,27 @@ class ShellMDI : public QObject {
     void tbrMain_ButtonClick(int index);
     void tbrTags_ButtonClick(int index);
     TabStrip TabStrip1{QStringLiteral("TabStrip1")};
+    // ---- command table, toolbars and bands (Parts 1.5, 8.1) ----
+    // The band strip: band 0 "Toolbar1" holds tbrMain, 1 "Toolbar2" tbrTags, 2 "Toolbar3"
+    // tbrForms. The view shows the toolbars as the bands say.
+    cReBar cReBar1{QStringLiteral("cReBar1")};
+    enum BandIndex { BandStandard = 0, BandTags = 1, BandForms = 2 };
+    void tbrForms_ButtonClick(int index);
+    // The field kind a forms toolbar button presets in frmForm; empty for the others.
+    static QString FormsButtonKind(int index);
+    void mnuViewStdTlb_Click();
+    void mnuViewFmtTlb_Click();
+    void mnuViewForms_Click();
+    void SetCssCommandState();
+    void SetHtmlCommandState();
+    // Menu icons: the key of a picture given to a menu item, and the 26 pairs (key, item) in
+    // the order they are handed out at start-up.
+    void SetMenuIcon(const QString& key, const QString& item);
+    static const std::vector<std::pair<QString, QString>>& MenuIconPairs();
+    // The OpenSave.FilterIndex entries: HTML first, CSS second.
+    static constexpr int kHtmlFilterIndex = 1;
+    static constexpr int kCssFilterIndex = 2;
+    // ---- end of command table ----
     ListBox List1{QStringLiteral("List1")};
 
     // The tag list pane and its sizer, in twips.
@@ -251,6 +275,12 @@ class ShellMDI : public QObject {
   private:
     void buildMenus();
     void buildToolbars();
+    // Command table helpers: the bands, a view toggle, a menu item's handler run by a button,
+    // and the form component seam of the forms toolbar.
+    void buildBands();
+    void toggleBand(const QString& itemName, int band, bool& flag);
+    void runMenuClick(const QString& itemName);
+    void ShowFormComponent(const QString& kind);
     void setShortcutCaptions();
     void notAvailableYet();
     void wrap(const QString& open, const QString& close, bool addSelection, bool blockFlag);

@@ -1,5 +1,6 @@
 #include "ui/main_window.h"
 #include "shell/shell_mdi.h"
+#include "ui/document_view.h"
 #include "ui/source_editor.h"
 #include "ui/tag_pane.h"
 #include <QAction>
@@ -45,17 +46,16 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     const QString folder = shell.platform().applicationFolder();
     const QString titles[] = {QStringLiteral("Standard"), QStringLiteral("Formatting"),
                               QStringLiteral("Forms")};
-    cToolbar* models[] = {&shell.tbrMain, &shell.tbrTags, &shell.tbrForms};
+    // One toolbar per band of cReBar1, shown as the band says. The toolbars' own context menu
+    // offers the View commands (createPopupMenu), so the logic's flags stay the truth.
     for (int i = 0; i < 3; ++i) {
-        toolBars_[i] = menus_.buildToolBar(*models[i], titles[i], folder, this);
+        toolBars_[i] = menus_.buildToolBar(*shell.cReBar1.BandChild(i), titles[i], folder, this);
+        toolBars_[i]->setFloatable(false);
         addToolBar(Qt::TopToolBarArea, toolBars_[i]);
         if (i == 0) addToolBarBreak();
     }
-    // Hiding a band by its own menu is remembered like the View commands.
-    connect(toolBars_[0], &QToolBar::visibilityChanged, this,
-            [this](bool on) { shell_.bStandardToolbarOpen = on; });
-    connect(toolBars_[2], &QToolBar::visibilityChanged, this,
-            [this](bool on) { shell_.bFormsToolbarOpen = on; });
+    connect(&shell.cReBar1, &Control::changed, this, &ShellWindow::syncBands);
+    syncBands();
 
     auto* central = new QWidget(this);
     auto* row = new QHBoxLayout(central);
@@ -136,10 +136,25 @@ int ShellWindow::pixels(int twips) const {
 }
 
 void ShellWindow::applyViewState() {
-    toolBars_[0]->setVisible(shell_.bStandardToolbarOpen);
-    toolBars_[1]->setVisible(shell_.bTagsToolbarOpen);
-    toolBars_[2]->setVisible(shell_.bFormsToolbarOpen);
+    syncBands();
     syncPane();
+}
+
+void ShellWindow::syncBands() {
+    const cReBar& bands = shell_.cReBar1;
+    for (int i = 0; i < 3; ++i)
+        toolBars_[i]->setVisible(bands.BandVisible(i));
+}
+
+QMenu* ShellWindow::createPopupMenu() {
+    // Right-clicking the toolbars offers the View menu's own items: a toolbar is hidden the
+    // way the View menu hides it, and the flags follow.
+    QMenu* view = menus_.menuNamed(QStringLiteral("mnuView"));
+    if (!view) return nullptr;
+    auto* popup = new QMenu(this);
+    popup->setObjectName(QStringLiteral("toolbarMenu"));
+    popup->addActions(view->actions());
+    return popup;
 }
 
 void ShellWindow::addDocument(codeEditor* doc) {
@@ -183,11 +198,9 @@ void ShellWindow::removeDocument(codeEditor* doc) {
     DocumentWindow* window = windows_.take(doc);
     if (!window) return;
     // The pane's editor belongs to the document, which the logic frees later.
-    if (auto* pane = dynamic_cast<QtSourcePane*>(&doc->codebox())) {
+    if (auto* pane = dynamic_cast<QtSourcePane*>(&doc->codebox()))
         pane->widget()->attach(nullptr, nullptr, {});
-        pane->widget()->hide();
-        pane->widget()->setParent(nullptr);
-    }
+    if (auto* view = qobject_cast<DocumentView*>(window->widget())) view->releasePane();
     window->release();
     window->close();
 }

@@ -1,5 +1,6 @@
 #include "ui/workbench.h"
 #include "shell/shell_mdi.h"
+#include "ui/layout_surface.h"
 #include "ui/main_window.h"
 #include "ui/source_editor.h"
 
@@ -10,7 +11,11 @@ std::unique_ptr<SourcePane> QtSurfaceFactory::createSourcePane() {
 }
 
 std::unique_ptr<LayoutSurface> QtSurfaceFactory::createLayoutSurface() {
-    return std::make_unique<DetachedLayout>();
+    return std::make_unique<QtLayoutSurface>();
+}
+
+std::unique_ptr<BrowserSurface> QtSurfaceFactory::createBrowser() {
+    return std::make_unique<QtBrowserSurface>();
 }
 
 Workbench::Workbench(Platform& platform, SettingsStore& settings) {

@@ -17,6 +17,7 @@ class QtSurfaceFactory : public SurfaceFactory {
   public:
     std::unique_ptr<SourcePane> createSourcePane() override;
     std::unique_ptr<LayoutSurface> createLayoutSurface() override;
+    std::unique_ptr<BrowserSurface> createBrowser() override;
 };
 
 class Workbench {

@@ -1,0 +1,34 @@
+#pragma once
+// The inside of a document window: the three views in a stack, the view tabs below them, and
+// the tool strips and combos of the Layout and Preview views. WebEngine comes in only when a
+// document first shows Layout or Preview.
+#include <QWidget>
+
+class QStackedWidget;
+class QTabBar;
+
+namespace tsl {
+
+class ShellMDI;
+class codeEditor;
+class MenuBinder;
+
+class DocumentView : public QWidget {
+    Q_OBJECT
+  public:
+    DocumentView(ShellMDI& shell, codeEditor& doc, MenuBinder& menus, QWidget* parent = nullptr);
+    QTabBar* viewTabs() const { return tabs_; }
+    QStackedWidget* views() const { return stack_; }
+    // Gives the pane back before the window goes: the document owns it.
+    void releasePane();
+
+  private:
+    void syncTabs();
+    ShellMDI& shell_;
+    codeEditor& doc_;
+    QStackedWidget* stack_ = nullptr;
+    QTabBar* tabs_ = nullptr;
+    QWidget* source_ = nullptr;
+};
+
+} // namespace tsl

@@ -1,0 +1,309 @@
+#include "ui/layout_surface.h"
+#include "editor/text_file.h"
+#include "runtime/runtime_error.h"
+#include "ui/layout_script.h"
+#include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWebEngineHistory>
+#include <QWebEnginePage>
+#include <QWebEngineScript>
+#include <QWebEngineSettings>
+#include <QWebEngineView>
+#include <memory>
+
+namespace tsl {
+
+namespace {
+// Pages this large do not fit the engine's inline loading and go through a file instead.
+constexpr qsizetype kInlinePageLimit = 1500000;
+const QString kLargePageFile = QStringLiteral("~tssln2.htm");
+
+QString quoted(const QString& text) {
+    return QString::fromUtf8(QJsonDocument(QJsonObject{{QStringLiteral("v"), text}})
+                                 .toJson(QJsonDocument::Compact))
+        .mid(5)
+        .chopped(1);
+}
+
+QUrl folderUrl(const QString& folder) {
+    if (folder.isEmpty() || !QFileInfo(folder).isAbsolute() || !QFileInfo(folder).isDir())
+        return QUrl(QStringLiteral("about:blank"));
+    return QUrl::fromLocalFile(QDir(folder).absolutePath() + QLatin1Char('/'));
+}
+
+// Colours come as the logic's numbers: red in the low byte.
+QString cssColour(const QString& number) {
+    const unsigned c = number.toUInt();
+    return QStringLiteral("#%1%2%3")
+        .arg(c & 0xFF, 2, 16, QLatin1Char('0'))
+        .arg((c >> 8) & 0xFF, 2, 16, QLatin1Char('0'))
+        .arg((c >> 16) & 0xFF, 2, 16, QLatin1Char('0'));
+}
+
+QString blockTag(const QString& style) {
+    static const QHash<QString, QString> tags = {
+        {QStringLiteral("Normal"), QStringLiteral("p")},
+        {QStringLiteral("Formatted"), QStringLiteral("pre")},
+        {QStringLiteral("Address"), QStringLiteral("address")},
+        {QStringLiteral("Definition Term"), QStringLiteral("dt")},
+        {QStringLiteral("Definition"), QStringLiteral("dd")},
+        {QStringLiteral("Directory List"), QStringLiteral("dir")},
+        {QStringLiteral("Menu List"), QStringLiteral("menu")}};
+    if (style.startsWith(QLatin1String("Heading ")))
+        return QStringLiteral("h") + style.mid(8).trimmed();
+    return tags.value(style, QStringLiteral("p"));
+}
+} // namespace
+
+class LayoutPage : public QWebEnginePage {
+  public:
+    LayoutPage(QObject* parent, std::function<void(const QString&)> onMessage)
+        : QWebEnginePage(parent), onMessage_(std::move(onMessage)) {}
+
+  protected:
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int,
+                                  const QString&) override {
+        if (message.startsWith(QLatin1String("tsl:"))) onMessage_(message.mid(4));
+    }
+    // The page is edited, not browsed: a click on a link goes nowhere.
+    bool acceptNavigationRequest(const QUrl&, NavigationType type, bool) override {
+        return type != NavigationTypeLinkClicked;
+    }
+
+  private:
+    std::function<void(const QString&)> onMessage_;
+};
+
+QtLayoutSurface::QtLayoutSurface() = default;
+
+QtLayoutSurface::~QtLayoutSurface() {
+    if (view_) view_->deleteLater();
+}
+
+void QtLayoutSurface::ensureView() {
+    if (view_ || !host_) return;
+    view_ = new QWebEngineView(host_);
+    view_->setObjectName(QStringLiteral("DHTMLEdit1"));
+    page_ = new LayoutPage(view_, [this](const QString& m) { onMessage(m); });
+    // The page's own scripts do not run while it is edited; ours run in a world of their own.
+    page_->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
+    view_->setPage(page_);
+    if (host_->layout()) host_->layout()->addWidget(view_);
+    connect(page_, &QWebEnginePage::loadFinished, this, &QtLayoutSurface::onLoaded);
+}
+
+void QtLayoutSurface::scheduleLoad() {
+    ready_ = false;
+    if (loadPending_) return;
+    loadPending_ = true;
+    // The page loads once the handler has set both the text and the folder.
+    QTimer::singleShot(0, this, &QtLayoutSurface::load);
+}
+
+void QtLayoutSurface::load() {
+    loadPending_ = false;
+    if (!visible_) return;
+    ensureView();
+    if (!page_) return;
+    const QUrl base = folderUrl(BaseURL());
+    if (html_.size() > kInlinePageLimit && base.isLocalFile()) {
+        const QString path = base.toLocalFile() + kLargePageFile;
+        try {
+            writeFileBytes(path, html_.toUtf8());
+            page_->load(QUrl::fromLocalFile(path));
+            return;
+        } catch (const RuntimeError&) {
+            // The folder is not writable: try the page inline all the same.
+        }
+    }
+    page_->setHtml(html_, base);
+}
+
+void QtLayoutSurface::onLoaded(bool) {
+    page_->runJavaScript(kLayoutScript, QWebEngineScript::ApplicationWorld);
+    run(QStringLiteral("__tsl.borders(%1)").arg(ShowBorders() ? "true" : "false"));
+    ready_ = true;
+    emit ready();
+}
+
+void QtLayoutSurface::onMessage(const QString& message) {
+    const QJsonObject state = QJsonDocument::fromJson(message.toUtf8()).object();
+    dirty_ = state.value(QStringLiteral("dirty")).toBool();
+    const QJsonObject states = state.value(QStringLiteral("states")).toObject();
+    for (auto it = states.begin(); it != states.end(); ++it)
+        statuses_.insert(it.key().toInt(), it.value().toInt());
+    if (dispatch_)
+        dispatch_([this] { raiseDisplayChanged(); });
+    else
+        raiseDisplayChanged();
+}
+
+QVariant QtLayoutSurface::evaluate(const QString& script) const {
+    if (!page_ || !ready_) return {};
+    struct Answer {
+        QVariant value;
+        bool done = false;
+        QEventLoop loop;
+    };
+    auto answer = std::make_shared<Answer>();
+    page_->runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                         [answer](const QVariant& value) {
+                             answer->value = value;
+                             answer->done = true;
+                             answer->loop.quit();
+                         });
+    if (!answer->done) {
+        QTimer::singleShot(5000, &answer->loop, &QEventLoop::quit);
+        answer->loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    return answer->value;
+}
+
+void QtLayoutSurface::run(const QString& script) {
+    if (page_ && ready_) page_->runJavaScript(script, QWebEngineScript::ApplicationWorld);
+}
+
+QString QtLayoutSurface::DocumentHTML() const {
+    const QVariant html = evaluate(QStringLiteral("__tsl.html()"));
+    if (html.isValid()) const_cast<QtLayoutSurface*>(this)->html_ = html.toString();
+    return html_;
+}
+
+void QtLayoutSurface::setDocumentHTML(const QString& html) {
+    html_ = html;
+    dirty_ = false;
+    statuses_.clear();
+    scheduleLoad();
+}
+
+void QtLayoutSurface::setBaseURL(const QString& folder) {
+    LayoutSurface::setBaseURL(folder);
+    scheduleLoad();
+}
+
+bool QtLayoutSurface::IsDirty() const {
+    const QVariant dirty = evaluate(QStringLiteral("__tsl.dirty()"));
+    if (dirty.isValid()) dirty_ = dirty.toBool();
+    return dirty_;
+}
+
+void QtLayoutSurface::setVisible(bool on) {
+    visible_ = on;
+    if (on) {
+        ensureView();
+        if (!ready_) scheduleLoad();
+    }
+}
+
+void QtLayoutSurface::setShowBorders(bool on) {
+    LayoutSurface::setShowBorders(on);
+    run(QStringLiteral("__tsl.borders(%1)").arg(on ? "true" : "false"));
+}
+
+void QtLayoutSurface::NewDocument() {
+    html_.clear();
+    dirty_ = false;
+    statuses_.clear();
+    if (page_) {
+        ready_ = false;
+        page_->setHtml(QString());
+    }
+}
+
+void QtLayoutSurface::SetFocus() {
+    if (view_) view_->setFocus();
+}
+
+QString QtLayoutSurface::ExecCommand(int id, int, const QString& value) {
+    using namespace layoutcmd;
+    if (!page_) return {};
+    switch (id) {
+    case GetBlockFormat:
+    case GetFontName:
+    case GetFontSize:
+        return evaluate(QStringLiteral("__tsl.value(%1)").arg(id)).toString();
+    // The clipboard and the history are the engine's own.
+    case Copy:
+        page_->triggerAction(QWebEnginePage::Copy);
+        return {};
+    case Cut:
+        page_->triggerAction(QWebEnginePage::Cut);
+        return {};
+    case Paste:
+        page_->triggerAction(QWebEnginePage::Paste);
+        return {};
+    case Undo:
+        page_->triggerAction(QWebEnginePage::Undo);
+        return {};
+    case Redo:
+        page_->triggerAction(QWebEnginePage::Redo);
+        return {};
+    case SelectAll:
+        page_->triggerAction(QWebEnginePage::SelectAll);
+        return {};
+    case FontDialog: {
+        bool ok = false;
+        const QFont font = QFontDialog::getFont(&ok, view_);
+        if (ok) run(QStringLiteral("__tsl.exec(5044, %1)").arg(quoted(font.family())));
+        return {};
+    }
+    case SetBlockFormat:
+        run(QStringLiteral("__tsl.exec(5043, %1)").arg(quoted(blockTag(value))));
+        return {};
+    case SetForeColor:
+        run(QStringLiteral("__tsl.exec(5046, %1)").arg(quoted(cssColour(value))));
+        return {};
+    default:
+        run(QStringLiteral("__tsl.exec(%1, %2)").arg(id).arg(quoted(value)));
+        return {};
+    }
+}
+
+void QtLayoutSurface::pasteHTML(const QString& markup) {
+    run(QStringLiteral("__tsl.paste(%1)").arg(quoted(markup)));
+}
+
+// ---- the browser ----
+
+void QtBrowserSurface::ensureView() {
+    if (view_ || !host_) return;
+    view_ = new QWebEngineView(host_);
+    view_->setObjectName(QStringLiteral("WebBrowser1"));
+    if (host_->layout()) host_->layout()->addWidget(view_);
+    connect(view_, &QWebEngineView::loadStarted, this, [this] {
+        if (BeforeNavigate2) BeforeNavigate2();
+    });
+    connect(view_, &QWebEngineView::loadFinished, this, &QtBrowserSurface::loadFinished);
+}
+
+void QtBrowserSurface::Navigate(const QString& path) {
+    ensureView();
+    if (!view_) return;
+    view_->load(QUrl::fromLocalFile(path));
+}
+
+void QtBrowserSurface::GoBack() {
+    if (!view_ || !view_->history()->canGoBack()) raise(ErrInvalidProcedureCall);
+    view_->back();
+}
+
+void QtBrowserSurface::GoForward() {
+    if (!view_ || !view_->history()->canGoForward()) raise(ErrInvalidProcedureCall);
+    view_->forward();
+}
+
+void QtBrowserSurface::Stop() {
+    if (view_) view_->stop();
+}
+
+void QtBrowserSurface::Refresh() {
+    if (view_) view_->reload();
+}
+
+} // namespace tsl

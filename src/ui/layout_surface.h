@@ -1,0 +1,97 @@
+#pragma once
+// The Layout surface on QtWebEngine: the page shown editable, the engine's own editing
+// commands behind the published command ids. The engine is made on first use, never at
+// start-up. The logic reads the page synchronously: a read waits for the page's answer in a
+// nested event loop that lets no user input through, so an edit made just before a switch of
+// views is never lost. Command states are pushed from the page at each change.
+#include "editor/surfaces.h"
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+#include <QWebEngineView>
+
+class QWidget;
+
+namespace tsl {
+
+class LayoutPage;
+
+class QtLayoutSurface : public QObject, public LayoutSurface {
+    Q_OBJECT
+  public:
+    QtLayoutSurface();
+    ~QtLayoutSurface() override;
+    // The widget the engine's view goes into when it is made.
+    void setHost(QWidget* host) { host_ = host; }
+    // How the page's events reach the logic: as the user's events, through the dispatcher.
+    void setDispatcher(std::function<void(const std::function<void()>&)> dispatch) {
+        dispatch_ = std::move(dispatch);
+    }
+    QWebEngineView* view() const { return view_; }
+
+    QString DocumentHTML() const override;
+    void setDocumentHTML(const QString& html) override;
+    void setBaseURL(const QString& folder) override;
+    bool IsDirty() const override;
+    bool Visible() const override { return visible_; }
+    void setVisible(bool on) override;
+    void setShowBorders(bool on) override;
+    void NewDocument() override;
+    void SetFocus() override;
+    QString ExecCommand(int id, int option, const QString& value) override;
+    int QueryStatus(int id) const override { return statuses_.value(id, NotSupported); }
+    void pasteHTML(const QString& markup) override;
+    // The page has loaded and answers: for tests.
+    bool isReady() const { return ready_; }
+
+  signals:
+    void ready();
+
+  private:
+    void ensureView();
+    void scheduleLoad();
+    void load();
+    void onLoaded(bool ok);
+    void onMessage(const QString& message);
+    // Runs a script in the page's isolated world and waits for its answer.
+    QVariant evaluate(const QString& script) const;
+    void run(const QString& script);
+
+    QPointer<QWidget> host_;
+    QPointer<QWebEngineView> view_;
+    LayoutPage* page_ = nullptr;
+    std::function<void(const std::function<void()>&)> dispatch_;
+    QString html_;
+    mutable bool dirty_ = false;
+    bool visible_ = false;
+    bool loadPending_ = false;
+    bool ready_ = false;
+    QHash<int, int> statuses_;
+};
+
+// The browser of the Preview view on QtWebEngine, made on first use.
+class QtBrowserSurface : public QObject, public BrowserSurface {
+    Q_OBJECT
+  public:
+    void setHost(QWidget* host) { host_ = host; }
+    QWebEngineView* view() const { return view_; }
+    void Navigate(const QString& path) override;
+    void GoBack() override;
+    void GoForward() override;
+    void Stop() override;
+    void Refresh() override;
+    bool Visible() const override { return visible_; }
+    void setVisible(bool on) override { visible_ = on; }
+
+  signals:
+    void loadFinished(bool ok);
+
+  private:
+    void ensureView();
+    QPointer<QWidget> host_;
+    QPointer<QWebEngineView> view_;
+    bool visible_ = false;
+};
+
+} // namespace tsl
