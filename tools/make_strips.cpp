@@ -15,7 +15,9 @@
 #include <QStringList>
 #include <QSvgRenderer>
 #include <QTextStream>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
