@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QSignalBlocker>
 
 namespace tsl {
@@ -32,8 +33,14 @@ class KeyPressFilter : public QObject {
                  !(key->modifiers() & Qt::ControlModifier))
             ascii = key->text().at(0).unicode();
         if (ascii == 0) return false; // caret keys and shortcuts are no characters
+        const int typed = ascii;
         run_([&] { control_.KeyPress(ascii); });
-        return ascii == 0;
+        auto* edit = qobject_cast<QLineEdit*>(watched);
+        if (ascii == 0 || ascii == typed || ascii == 8 || !edit) return ascii == 0;
+        // The handler put another character in place of the typed one.
+        edit->insert(QString(QChar(ascii)));
+        run_([&] { control_.setText(edit->text()); });
+        return true;
     }
 
   private:
@@ -100,6 +107,23 @@ void Binder::checkBox(CheckBox& control, QCheckBox* widget) {
     QObject::connect(&control, &Control::changed, widget, update);
     QObject::connect(widget, &QCheckBox::toggled, widget, [shell = &shell_, &control](bool on) {
         shell->dispatch([&] { control.setValue(on ? 1 : 0); });
+    });
+}
+
+void Binder::optionButton(OptionButton& control, QRadioButton* widget) {
+    common(control, widget);
+    widget->setAutoExclusive(false);
+    const auto update = [&control, widget] {
+        const QSignalBlocker quiet(widget);
+        widget->setText(control.Caption());
+        widget->setChecked(control.Value());
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    // A click on a chosen option chooses it again, as its Click runs again.
+    QObject::connect(widget, &QRadioButton::clicked, widget, [shell = &shell_, &control, update] {
+        shell->dispatch([&] { control.setValue(true); });
+        update();
     });
 }
 

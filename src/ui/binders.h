@@ -12,6 +12,7 @@ class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
+class QRadioButton;
 class QWidget;
 
 namespace tsl {
@@ -26,6 +27,8 @@ class Binder {
     void frame(Label& control, QGroupBox* widget);
     void textBox(TextBox& control, QLineEdit* widget);
     void checkBox(CheckBox& control, QCheckBox* widget);
+    // An option: the model turns its group's others off, so the widget is not exclusive.
+    void optionButton(OptionButton& control, QRadioButton* widget);
     void comboBox(ComboBox& control, QComboBox* widget);
     void button(CommandButton& control, QAbstractButton* widget);
     // A spinner as two small arrow buttons beside its text box.

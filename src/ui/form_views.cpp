@@ -5,10 +5,12 @@ namespace tsl {
 
 void buildOptionsView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildAboutView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildTableView(Form& form, FormDialog& dialog, ShellMDI& shell);
 
 void registerFormViews(QtFormHost& host) {
     host.registerView(QStringLiteral("frmOptions"), buildOptionsView);
     host.registerView(QStringLiteral("frmAbout"), buildAboutView);
+    host.registerView(QStringLiteral("frmTable"), buildTableView);
 }
 
 } // namespace tsl

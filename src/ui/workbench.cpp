@@ -3,6 +3,7 @@
 #include "ui/layout_surface.h"
 #include "ui/main_window.h"
 #include "ui/source_editor.h"
+#include "ui/table_chooser.h"
 
 namespace tsl {
 
@@ -24,6 +25,7 @@ Workbench::Workbench(Platform& platform, SettingsStore& settings) {
     forms_.setShell(shell_.get());
     forms_.setOwner(window_.get());
     registerFormViews(forms_);
+    installTableChooser(*shell_, *window_);
 }
 
 Workbench::~Workbench() {

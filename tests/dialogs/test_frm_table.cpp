@@ -428,4 +428,4 @@ class TableDialogTest : public QObject {
 };
 
 QTEST_GUILESS_MAIN(TableDialogTest)
-#include "test_table_dialog.moc"
+#include "test_frm_table.moc"

@@ -1,0 +1,159 @@
+// The Insert Table dialog and the table chooser on screen, driven through their widgets.
+#include "scripted_platform.h"
+#include "shell/settings_store.h"
+#include "shell/shell_mdi.h"
+#include "ui/form_host.h"
+#include "ui/main_window.h"
+#include "ui/workbench.h"
+#include <QAction>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+using namespace tsl;
+using namespace tsl::test;
+
+namespace {
+struct Program {
+    ScriptedPlatform platform;
+    MemorySettingsStore settings;
+    std::unique_ptr<Workbench> bench;
+
+    void start() {
+        bench = std::make_unique<Workbench>(platform, settings);
+        bench->load(QString());
+        bench->window().show();
+        QVERIFY(QTest::qWaitForWindowExposed(&bench->window()));
+    }
+    ShellMDI& shell() { return bench->shell(); }
+    QString text() { return shell().ActiveForm()->codebox().Text(); }
+    template <typename W> static W* child(QWidget& parent, const char* name) {
+        W* widget = parent.findChild<W*>(QString::fromLatin1(name));
+        if (!widget) qFatal("no widget %s", name);
+        return widget;
+    }
+    QWidget* drawTableButton() {
+        auto* action = bench->window().findChild<QAction*>(QStringLiteral("tbrTags_22"));
+        for (QToolBar* bar : bench->window().findChildren<QToolBar*>())
+            if (QWidget* button = bar->widgetForAction(action)) return button;
+        return nullptr;
+    }
+};
+
+void saveShot(QWidget& widget, const QString& name) {
+    if (!qEnvironmentVariableIsSet("TESSALINE_SHOTS")) return;
+    widget.grab().save(QStringLiteral("/tmp/%1.png").arg(name));
+}
+} // namespace
+
+class TableDialogWidgetTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void fillTheDialogAndPressOK() {
+        Program p;
+        p.start();
+        const QString before = p.text();
+        bool ran = false;
+        QTimer::singleShot(0, [&] {
+            FormDialog* d = p.bench->forms().current();
+            QVERIFY(d);
+            ran = true;
+            QCOMPARE(d->windowTitle(), QStringLiteral("Insert Table"));
+            QStringList groups;
+            for (QGroupBox* box : d->findChildren<QGroupBox*>())
+                groups.append(box->title());
+            QCOMPARE(groups,
+                     (QStringList{"Layout", "Table Width", "Background", "Border Colours"}));
+            auto* rows = Program::child<QLineEdit>(*d, "RowBox");
+            rows->selectAll();
+            QTest::keyClicks(rows, QStringLiteral("x3"));
+            QCOMPARE(rows->text(), QStringLiteral("3"));
+            Program::child<QToolButton>(*d, "ColUpDownDown")->click();
+            QCOMPARE(Program::child<QLineEdit>(*d, "ColBox")->text(), QStringLiteral("1"));
+            auto* border = Program::child<QLineEdit>(*d, "BorderBox");
+            auto* allSides = Program::child<QRadioButton>(*d, "optAllSides");
+            QVERIFY(!allSides->isEnabled());
+            border->selectAll();
+            QTest::keyClicks(border, QStringLiteral("2"));
+            QVERIFY(allSides->isEnabled());
+            allSides->click();
+            QVERIFY(!Program::child<QRadioButton>(*d, "optNone")->isChecked());
+            auto* colour = Program::child<QLineEdit>(*d, "txtBC");
+            QVERIFY(colour->isEnabled());
+            QTest::keyClicks(colour, QStringLiteral("#c0ffee"));
+            QCOMPARE(colour->text(), QStringLiteral("C0FFEE"));
+            auto* align = Program::child<QComboBox>(*d, "Alignment");
+            align->setCurrentIndex(2);
+            emit align->activated(2);
+            Program::child<QRadioButton>(*d, "PixelsOpt")->click();
+            saveShot(*d, QStringLiteral("table-dialog"));
+            Program::child<QPushButton>(*d, "OK")->click();
+            QVERIFY(!d->isVisible());
+        });
+        p.bench->window().findChild<QAction*>(QStringLiteral("mnuInsertTable"))->trigger();
+        QVERIFY(ran);
+        const QString row =
+            QStringLiteral("   <tr align=\"right\">\n      <td>&nbsp;</td>\n   </tr>\n");
+        QCOMPARE(p.text(),
+                 before.left(106) +
+                     QStringLiteral("<table border=\"2\" width=\"100\" bordercolor=\"C0FFEE\">\n") +
+                     row.repeated(3) + QStringLiteral("</table>") + before.mid(106));
+    }
+
+    void theChooserDropsDownUnderItsButtonAndInserts() {
+        Program p;
+        p.start();
+        const QString before = p.text();
+        QWidget* button = p.drawTableButton();
+        QVERIFY(button);
+        QTest::mouseClick(button, Qt::LeftButton);
+        auto* popup = p.bench->window().findChild<QWidget*>(QStringLiteral("picDropDown"));
+        QVERIFY(popup);
+        QTRY_VERIFY(popup->isVisible());
+        QCOMPARE(popup->size(), QSize(126, 126));
+        const QPoint corner = button->mapToGlobal(QPoint(0, 0));
+        // 205 twips left of the button and 500 below it; a window frame may add a pixel or two.
+        const int perPixel = 1440 / popup->logicalDpiX();
+        const QPoint expected((corner.x() * perPixel - 205) / perPixel,
+                              (corner.y() * perPixel + 500) / perPixel);
+        QVERIFY((popup->geometry().topLeft() - expected).manhattanLength() <= 4);
+        QVERIFY(popup->geometry().top() >= button->mapToGlobal(QPoint(0, button->height())).y());
+        QTest::mouseMove(popup, QPoint(60, 40));
+        QCOMPARE(p.shell().tableChooser.picDropDown.label, QStringLiteral("3 x 2 table"));
+        // Beyond the right edge the grid grows.
+        QTest::mouseMove(popup, QPoint(130, 40));
+        QCOMPARE(popup->width(), 150);
+        QCOMPARE(p.shell().tableChooser.picDropDown.label, QStringLiteral("6 x 2 table"));
+        saveShot(*popup, QStringLiteral("table-chooser"));
+        QTest::mouseMove(popup, QPoint(60, 40));
+        QTest::mouseClick(popup, Qt::LeftButton, Qt::NoModifier, QPoint(60, 40));
+        QTRY_VERIFY(!popup->isVisible());
+        const QString row = QStringLiteral("   <tr>\n") +
+                            QStringLiteral("      <td>&nbsp;</td>\n").repeated(3) +
+                            QStringLiteral("   </tr>\n");
+        QCOMPARE(p.text(), before.left(106) + QStringLiteral("<table width=\"100%\">\n") + row +
+                               row + QStringLiteral("</table>") + before.mid(106));
+    }
+
+    void escapeClosesTheChooserWithoutATable() {
+        Program p;
+        p.start();
+        const QString before = p.text();
+        QTest::mouseClick(p.drawTableButton(), Qt::LeftButton);
+        auto* popup = p.bench->window().findChild<QWidget*>(QStringLiteral("picDropDown"));
+        QTRY_VERIFY(popup->isVisible());
+        popup->close();
+        QVERIFY(!p.shell().tableChooser.DropDown.IsShowing());
+        QCOMPARE(p.text(), before);
+    }
+};
+
+QTEST_MAIN(TableDialogWidgetTest)
+#include "test_table_dialog.moc"
