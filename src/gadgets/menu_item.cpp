@@ -14,4 +14,10 @@ void MenuItem::setChecked(bool on) {
     emit changed();
 }
 
+void MenuItem::setIconKey(const QString& key) {
+    if (iconKey_ == key) return;
+    iconKey_ = key;
+    emit changed();
+}
+
 } // namespace tsl

@@ -16,6 +16,9 @@ class MenuItem : public Control {
     // The accelerator in portable text ("Ctrl+S"); empty when the item has none.
     const QString& shortcut() const { return shortcut_; }
     bool isSeparator() const { return separator_; }
+    // The key of the item's picture among the menu icons ("New", "Save", ...); empty for none.
+    const QString& iconKey() const { return iconKey_; }
+    void setIconKey(const QString& key);
     std::function<void()> Click;
 
   private:
@@ -23,6 +26,7 @@ class MenuItem : public Control {
     QString shortcut_;
     bool separator_;
     bool checked_ = false;
+    QString iconKey_;
 };
 
 } // namespace tsl

@@ -1,5 +1,6 @@
 // Which commands a document needs: off when the last one closes (and in Preview), on again
 // when one comes.
+#include "editor/shared_commands.h"
 #include "shell/shell_mdi.h"
 
 namespace tsl {
@@ -70,6 +71,20 @@ const int kMainButtonsOff[] = {3, 5, 7, 8, 9, 11, 13, 14, 19, 20, 22, 24};
 const int kMainButtonsOn[] = {3, 5, 7, 8, 13, 14, 19, 20, 22, 24};
 const int kTagsButtons[] = {0, 2, 4, 5, 6, 8, 9, 11, 13, 14, 16, 17, 18, 19, 21, 22, 24};
 const int kFormsButtons[] = {0, 2, 3, 4, 5, 6, 7, 9, 10};
+
+// The menu items a style sheet cannot use, besides Preview in Browser and Page Properties.
+const char* const kCssOffItems[] = {
+    "mnuInsertAnchor",   "mnuInsertHR",     "mnuInsertHyperlink",    "mnuInsertImage",
+    "mnuInsertMarquee",  "mnuInsertSC",     "mnuInsertFormSettings", "mnuInsertForm",
+    "mnuInsertFrames",   "mnuInsertBullet", "mnuInsertTable",        "mnuInsertComment",
+    "mnuInsertBasefont", "mnuInsertFont",   "mnuTagsBold",           "mnuTagsItalic",
+    "mnuTagsUnderline",  "mnuTagsStrike",   "mnuInsertBreak",        "mnuInsertParagraph",
+    "mnuInsertSpace",    "mnuTagsCenter",   "mnuTagsBlock",          "mnuViewFmtTlb",
+    "mnuViewForms",      "mnuViewTagList",  "mnuInsertLink",         "mnuHeadings"};
+
+void setItem(ShellMDI& shell, const char* name, bool on) {
+    shell.menu(QLatin1String(name)).setEnabled(on);
+}
 } // namespace
 
 void ShellMDI::DisableDocumentCommands() {
@@ -109,9 +124,53 @@ void ShellMDI::EnableDocumentCommands() {
         tbrTags.setButtonEnabled(i, true);
     for (int i : kFormsButtons)
         tbrForms.setButtonEnabled(i, true);
-    setPasteEnabled(!platform_.clipboardText().isEmpty());
+    // Paste, menu item and button 9, by the clipboard.
+    setPasteCommand(*this, !platform_.clipboardText().isEmpty());
     TabStrip1.setVisible(true);
     bCommandsDisabled = false;
+}
+
+void ShellMDI::SetCssCommandState() {
+    setItem(*this, "mnuInsertCSS", true);
+    tbrMain.setButtonEnabled(19, true);
+    setItem(*this, "mnuFilePreview", false);
+    setItem(*this, "mnuEditProperties", false);
+    for (int i : {14, 16, 20, 24, 17, 16})
+        tbrMain.setButtonEnabled(i, false);
+    for (const char* name : kCssOffItems)
+        setItem(*this, name, false);
+    // Hidden without touching the flags, so that an HTML document brings them back.
+    cReBar1.setBandVisible(BandTags, false);
+    cReBar1.setBandVisible(BandForms, false);
+    Picture1.setVisible(false);
+    emit paneChanged();
+    OpenSave.FilterIndex = kCssFilterIndex;
+}
+
+void ShellMDI::SetHtmlCommandState() {
+    OpenSave.FilterIndex = kHtmlFilterIndex;
+    setItem(*this, "mnuFilePreview", true);
+    setItem(*this, "mnuEditProperties", true);
+    for (int i : {14, 16, 19})
+        tbrMain.setButtonEnabled(i, true);
+
+    // Each band, and its View item, as its flag says.
+    cReBar1.setBandVisible(BandStandard, bStandardToolbarOpen);
+    menu(QStringLiteral("mnuViewStdTlb")).setChecked(bStandardToolbarOpen);
+    cReBar1.setBandVisible(BandTags, bTagsToolbarOpen);
+    menu(QStringLiteral("mnuViewFmtTlb")).setChecked(bTagsToolbarOpen);
+    cReBar1.setBandVisible(BandForms, bFormsToolbarOpen);
+    menu(QStringLiteral("mnuViewForms")).setChecked(bFormsToolbarOpen);
+    tbrMain.setButtonChecked(16, bFormsToolbarOpen);
+    Picture1.setVisible(bTagListOpen);
+    menu(QStringLiteral("mnuViewTagList")).setChecked(bTagListOpen);
+    tbrMain.setButtonChecked(17, bTagListOpen);
+    emit paneChanged();
+
+    for (const char* name : kCssOffItems)
+        setItem(*this, name, true);
+    for (int i : {17, 20, 24})
+        tbrMain.setButtonEnabled(i, true);
 }
 
 void ShellMDI::setOpenButtons() {

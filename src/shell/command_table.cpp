@@ -162,6 +162,13 @@ void ShellMDI::buildMenus() {
     })->setEnabled(false);
 
     auto& view = submenu(S("mnuView"), S("&View"), menuBar_);
+    addMenu(view, S("mnuViewStdTlb"), S("&Standard Toolbar"), S(), [this] {
+        mnuViewStdTlb_Click();
+    })->setChecked(true);
+    addMenu(view, S("mnuViewFmtTlb"), S("&Formatting Toolbar"), S(), [this] {
+        mnuViewFmtTlb_Click();
+    })->setChecked(true);
+    addMenu(view, S("mnuViewForms"), S("Forms &Toolbar"), S(), [this] { mnuViewForms_Click(); });
     addMenu(view, S("mnuViewTagList"), S("&Tag List"), S(), [this] { mnuViewTagList_Click(); });
 
     auto& window = submenu(S("mnuWindow"), S("&Window"), menuBar_);
@@ -179,6 +186,53 @@ void ShellMDI::buildMenus() {
             [this] { mnuHelpContents_Click(); });
     addSeparator(help, S("mnuHelpSep2"));
     addMenu(help, S("mnuHelpAbout"), S("&About..."), S(), [this] { mnuHelpAbout_Click(); });
+
+    for (const auto& [key, item] : MenuIconPairs())
+        SetMenuIcon(key, item);
+}
+
+const std::vector<std::pair<QString, QString>>& ShellMDI::MenuIconPairs() {
+    using S = QString;
+    static const std::vector<std::pair<QString, QString>> pairs = {
+        {S("New"), S("mnuFileNew")},
+        {S("Open"), S("mnuFileOpen")},
+        {S("Save"), S("mnuFileSave")},
+        {S("Print"), S("mnuFilePrint")},
+        {S("Undo"), S("mnuEditUndo")},
+        {S("Redo"), S("mnuEditRedo")},
+        {S("Cut"), S("mnuEditCut")},
+        {S("Copy"), S("mnuEditCopy")},
+        {S("Paste"), S("mnuEditPaste")},
+        {S("Find"), S("mnuEditFind")},
+        {S("Hyperlink"), S("mnuInsertHyperlink")},
+        {S("Style"), S("mnuInsertCSS")},
+        {S("LinkToCSS"), S("mnuInsertLink")},
+        {S("Anchor"), S("mnuInsertAnchor")},
+        {S("Table"), S("mnuInsertTable")},
+        {S("Image"), S("mnuInsertImage")},
+        {S("Marquee"), S("mnuInsertMarquee")},
+        {S("Paragraph"), S("mnuInsertParagraph")},
+        {S("Form"), S("mnuInsertFormSettings")},
+        {S("Comment"), S("mnuInsertComment")},
+        {S("Font"), S("mnuInsertFont")},
+        {S("Bold"), S("mnuTagsBold")},
+        {S("Italic"), S("mnuTagsItalic")},
+        {S("Underline"), S("mnuTagsUnderline")},
+        {S("Heading"), S("mnuHeadings")},
+        {S("Help"), S("mnuHelpContents")},
+    };
+    return pairs;
+}
+
+void ShellMDI::SetMenuIcon(const QString& key, const QString& item) {
+    // The menu icon control takes the picture's index in its list; the view looks the key up.
+    menu(item).setIconKey(key);
+}
+
+void ShellMDI::runMenuClick(const QString& itemName) {
+    // A button runs the handler of its menu item, whether the item is enabled or not.
+    const MenuItem& item = menu(itemName);
+    if (item.Click) item.Click();
 }
 
 void ShellMDI::setShortcutCaptions() {
@@ -196,12 +250,38 @@ void ShellMDI::setShortcutCaptions() {
         menu(QLatin1String(name)).setCaption(QString::fromUtf8(caption));
 }
 
+// ---- view toggles ----
+
+void ShellMDI::toggleBand(const QString& itemName, int band, bool& flag) {
+    MenuItem& item = menu(itemName);
+    const bool open = !item.Checked();
+    cReBar1.setBandVisible(band, open);
+    item.setChecked(open);
+    flag = open;
+    // MDIForm_Resize: the window lays itself out again as it follows the bands.
+}
+
+void ShellMDI::mnuViewStdTlb_Click() {
+    toggleBand(QStringLiteral("mnuViewStdTlb"), BandStandard, bStandardToolbarOpen);
+}
+
+// "Tags Toolbar Open" is never written: the formatting toolbar comes back at every start.
+void ShellMDI::mnuViewFmtTlb_Click() {
+    toggleBand(QStringLiteral("mnuViewFmtTlb"), BandTags, bTagsToolbarOpen);
+}
+
+void ShellMDI::mnuViewForms_Click() {
+    toggleBand(QStringLiteral("mnuViewForms"), BandForms, bFormsToolbarOpen);
+    tbrMain.setButtonChecked(16, bFormsToolbarOpen);
+}
+
 void ShellMDI::mnuViewTagList_Click() {
     MenuItem& item = menu(QStringLiteral("mnuViewTagList"));
     const bool open = !item.Checked();
     Picture1.setVisible(open);
     item.setChecked(open);
     bTagListOpen = open;
+    tbrMain.setButtonChecked(17, open);
     settings_.save(keys::Fuzzies, keys::TagListOpen, ViewFlag(open));
     emit paneChanged();
 }

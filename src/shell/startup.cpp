@@ -33,12 +33,16 @@ void ShellMDI::MDIForm_Load(const QString& commandLine) {
         isYes(settings_.get(keys::Fuzzies, keys::UseRelativeAtStart, QStringLiteral("Yes")));
     bAutoCloseTag = isYes(settings_.get(keys::Fuzzies, keys::AutoCloseTag, QStringLiteral("Yes")));
 
+    // Step 13: each band shown as its setting says, and its flag with it.
     bFormsToolbarOpen =
         isYes(settings_.get(keys::Fuzzies, keys::FormsToolbarOpen, QStringLiteral("No")));
+    cReBar1.setBandVisible(BandForms, bFormsToolbarOpen);
     bStandardToolbarOpen =
         isYes(settings_.get(keys::Fuzzies, keys::StandardToolbarOpen, QStringLiteral("Yes")));
+    cReBar1.setBandVisible(BandStandard, bStandardToolbarOpen);
     bTagsToolbarOpen =
         isYes(settings_.get(keys::Fuzzies, keys::TagsToolbarOpen, QStringLiteral("Yes")));
+    cReBar1.setBandVisible(BandTags, bTagsToolbarOpen);
     bTagListOpen = isYes(settings_.get(keys::Fuzzies, keys::TagListOpen, QStringLiteral("No")));
     Picture1.setVisible(bTagListOpen);
     if (hasMenu(QStringLiteral("mnuViewTagList")))

@@ -1,6 +1,7 @@
 // The three toolbars of the main window and what their buttons do.
 #include "runtime/resume.h"
 #include "shell/shell_mdi.h"
+#include <iterator>
 
 namespace tsl {
 
@@ -41,38 +42,45 @@ void ShellMDI::buildToolbars() {
 
     tbrTags.ImageFile = S("resources/toolbar2.tbr");
     tbrTags.CreateToolbar(16);
-    const std::pair<const char*, int> tags[] = {{"Heading Tags", 0},
-                                                {nullptr, -1},
-                                                {"Font Settings", 2},
-                                                {nullptr, -1},
-                                                {"Bold", 3},
-                                                {"Italic", 4},
-                                                {"Underline", 5},
-                                                {nullptr, -1},
-                                                {"Center", 6},
-                                                {"Right", 7},
-                                                {nullptr, -1},
-                                                {"Page Properties", 8},
-                                                {nullptr, -1},
-                                                {"Insert Anchor", 9},
-                                                {"Insert Hyperlink", 10},
-                                                {nullptr, -1},
-                                                {"Insert Image", 11},
-                                                {"Insert Marquee", 12},
-                                                {"Insert List", 13},
-                                                {"Insert Blockquote", 17},
-                                                {nullptr, -1},
-                                                {"Insert Table", 14},
-                                                {"Draw Table", 15},
-                                                {nullptr, -1},
-                                                {"Insert Paragraph", 16}};
-    for (const auto& [tip, image] : tags) {
-        if (!tip)
+    // Center and Right are check buttons: a press turns their pressed state over, and in
+    // Layout view the state after the press picks the alignment.
+    constexpr int N = cToolbar::Normal;
+    constexpr int C = cToolbar::Check;
+    const struct {
+        const char* tip;
+        int image;
+        int style;
+    } tags[] = {{"Heading Tags", 0, N},
+                {nullptr, -1, N},
+                {"Font Settings", 2, N},
+                {nullptr, -1, N},
+                {"Bold", 3, N},
+                {"Italic", 4, N},
+                {"Underline", 5, N},
+                {nullptr, -1, N},
+                {"Center", 6, C},
+                {"Right", 7, C},
+                {nullptr, -1, N},
+                {"Page Properties", 8, N},
+                {nullptr, -1, N},
+                {"Insert Anchor", 9, N},
+                {"Insert Hyperlink", 10, N},
+                {nullptr, -1, N},
+                {"Insert Image", 11, N},
+                {"Insert Marquee", 12, N},
+                {"Insert List", 13, N},
+                {"Insert Blockquote", 17, N},
+                {nullptr, -1, N},
+                {"Insert Table", 14, N},
+                {"Draw Table", 15, N},
+                {nullptr, -1, N},
+                {"Insert Paragraph", 16, N}};
+    for (const auto& button : tags) {
+        if (!button.tip)
             tbrTags.AddSeparator();
         else
-            tbrTags.AddButton(QString::fromLatin1(tip), image);
+            tbrTags.AddButton(QString::fromLatin1(button.tip), button.image, button.style);
     }
-    // Center and Right show their state in Layout view.
     tbrTags.ButtonClick = [this](int index) { tbrTags_ButtonClick(index); };
 
     tbrForms.ImageFile = S("resources/toolbar3.tbr");
@@ -95,10 +103,21 @@ void ShellMDI::buildToolbars() {
         else
             tbrForms.AddButton(QString::fromLatin1(tip), image++);
     }
-    tbrForms.ButtonClick = [this](int) { notAvailableYet(); };
+    tbrForms.ButtonClick = [this](int index) { tbrForms_ButtonClick(index); };
+
+    buildBands();
+}
+
+void ShellMDI::buildBands() {
+    // The bands in picHolder, in this order; the text of each is empty, the key names it.
+    cReBar1.CreateRebar();
+    cReBar1.AddBandByHwnd(&tbrMain, QString(), QStringLiteral("Toolbar1"));
+    cReBar1.AddBandByHwnd(&tbrTags, QString(), QStringLiteral("Toolbar2"));
+    cReBar1.AddBandByHwnd(&tbrForms, QString(), QStringLiteral("Toolbar3"));
 }
 
 void ShellMDI::tbrMain_ButtonClick(int index) {
+    using S = QString;
     switch (index) {
     case 0:
         mnuFileNewHTML_Click();
@@ -106,8 +125,14 @@ void ShellMDI::tbrMain_ButtonClick(int index) {
     case 1:
         mnuFileOpen_Click();
         break;
+    case 2:
+        runMenuClick(S("mnuNet"));
+        break;
     case 3:
         mnuFileSave_Click();
+        break;
+    case 5:
+        runMenuClick(S("mnuFilePrint"));
         break;
     case 7:
         mnuEditCut_Click();
@@ -124,8 +149,20 @@ void ShellMDI::tbrMain_ButtonClick(int index) {
     case 12:
         mnuEditRedo_Click();
         break;
+    case 14:
+        runMenuClick(S("mnuFilePrevDef"));
+        break;
+    case 16:
+        mnuViewForms_Click();
+        break;
     case 17:
         mnuViewTagList_Click();
+        break;
+    case 19:
+        runMenuClick(S("mnuInsertCSS"));
+        break;
+    case 20:
+        runMenuClick(S("mnuInsertLink"));
         break;
     case 22:
         mnuInsertComment_Click();
@@ -134,8 +171,7 @@ void ShellMDI::tbrMain_ButtonClick(int index) {
         insertBadge();
         break;
     default:
-        notAvailableYet();
-        break;
+        break; // separators
     }
 }
 
@@ -159,12 +195,14 @@ void ShellMDI::tbrTags_ButtonClick(int index) {
             layout.ExecCommand(layoutcmd::Underline, 2);
             return;
         case 8:
+            // The pressed state picks: off 5025 (left), on 5024 (center).
             layout.ExecCommand(
-                tbrTags.ButtonChecked(8) ? layoutcmd::JustifyLeft : layoutcmd::JustifyCenter, 2);
+                tbrTags.ButtonChecked(8) ? layoutcmd::JustifyCenter : layoutcmd::JustifyLeft, 2);
             return;
         case 9:
+            // Off 5025 (left), on 5026 (right).
             layout.ExecCommand(
-                tbrTags.ButtonChecked(9) ? layoutcmd::JustifyLeft : layoutcmd::JustifyRight, 2);
+                tbrTags.ButtonChecked(9) ? layoutcmd::JustifyRight : layoutcmd::JustifyLeft, 2);
             return;
         default:
             break;
@@ -173,6 +211,9 @@ void ShellMDI::tbrTags_ButtonClick(int index) {
     switch (index) {
     case 0:
         emit popupMenuRequested(QStringLiteral("mnuHeadings"));
+        break;
+    case 2:
+        runMenuClick(QStringLiteral("mnuInsertFont"));
         break;
     case 4:
         mnuTagsBold_Click();
@@ -188,6 +229,24 @@ void ShellMDI::tbrTags_ButtonClick(int index) {
         break;
     case 9:
         break; // deliberately nothing in Source view
+    case 11:
+        runMenuClick(QStringLiteral("mnuEditProperties"));
+        break;
+    case 13:
+        runMenuClick(QStringLiteral("mnuInsertAnchor"));
+        break;
+    case 14:
+        runMenuClick(QStringLiteral("mnuInsertHyperlink"));
+        break;
+    case 16:
+        runMenuClick(QStringLiteral("mnuInsertImage"));
+        break;
+    case 17:
+        runMenuClick(QStringLiteral("mnuInsertMarquee"));
+        break;
+    case 18:
+        runMenuClick(QStringLiteral("mnuInsertBullet"));
+        break;
     case 19:
         mnuTagsBlock_Click();
         break;
@@ -201,9 +260,32 @@ void ShellMDI::tbrTags_ButtonClick(int index) {
         mnuInsertParagraph_Click();
         break;
     default:
-        notAvailableYet();
-        break;
+        break; // separators
     }
+}
+
+QString ShellMDI::FormsButtonKind(int index) {
+    // Part 3.7: the field kind each button presets in cmbInputType; 1 and 8 are separators.
+    static const char* const kinds[] = {
+        nullptr, nullptr,        "Button",      "Check Box",
+        "List",  "Radio Button", "Text Box",    "Multi-row Text Box",
+        nullptr, "Image",        "Hidden Field"};
+    if (index < 0 || index >= static_cast<int>(std::size(kinds)) || !kinds[index]) return {};
+    return QString::fromLatin1(kinds[index]);
+}
+
+void ShellMDI::tbrForms_ButtonClick(int index) {
+    if (index == 0) {
+        runMenuClick(QStringLiteral("mnuInsertFormSettings"));
+        return;
+    }
+    const QString kind = FormsButtonKind(index);
+    if (!kind.isEmpty()) ShowFormComponent(kind);
+}
+
+// Shows frmForm modally with its field kind set first (Part 3.7, not built yet).
+void ShellMDI::ShowFormComponent(const QString&) {
+    notAvailableYet();
 }
 
 } // namespace tsl

@@ -49,8 +49,10 @@ class ShellWindow : public QMainWindow {
     QToolBar* toolBar(int index) const { return toolBars_[index]; }
     DocumentWindow* windowOf(codeEditor* doc) const { return windows_.value(doc); }
     MenuBinder& menus() { return menus_; }
-    // Shows the toolbars and the pane as the settings read at start-up say.
+    // Shows the toolbars as the bands of cReBar1 say, and the pane as Picture1.
     void applyViewState();
+    // The context menu of the toolbars: the View menu's items.
+    QMenu* createPopupMenu() override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -62,6 +64,7 @@ class ShellWindow : public QMainWindow {
     void removeDocument(codeEditor* doc);
     void syncTabs();
     void syncPane();
+    void syncBands();
     void showPopup(const QString& menuName);
     void fillWindowList();
     int pixels(int twips) const;

@@ -93,8 +93,11 @@ void MenuBinder::addNodes(QMenu* menu, const std::vector<MenuNode>& nodes) {
         }
         action->setObjectName(item->name());
         const bool separator = item->isSeparator();
-        const auto update = [item, action, separator] {
+        const auto iconFor = iconForKey;
+        const auto update = [item, action, separator, iconFor] {
             if (!separator) {
+                if (iconFor && !item->iconKey().isEmpty())
+                    action->setIcon(iconFor(item->iconKey()));
                 action->setText(item->Caption());
                 action->setEnabled(item->Enabled());
                 if (item->Checked()) action->setCheckable(true);
@@ -131,8 +134,11 @@ QToolBar* MenuBinder::buildToolBar(cToolbar& model, const QString& title,
             action = bar->addAction(icon, button.toolTip);
             action->setToolTip(button.toolTip);
             action->setCheckable(button.style == cToolbar::Check);
-            QObject::connect(action, &QAction::triggered, bar,
-                             [this, &model, i] { shell_.dispatch([&] { model.press(i); }); });
+            QObject::connect(action, &QAction::triggered, bar, [this, &model, i, action] {
+                shell_.dispatch([&] { model.press(i); });
+                // Qt turned the pressed state over on its own; the model's state stands.
+                if (action->isCheckable()) action->setChecked(model.button(i).checked);
+            });
             if (button.style == cToolbar::DropDown) {
                 // The arrow beside the button asks the model for its menu.
                 auto* arrowMenu = new QMenu(bar);
@@ -152,6 +158,8 @@ QToolBar* MenuBinder::buildToolBar(cToolbar& model, const QString& title,
             const cToolbar::Button& b = model.button(i);
             action->setEnabled(b.enabled);
             action->setVisible(b.visible);
+            // Any button can be shown pressed (Bold in Layout view, for one).
+            if (b.checked && !action->isCheckable()) action->setCheckable(true);
             if (action->isCheckable()) action->setChecked(b.checked);
         };
         update();

@@ -2,9 +2,11 @@
 // The menu bar and the toolbars on screen, made from the logic's menu tree and toolbar models.
 // Captions, check marks and enabled states come from the models; clicks go back to them.
 #include <QHash>
+#include <QIcon>
 #include <QKeySequence>
 #include <QSet>
 #include <QString>
+#include <functional>
 
 class QMenu;
 class QMenuBar;
@@ -20,6 +22,9 @@ struct MenuNode;
 class MenuBinder {
   public:
     explicit MenuBinder(ShellMDI& shell) : shell_(shell) {}
+    // The picture of a menu item by its iconKey ("New", "Save", ...); when set before
+    // buildMenuBar, items with a key show it.
+    std::function<QIcon(const QString& key)> iconForKey;
     void buildMenuBar(QMenuBar* bar);
     QMenu* menuNamed(const QString& name) const { return menus_.value(name); }
     bool isShortcut(const QKeySequence& keys) const { return shortcuts_.contains(keys); }
