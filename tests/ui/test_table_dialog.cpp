@@ -142,6 +142,24 @@ class TableDialogWidgetTest : public QObject {
                                row + QStringLiteral("</table>") + before.mid(106));
     }
 
+    void theFileMenuShowsTheRecentFiles() {
+        Program p;
+        p.settings.save("Recent File List", "1stRecentFile", "/w/a.htm");
+        p.settings.save("Recent File List", "2ndRecentFile", "/w/b.htm");
+        p.start();
+        QStringList shown;
+        for (int i = 0; i < 4; ++i) {
+            auto* action =
+                p.bench->window().findChild<QAction*>(QStringLiteral("mnuFileMRU(%1)").arg(i));
+            QVERIFY(action);
+            if (action->isVisible()) shown.append(action->text());
+        }
+        QCOMPARE(shown, (QStringList{"/w/a.htm", "/w/b.htm"}));
+        p.shell().AddRecentFile(QStringLiteral("/w/c.htm"), QString());
+        QCOMPARE(p.bench->window().findChild<QAction*>("mnuFileMRU(2)")->text(),
+                 QStringLiteral("/w/b.htm"));
+    }
+
     void escapeClosesTheChooserWithoutATable() {
         Program p;
         p.start();
