@@ -14,7 +14,7 @@ const QString kLayoutScript = QStringLiteral(R"JS(
   const commands = { 5000: 'bold', 5023: 'italic', 5048: 'underline', 5024: 'justifyCenter',
     5025: 'justifyLeft', 5026: 'justifyRight', 5030: 'insertOrderedList',
     5051: 'insertUnorderedList', 5034: 'removeFormat', 5018: 'indent', 5031: 'outdent',
-    5049: 'undo', 5033: 'redo', 5003: 'cut', 5002: 'copy', 5032: 'paste', 5035: 'selectAll',
+    5049: 'undo', 5033: 'redo', 5035: 'selectAll',
     5043: 'formatBlock', 5044: 'fontName', 5045: 'fontSize', 5046: 'foreColor' };
   function anchorNode() {
     const s = getSelection();
@@ -37,6 +37,12 @@ const QString kLayoutScript = QStringLiteral(R"JS(
     const s = {};
     for (const id in commands) s[id] = status(commands[id]);
     const hasSelection = !!anchorNode();
+    // Asking the engine about the clipboard would wait on the program; the selection tells.
+    const sel = getSelection();
+    const someText = sel && sel.rangeCount && !sel.isCollapsed ? 3 : 1;
+    s[5003] = someText;
+    s[5002] = someText;
+    s[5032] = 3;
     const c = cell();
     const inCell = c ? 3 : 1;
     for (const id of [5021, 5020, 5005, 5007, 5006]) s[id] = inCell;
@@ -55,7 +61,10 @@ const QString kLayoutScript = QStringLiteral(R"JS(
     if (id === 5014) return document.queryCommandValue('fontSize');
     return '';
   }
-  function push() { console.log('tsl:' + JSON.stringify({ dirty: dirty, states: states() })); }
+  function push() {
+    console.log('tsl:' + JSON.stringify({ dirty: dirty, states: states(),
+      values: { 5011: value(5011), 5013: value(5013), 5014: value(5014) } }));
+  }
   function changed() { dirty = true; push(); }
   function newCell(like) {
     const c = document.createElement(like ? like.nodeName : 'TD');

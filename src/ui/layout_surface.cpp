@@ -90,7 +90,11 @@ void QtLayoutSurface::ensureView() {
     if (view_ || !host_) return;
     view_ = new QWebEngineView(host_);
     view_->setObjectName(QStringLiteral("DHTMLEdit1"));
-    page_ = new LayoutPage(view_, [this](const QString& m) { onMessage(m); });
+    // The page waits while its message is handled: the handler runs after it has returned.
+    page_ = new LayoutPage(view_, [this](const QString& m) {
+        QMetaObject::invokeMethod(
+            this, [this, m] { onMessage(m); }, Qt::QueuedConnection);
+    });
     // The page's own scripts do not run while it is edited; ours run in a world of their own.
     page_->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
     view_->setPage(page_);
@@ -126,8 +130,8 @@ void QtLayoutSurface::load() {
 }
 
 void QtLayoutSurface::onLoaded(bool) {
-    page_->runJavaScript(kLayoutScript, QWebEngineScript::ApplicationWorld);
-    run(QStringLiteral("__tsl.borders(%1)").arg(ShowBorders() ? "true" : "false"));
+    run(kLayoutScript, true);
+    run(QStringLiteral("__tsl.borders(%1)").arg(ShowBorders() ? "true" : "false"), true);
     ready_ = true;
     emit ready();
 }
@@ -138,6 +142,9 @@ void QtLayoutSurface::onMessage(const QString& message) {
     const QJsonObject states = state.value(QStringLiteral("states")).toObject();
     for (auto it = states.begin(); it != states.end(); ++it)
         statuses_.insert(it.key().toInt(), it.value().toInt());
+    const QJsonObject values = state.value(QStringLiteral("values")).toObject();
+    for (auto it = values.begin(); it != values.end(); ++it)
+        values_.insert(it.key().toInt(), it.value().toVariant().toString());
     if (dispatch_)
         dispatch_([this] { raiseDisplayChanged(); });
     else
@@ -165,8 +172,11 @@ QVariant QtLayoutSurface::evaluate(const QString& script) const {
     return answer->value;
 }
 
-void QtLayoutSurface::run(const QString& script) {
-    if (page_ && ready_) page_->runJavaScript(script, QWebEngineScript::ApplicationWorld);
+void QtLayoutSurface::run(const QString& script, bool evenIfLoading) {
+    // Every call takes an answer, even one nobody reads: calls without one upset the order in
+    // which the engine hands answers back.
+    if (page_ && (ready_ || evenIfLoading))
+        page_->runJavaScript(script, QWebEngineScript::ApplicationWorld, [](const QVariant&) {});
 }
 
 QString QtLayoutSurface::DocumentHTML() const {
@@ -227,7 +237,8 @@ QString QtLayoutSurface::ExecCommand(int id, int, const QString& value) {
     case GetBlockFormat:
     case GetFontName:
     case GetFontSize:
-        return evaluate(QStringLiteral("__tsl.value(%1)").arg(id)).toString();
+        // What the page reported with its last change, with the states of the same moment.
+        return values_.value(id);
     // The clipboard and the history are the engine's own.
     case Copy:
         page_->triggerAction(QWebEnginePage::Copy);

@@ -56,7 +56,7 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     void onMessage(const QString& message);
     // Runs a script in the page's isolated world and waits for its answer.
     QVariant evaluate(const QString& script) const;
-    void run(const QString& script);
+    void run(const QString& script, bool evenIfLoading = false);
 
     QPointer<QWidget> host_;
     QPointer<QWebEngineView> view_;
@@ -68,6 +68,7 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     bool loadPending_ = false;
     bool ready_ = false;
     QHash<int, int> statuses_;
+    QHash<int, QString> values_;
 };
 
 // The browser of the Preview view on QtWebEngine, made on first use.

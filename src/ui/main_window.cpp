@@ -160,11 +160,10 @@ QMenu* ShellWindow::createPopupMenu() {
 void ShellWindow::addDocument(codeEditor* doc) {
     auto* pane = dynamic_cast<QtSourcePane*>(&doc->codebox());
     auto* window = new DocumentWindow(shell_, doc);
-    if (pane) {
+    if (pane)
         pane->widget()->attach(
             &shell_, doc, [this](const QKeySequence& keys) { return menus_.isShortcut(keys); });
-        window->setWidget(pane->widget());
-    }
+    window->setWidget(new DocumentView(shell_, *doc, menus_, window));
     window->setWindowTitle(doc->Caption());
     connect(doc, &codeEditor::captionChanged, window,
             [window, doc] { window->setWindowTitle(doc->Caption()); });
