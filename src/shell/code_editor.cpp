@@ -1,5 +1,4 @@
 #include "shell/code_editor.h"
-#include "editor/shared_commands.h"
 #include "runtime/resume.h"
 #include "shell/shell_mdi.h"
 #include "shell/skeletons.h"
@@ -63,6 +62,8 @@ void codeEditor::Form_Load() {
 }
 
 void codeEditor::Form_Activate() {
+    shell_.stateDocument_ = this;
+    shell_.stateKind_ = CSSDoc;
     const int tab = shell_.TabStrip1.findKeyIgnoringCase(caption_);
     if (tab >= 0) {
         shell_.bSelectingTab = true;
@@ -87,8 +88,8 @@ void codeEditor::Form_Activate() {
             break;
         case 3: // Preview: only print and preview remain
             shell_.DisableDocumentCommands();
-            setUndoCommand(shell_, false);
-            setRedoCommand(shell_, false);
+            shell_.setUndoEnabled(false);
+            shell_.setRedoEnabled(false);
             main.setButtonEnabled(5, true);
             main.setButtonEnabled(14, true);
             shell_.menu(QStringLiteral("mnuFilePrint")).setEnabled(true);
@@ -100,12 +101,12 @@ void codeEditor::Form_Activate() {
             shell_.tbrTags.setButtonEnabled(18, true);
             main.setButtonEnabled(19, true);
             main.setButtonEnabled(20, true);
-            setCutCopyCommands(shell_, selection);
-            if (shell_.platform().clipboardText().isEmpty()) setPasteCommand(shell_, false);
+            shell_.setCutCopyEnabled(selection);
+            if (shell_.platform().clipboardText().isEmpty()) shell_.setPasteEnabled(false);
             break;
         }
     }
-    setCutCopyCommands(shell_, selection);
+    shell_.setCutCopyEnabled(selection);
 }
 
 void codeEditor::Show() {

@@ -25,8 +25,14 @@ bool ShellMDI::dispatch(const std::function<void()>& handler) {
     // Windows closed by earlier commands are freed here, where no handler holds them.
     if (dispatchDepth_ == 0) closed_.clear();
     ++dispatchDepth_;
-    const bool ok = dispatcher_.run(handler);
+    bool ok = dispatcher_.run(handler);
     --dispatchDepth_;
+    // A command that made the document in front a style sheet, or a page again (New, Open,
+    // Save As), leaves the commands as they were for its old kind: bring them up to date.
+    codeEditor* front = ActiveForm();
+    if (dispatchDepth_ == 0 && front && front->isShown() &&
+        (front != stateDocument_ || front->CSSDoc != stateKind_))
+        ok = dispatcher_.run([front] { front->Form_Activate(); }) && ok;
     return ok;
 }
 
@@ -151,20 +157,37 @@ void ShellMDI::applicationActivated() {
 
 // ---- shared commands kept current by the documents ----
 
+namespace {
+// The tbrMain buttons of the shared edit commands.
+enum MainButton {
+    ButtonCut = 7,
+    ButtonCopy = 8,
+    ButtonPaste = 9,
+    ButtonUndo = 11,
+    ButtonRedo = 12
+};
+} // namespace
+
 void ShellMDI::setUndoEnabled(bool on) {
     menu(QStringLiteral("mnuEditUndo")).setEnabled(on);
+    tbrMain.setButtonEnabled(ButtonUndo, on);
 }
+
 void ShellMDI::setRedoEnabled(bool on) {
     menu(QStringLiteral("mnuEditRedo")).setEnabled(on);
+    tbrMain.setButtonEnabled(ButtonRedo, on);
 }
 
 void ShellMDI::setCutCopyEnabled(bool on) {
     menu(QStringLiteral("mnuEditCut")).setEnabled(on);
     menu(QStringLiteral("mnuEditCopy")).setEnabled(on);
+    tbrMain.setButtonEnabled(ButtonCut, on);
+    tbrMain.setButtonEnabled(ButtonCopy, on);
 }
 
 void ShellMDI::setPasteEnabled(bool on) {
     menu(QStringLiteral("mnuEditPaste")).setEnabled(on);
+    tbrMain.setButtonEnabled(ButtonPaste, on);
 }
 
 } // namespace tsl

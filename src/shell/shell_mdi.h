@@ -225,7 +225,8 @@ class ShellMDI : public QObject {
     // Unloads a document window after asking it; false when it stayed.
     bool unloadDocument(codeEditor* doc);
 
-    // The shared Undo, Redo, Cut, Copy and Paste commands (menu items and their buttons).
+    // The shared Undo, Redo, Cut, Copy and Paste commands: each turns its menu items and its
+    // tbrMain buttons (Cut 7, Copy 8, Paste 9, Undo 11, Redo 12) on or off together.
     void setUndoEnabled(bool on);
     void setRedoEnabled(bool on);
     void setCutCopyEnabled(bool on);
@@ -310,6 +311,10 @@ class ShellMDI : public QObject {
     std::vector<MenuNode> menuBar_;
     int freezeDepth_ = 0;
     int dispatchDepth_ = 0;
+    // The document and kind the command states were last set for.
+    friend class codeEditor;
+    codeEditor* stateDocument_ = nullptr;
+    QString stateKind_;
 };
 
 // The settings keys the shell reads and writes.

@@ -1,6 +1,7 @@
 #include "ui/main_window.h"
 #include "shell/shell_mdi.h"
 #include "ui/document_view.h"
+#include "ui/icons.h"
 #include "ui/source_editor.h"
 #include "ui/tag_pane.h"
 #include <QAction>
@@ -41,6 +42,7 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     : QMainWindow(parent), shell_(shell), menus_(shell) {
     setObjectName(QStringLiteral("ShellMDI"));
     setWindowTitle(QStringLiteral("Tessaline"));
+    menus_.iconForKey = menuIcon;
     menus_.buildMenuBar(menuBar());
 
     const QString folder = shell.platform().applicationFolder();

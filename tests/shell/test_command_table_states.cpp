@@ -3,6 +3,7 @@
 #include "editor/text_pane.h"
 #include "test_shell.h"
 #include <QSet>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace tsl;
@@ -391,6 +392,23 @@ class CommandStateTest : public QObject {
         QVERIFY(ts->menu("mnuViewFmtTlb").Checked());
         QVERIFY(ts->menu("mnuViewForms").Checked());
         QCOMPARE(ts->OpenSave.FilterIndex, ShellMDI::kCssFilterIndex);
+    }
+
+    void aCommandThatChangesTheKindOfTheDocumentInFrontSetsItsCommands() {
+        QTemporaryDir dir;
+        TestShell ts;
+        ts.load();
+        QVERIFY(ts->menu("mnuTagsBold").Enabled());
+        // A new style sheet comes forward with the style sheet's commands at once.
+        ts->dispatch([&] { ts->mnuFileNewCSS_Click(); });
+        QVERIFY(!ts->menu("mnuTagsBold").Enabled());
+        QVERIFY(!ts->cReBar1.BandVisible(1));
+        // Saved under a page's name it becomes a page, and the page's commands come back.
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(dir.filePath("now.htm")));
+        ts->dispatch([&] { ts->mnuFileSaveas_Click(); });
+        QCOMPARE(ts.active().CSSDoc, QStringLiteral("No"));
+        QVERIFY(ts->menu("mnuTagsBold").Enabled());
+        QVERIFY(ts->cReBar1.BandVisible(1));
     }
 
     void aPageAfterAStyleSheetShowsWhatTheFlagsSay_data() {
