@@ -89,6 +89,7 @@ DocumentView::DocumentView(ShellMDI& shell, codeEditor& doc, MenuBinder& menus, 
     tabs_->setObjectName(QStringLiteral("tabEditor"));
     tabs_->setShape(QTabBar::RoundedSouth);
     tabs_->setDrawBase(false);
+    tabs_->setExpanding(false);
     layout->addWidget(tabs_);
     syncTabs();
     connect(&doc.tabEditor, &Control::changed, this, &DocumentView::syncTabs);

@@ -296,7 +296,8 @@ void QtBrowserSurface::ensureView() {
 void QtBrowserSurface::Navigate(const QString& path) {
     ensureView();
     if (!view_) return;
-    view_->load(QUrl::fromLocalFile(path));
+    // A name without its folder stands in the program's working folder.
+    view_->load(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
 }
 
 void QtBrowserSurface::GoBack() {

@@ -25,6 +25,7 @@ namespace tsl {
 DocumentWindow::DocumentWindow(ShellMDI& shell, codeEditor* doc) : shell_(shell), doc_(doc) {
     setAttribute(Qt::WA_DeleteOnClose);
     setObjectName(QStringLiteral("codeEditor"));
+    setWindowIcon(menuIcon(QStringLiteral("New")));
 }
 
 void DocumentWindow::closeEvent(QCloseEvent* event) {
