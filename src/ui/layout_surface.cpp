@@ -8,13 +8,10 @@
 #include <QFontDialog>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLayout>
+#include <QMessageBox>
 #include <QTimer>
-#include <QVBoxLayout>
-#include <QWebEngineHistory>
-#include <QWebEnginePage>
-#include <QWebEngineScript>
-#include <QWebEngineSettings>
-#include <QWebEngineView>
+#include <QWidget>
 #include <memory>
 
 namespace tsl {
@@ -61,45 +58,41 @@ QString blockTag(const QString& style) {
 }
 } // namespace
 
-class LayoutPage : public QWebEnginePage {
-  public:
-    LayoutPage(QObject* parent, std::function<void(const QString&)> onMessage)
-        : QWebEnginePage(parent), onMessage_(std::move(onMessage)) {}
-
-  protected:
-    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int,
-                                  const QString&) override {
-        if (message.startsWith(QLatin1String("tsl:"))) onMessage_(message.mid(4));
-    }
-    // The page is edited, not browsed: a click on a link goes nowhere.
-    bool acceptNavigationRequest(const QUrl&, NavigationType type, bool) override {
-        return type != NavigationTypeLinkClicked;
-    }
-
-  private:
-    std::function<void(const QString&)> onMessage_;
-};
-
 QtLayoutSurface::QtLayoutSurface() = default;
 
-QtLayoutSurface::~QtLayoutSurface() {
-    if (view_) view_->deleteLater();
-}
+QtLayoutSurface::~QtLayoutSurface() = default;
 
-void QtLayoutSurface::ensureView() {
-    if (view_ || !host_) return;
-    view_ = new QWebEngineView(host_);
-    view_->setObjectName(QStringLiteral("DHTMLEdit1"));
+namespace {
+// The engine's library could not be loaded: say so once, and the view stays empty.
+std::unique_ptr<EnginePage> makePage(QWidget* host, bool editor) {
+    Engine* web = engine();
+    if (!web) {
+        static bool told = false;
+        if (!told)
+            QMessageBox::warning(host, QStringLiteral("Tessaline"),
+                                 QStringLiteral("The browser engine could not be loaded: ") +
+                                     engineError());
+        told = true;
+        return nullptr;
+    }
+    std::unique_ptr<EnginePage> page = editor ? web->createEditor(host) : web->createBrowser(host);
+    if (host->layout()) host->layout()->addWidget(page->widget());
+    return page;
+}
+} // namespace
+
+void QtLayoutSurface::ensurePage() {
+    if (page_ || !host_) return;
+    page_ = makePage(host_, true);
+    if (!page_) return;
+    page_->widget()->setObjectName(QStringLiteral("DHTMLEdit1"));
     // The page waits while its message is handled: the handler runs after it has returned.
-    page_ = new LayoutPage(view_, [this](const QString& m) {
+    page_->consoleMessage = [this](const QString& message) {
+        if (!message.startsWith(QLatin1String("tsl:"))) return;
         QMetaObject::invokeMethod(
-            this, [this, m] { onMessage(m); }, Qt::QueuedConnection);
-    });
-    // The page's own scripts do not run while it is edited; ours run in a world of their own.
-    page_->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, false);
-    view_->setPage(page_);
-    if (host_->layout()) host_->layout()->addWidget(view_);
-    connect(page_, &QWebEnginePage::loadFinished, this, &QtLayoutSurface::onLoaded);
+            this, [this, m = message.mid(4)] { onMessage(m); }, Qt::QueuedConnection);
+    };
+    page_->loadFinished = [this](bool) { onLoaded(); };
 }
 
 void QtLayoutSurface::scheduleLoad() {
@@ -113,7 +106,7 @@ void QtLayoutSurface::scheduleLoad() {
 void QtLayoutSurface::load() {
     loadPending_ = false;
     if (!visible_) return;
-    ensureView();
+    ensurePage();
     if (!page_) return;
     const QUrl base = folderUrl(BaseURL());
     if (html_.size() > kInlinePageLimit && base.isLocalFile()) {
@@ -129,7 +122,7 @@ void QtLayoutSurface::load() {
     page_->setHtml(html_, base);
 }
 
-void QtLayoutSurface::onLoaded(bool) {
+void QtLayoutSurface::onLoaded() {
     run(kLayoutScript, true);
     run(QStringLiteral("__tsl.borders(%1)").arg(ShowBorders() ? "true" : "false"), true);
     ready_ = true;
@@ -159,12 +152,11 @@ QVariant QtLayoutSurface::evaluate(const QString& script) const {
         QEventLoop loop;
     };
     auto answer = std::make_shared<Answer>();
-    page_->runJavaScript(script, QWebEngineScript::ApplicationWorld,
-                         [answer](const QVariant& value) {
-                             answer->value = value;
-                             answer->done = true;
-                             answer->loop.quit();
-                         });
+    page_->runScript(script, [answer](const QVariant& value) {
+        answer->value = value;
+        answer->done = true;
+        answer->loop.quit();
+    });
     if (!answer->done) {
         QTimer::singleShot(5000, &answer->loop, &QEventLoop::quit);
         answer->loop.exec(QEventLoop::ExcludeUserInputEvents);
@@ -173,10 +165,7 @@ QVariant QtLayoutSurface::evaluate(const QString& script) const {
 }
 
 void QtLayoutSurface::run(const QString& script, bool evenIfLoading) {
-    // Every call takes an answer, even one nobody reads: calls without one upset the order in
-    // which the engine hands answers back.
-    if (page_ && (ready_ || evenIfLoading))
-        page_->runJavaScript(script, QWebEngineScript::ApplicationWorld, [](const QVariant&) {});
+    if (page_ && (ready_ || evenIfLoading)) page_->runScript(script, nullptr);
 }
 
 QString QtLayoutSurface::DocumentHTML() const {
@@ -206,7 +195,7 @@ bool QtLayoutSurface::IsDirty() const {
 void QtLayoutSurface::setVisible(bool on) {
     visible_ = on;
     if (on) {
-        ensureView();
+        ensurePage();
         if (!ready_) scheduleLoad();
     }
 }
@@ -222,12 +211,12 @@ void QtLayoutSurface::NewDocument() {
     statuses_.clear();
     if (page_) {
         ready_ = false;
-        page_->setHtml(QString());
+        page_->setHtml(QString(), QUrl(QStringLiteral("about:blank")));
     }
 }
 
 void QtLayoutSurface::SetFocus() {
-    if (view_) view_->setFocus();
+    if (page_) page_->widget()->setFocus();
 }
 
 QString QtLayoutSurface::ExecCommand(int id, int, const QString& value) {
@@ -241,26 +230,26 @@ QString QtLayoutSurface::ExecCommand(int id, int, const QString& value) {
         return values_.value(id);
     // The clipboard and the history are the engine's own.
     case Copy:
-        page_->triggerAction(QWebEnginePage::Copy);
+        page_->trigger(EnginePage::Copy);
         return {};
     case Cut:
-        page_->triggerAction(QWebEnginePage::Cut);
+        page_->trigger(EnginePage::Cut);
         return {};
     case Paste:
-        page_->triggerAction(QWebEnginePage::Paste);
+        page_->trigger(EnginePage::Paste);
         return {};
     case Undo:
-        page_->triggerAction(QWebEnginePage::Undo);
+        page_->trigger(EnginePage::Undo);
         return {};
     case Redo:
-        page_->triggerAction(QWebEnginePage::Redo);
+        page_->trigger(EnginePage::Redo);
         return {};
     case SelectAll:
-        page_->triggerAction(QWebEnginePage::SelectAll);
+        page_->trigger(EnginePage::SelectAll);
         return {};
     case FontDialog: {
         bool ok = false;
-        const QFont font = QFontDialog::getFont(&ok, view_);
+        const QFont font = QFontDialog::getFont(&ok, page_->widget());
         if (ok) run(QStringLiteral("__tsl.exec(5044, %1)").arg(quoted(font.family())));
         return {};
     }
@@ -282,40 +271,42 @@ void QtLayoutSurface::pasteHTML(const QString& markup) {
 
 // ---- the browser ----
 
-void QtBrowserSurface::ensureView() {
-    if (view_ || !host_) return;
-    view_ = new QWebEngineView(host_);
-    view_->setObjectName(QStringLiteral("WebBrowser1"));
-    if (host_->layout()) host_->layout()->addWidget(view_);
-    connect(view_, &QWebEngineView::loadStarted, this, [this] {
+QtBrowserSurface::~QtBrowserSurface() = default;
+
+void QtBrowserSurface::ensurePage() {
+    if (page_ || !host_) return;
+    page_ = makePage(host_, false);
+    if (!page_) return;
+    page_->widget()->setObjectName(QStringLiteral("WebBrowser1"));
+    page_->loadStarted = [this] {
         if (BeforeNavigate2) BeforeNavigate2();
-    });
-    connect(view_, &QWebEngineView::loadFinished, this, &QtBrowserSurface::loadFinished);
+    };
+    page_->loadFinished = [this](bool ok) { emit loadFinished(ok); };
 }
 
 void QtBrowserSurface::Navigate(const QString& path) {
-    ensureView();
-    if (!view_) return;
+    ensurePage();
+    if (!page_) return;
     // A name without its folder stands in the program's working folder.
-    view_->load(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
+    page_->load(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
 }
 
 void QtBrowserSurface::GoBack() {
-    if (!view_ || !view_->history()->canGoBack()) raise(ErrInvalidProcedureCall);
-    view_->back();
+    if (!page_ || !page_->canGoBack()) raise(ErrInvalidProcedureCall);
+    page_->back();
 }
 
 void QtBrowserSurface::GoForward() {
-    if (!view_ || !view_->history()->canGoForward()) raise(ErrInvalidProcedureCall);
-    view_->forward();
+    if (!page_ || !page_->canGoForward()) raise(ErrInvalidProcedureCall);
+    page_->forward();
 }
 
 void QtBrowserSurface::Stop() {
-    if (view_) view_->stop();
+    if (page_) page_->stop();
 }
 
 void QtBrowserSurface::Refresh() {
-    if (view_) view_->reload();
+    if (page_) page_->reload();
 }
 
 } // namespace tsl

@@ -1,21 +1,19 @@
 #pragma once
-// The Layout surface on QtWebEngine: the page shown editable, the engine's own editing
+// The Layout surface on the browser engine: the page shown editable, the engine's own editing
 // commands behind the published command ids. The engine is made on first use, never at
 // start-up. The logic reads the page synchronously: a read waits for the page's answer in a
 // nested event loop that lets no user input through, so an edit made just before a switch of
-// views is never lost. Command states are pushed from the page at each change.
+// views is never lost. Command states and values are pushed from the page at each change.
 #include "editor/surfaces.h"
+#include "ui/engine.h"
 #include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QVariant>
-#include <QWebEngineView>
 
 class QWidget;
 
 namespace tsl {
-
-class LayoutPage;
 
 class QtLayoutSurface : public QObject, public LayoutSurface {
     Q_OBJECT
@@ -28,7 +26,7 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     void setDispatcher(std::function<void(const std::function<void()>&)> dispatch) {
         dispatch_ = std::move(dispatch);
     }
-    QWebEngineView* view() const { return view_; }
+    EnginePage* page() const { return page_.get(); }
 
     QString DocumentHTML() const override;
     void setDocumentHTML(const QString& html) override;
@@ -49,18 +47,17 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     void ready();
 
   private:
-    void ensureView();
+    void ensurePage();
     void scheduleLoad();
     void load();
-    void onLoaded(bool ok);
+    void onLoaded();
     void onMessage(const QString& message);
-    // Runs a script in the page's isolated world and waits for its answer.
+    // Runs a script in the page's world of the program and waits for its answer.
     QVariant evaluate(const QString& script) const;
     void run(const QString& script, bool evenIfLoading = false);
 
     QPointer<QWidget> host_;
-    QPointer<QWebEngineView> view_;
-    LayoutPage* page_ = nullptr;
+    std::unique_ptr<EnginePage> page_;
     std::function<void(const std::function<void()>&)> dispatch_;
     QString html_;
     mutable bool dirty_ = false;
@@ -71,12 +68,13 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     QHash<int, QString> values_;
 };
 
-// The browser of the Preview view on QtWebEngine, made on first use.
+// The browser of the Preview view, made on first use.
 class QtBrowserSurface : public QObject, public BrowserSurface {
     Q_OBJECT
   public:
+    ~QtBrowserSurface() override;
     void setHost(QWidget* host) { host_ = host; }
-    QWebEngineView* view() const { return view_; }
+    EnginePage* page() const { return page_.get(); }
     void Navigate(const QString& path) override;
     void GoBack() override;
     void GoForward() override;
@@ -89,9 +87,9 @@ class QtBrowserSurface : public QObject, public BrowserSurface {
     void loadFinished(bool ok);
 
   private:
-    void ensureView();
+    void ensurePage();
     QPointer<QWidget> host_;
-    QPointer<QWebEngineView> view_;
+    std::unique_ptr<EnginePage> page_;
     bool visible_ = false;
 };
 

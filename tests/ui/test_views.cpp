@@ -7,13 +7,12 @@
 #include "ui/layout_surface.h"
 #include "ui/main_window.h"
 #include "ui/workbench.h"
+#include <QApplication>
 #include <QBuffer>
 #include <QImage>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QWebEnginePage>
-#include <QWebEngineScript>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -29,12 +28,10 @@ QByteArray pngBytes() {
     return bytes;
 }
 
-QVariant evaluate(QWebEnginePage* page, const QString& script) {
+QVariant evaluate(EnginePage* page, const QString& script) {
     // Shared with the callback, which may come after a timeout has given up on it.
     auto answer = std::make_shared<std::pair<bool, QVariant>>();
-    page->runJavaScript(script, QWebEngineScript::ApplicationWorld, [answer](const QVariant& v) {
-        *answer = {true, v};
-    });
+    page->runScript(script, [answer](const QVariant& v) { *answer = {true, v}; });
     if (!QTest::qWaitFor([&] { return answer->first; }, 10000)) return {};
     return answer->second;
 }
@@ -67,7 +64,7 @@ class ViewsTest : public QObject {
         QVERIFY(!layout.IsDirty());
         // Select "world" in the page, then bold it as the toolbar would.
         const QVariant selected = evaluate(
-            layout.view()->page(),
+            layout.page(),
             QStringLiteral("const t = document.querySelector('p').firstChild;"
                            "const r = document.createRange(); r.setStart(t, 6); r.setEnd(t, 11);"
                            "getSelection().removeAllRanges(); getSelection().addRange(r);"
@@ -106,11 +103,10 @@ class ViewsTest : public QObject {
         QCOMPARE(readFile(preview), kPage);
         QTRY_VERIFY_WITH_TIMEOUT(loaded.count() > 0, 30000);
         QVERIFY(loaded.first().first().toBool());
-        QCOMPARE(browser.view()->url(), QUrl::fromLocalFile(preview));
+        QCOMPARE(browser.page()->url(), QUrl::fromLocalFile(preview));
         QTRY_COMPARE_WITH_TIMEOUT(
-            evaluate(browser.view()->page(), QStringLiteral("document.images[0].naturalWidth"))
-                .toInt(),
-            8, 10000);
+            evaluate(browser.page(), QStringLiteral("document.images[0].naturalWidth")).toInt(), 8,
+            10000);
         // Only print and preview remain among the document commands; Save stays for the file.
         QVERIFY(!bench.shell().menu(QStringLiteral("mnuTagsBold")).Enabled());
         QVERIFY(bench.shell().menu(QStringLiteral("mnuFilePrint")).Enabled());
@@ -121,5 +117,11 @@ class ViewsTest : public QObject {
     }
 };
 
-QTEST_MAIN(ViewsTest)
+int main(int argc, char* argv[]) {
+    // As the program does: the engine, loaded later, shares its graphics contexts.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QApplication app(argc, argv);
+    ViewsTest test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "test_views.moc"

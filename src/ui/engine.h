@@ -1,0 +1,56 @@
+#pragma once
+// The browser engine behind the Layout and Preview views, as the view uses it. The engine
+// lives in a library of its own that is loaded when a document first shows Layout or Preview,
+// so that start-up neither loads nor pays for it.
+#include <QString>
+#include <QUrl>
+#include <QVariant>
+#include <functional>
+#include <memory>
+
+class QWidget;
+
+namespace tsl {
+
+// One page that scripts of the program can run in, apart from the page's own scripts.
+class EnginePage {
+  public:
+    virtual ~EnginePage() = default;
+    virtual QWidget* widget() = 0;
+    virtual void setHtml(const QString& html, const QUrl& base) = 0;
+    virtual void load(const QUrl& url) = 0;
+    virtual QUrl url() const = 0;
+    // Runs a script in the program's own world of the page; the answer comes later.
+    virtual void runScript(const QString& script, std::function<void(const QVariant&)> answer) = 0;
+    enum Action { Copy, Cut, Paste, Undo, Redo, SelectAll };
+    virtual void trigger(Action action) = 0;
+    virtual bool canGoBack() const = 0;
+    virtual bool canGoForward() const = 0;
+    virtual void back() = 0;
+    virtual void forward() = 0;
+    virtual void stop() = 0;
+    virtual void reload() = 0;
+
+    std::function<void()> loadStarted;
+    std::function<void(bool ok)> loadFinished;
+    // What the program's scripts tell through the console.
+    std::function<void(const QString&)> consoleMessage;
+};
+
+class Engine {
+  public:
+    virtual ~Engine() = default;
+    // An editable page: its own scripts don't run and its links are not followed.
+    virtual std::unique_ptr<EnginePage> createEditor(QWidget* parent) = 0;
+    virtual std::unique_ptr<EnginePage> createBrowser(QWidget* parent) = 0;
+};
+
+// The engine, loaded on the first call; null when its library cannot be loaded.
+Engine* engine();
+// The error of the last failed load, for the message the user sees.
+QString engineError();
+
+} // namespace tsl
+
+// The one symbol the engine's library exports.
+extern "C" tsl::Engine* tessalineCreateEngine();
