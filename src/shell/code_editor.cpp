@@ -72,7 +72,7 @@ void codeEditor::Form_Activate() {
     }
     updateUndoRedoState();
 
-    // The commands by the kind of document and its selected view (Part 1.5).
+    // The commands by the kind of document and its selected view.
     const bool selection = codebox_->SelLength() > 0;
     if (CSSDoc == QLatin1String("Yes")) {
         shell_.SetCssCommandState();

@@ -82,7 +82,7 @@ class ShellMDI : public QObject {
     void tbrMain_ButtonClick(int index);
     void tbrTags_ButtonClick(int index);
     TabStrip TabStrip1{QStringLiteral("TabStrip1")};
-    // ---- command table, toolbars and bands (Parts 1.5, 8.1) ----
+    // ---- command table, toolbars and bands ----
     // The band strip: band 0 "Toolbar1" holds tbrMain, 1 "Toolbar2" tbrTags, 2 "Toolbar3"
     // tbrForms. The view shows the toolbars as the bands say.
     cReBar cReBar1{QStringLiteral("cReBar1")};

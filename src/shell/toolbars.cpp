@@ -265,7 +265,7 @@ void ShellMDI::tbrTags_ButtonClick(int index) {
 }
 
 QString ShellMDI::FormsButtonKind(int index) {
-    // Part 3.7: the field kind each button presets in cmbInputType; 1 and 8 are separators.
+    // The field kind each button presets in cmbInputType; 1 and 8 are separators.
     static const char* const kinds[] = {
         nullptr, nullptr,        "Button",      "Check Box",
         "List",  "Radio Button", "Text Box",    "Multi-row Text Box",
@@ -283,7 +283,7 @@ void ShellMDI::tbrForms_ButtonClick(int index) {
     if (!kind.isEmpty()) ShowFormComponent(kind);
 }
 
-// Shows frmForm modally with its field kind set first (Part 3.7, not built yet).
+// Shows frmForm modally with its field kind set first (the form dialog is not built yet).
 void ShellMDI::ShowFormComponent(const QString&) {
     notAvailableYet();
 }
