@@ -39,4 +39,9 @@ struct TestShell {
 QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& bytes);
 QByteArray readFile(const QString& path);
 
+// A list of names written as one string, separated by spaces.
+inline QStringList words(const char* text) {
+    return QString::fromUtf8(text).split(u' ', Qt::SkipEmptyParts);
+}
+
 } // namespace tsl::test
