@@ -11,86 +11,36 @@ using namespace tsl::test;
 
 namespace {
 
-// The document commands of DisableDocumentCommands (Part 1.5), in its order.
-const QStringList kDocumentItems = {"mnuFileClose",
-                                    "mnuFileSave",
-                                    "mnuFileSaveas",
-                                    "mnuFilePrint",
-                                    "mnuFilePreview",
-                                    "mnuFileCloseAll",
-                                    "mnuFileSaveAll",
-                                    "mnuEditUndo",
-                                    "mnuEditCut",
-                                    "mnuEditCopy",
-                                    "mnuEditPaste",
-                                    "mnuEditFind",
-                                    "mnuEditSelectall",
-                                    "mnuEditProperties",
-                                    "mnuInsertAnchor",
-                                    "mnuInsertHR",
-                                    "mnuInsertHyperlink",
-                                    "mnuInsertImage",
-                                    "mnuInsertMarquee",
-                                    "mnuInsertTrade",
-                                    "mnuInsertCopyright",
-                                    "mnuInsertAmpersand",
-                                    "mnuInsertLess",
-                                    "mnuInsertGreater",
-                                    "mnuInsertQuote",
-                                    "mnuInsertReg",
-                                    "mnuInsertFormSettings",
-                                    "mnuInsertForm",
-                                    "mnuInsertFrames",
-                                    "mnuInsertBullet",
-                                    "mnuInsertTable",
-                                    "mnuInsertComment",
-                                    "mnuInsertCSS",
-                                    "mnuInsertLink",
-                                    "mnuInsertBasefont",
-                                    "mnuInsertFont",
-                                    "mnuTagsBold",
-                                    "mnuTagsItalic",
-                                    "mnuTagsUnderline",
-                                    "mnuTagsStrike",
-                                    "mnuSup",
-                                    "mnuSub",
-                                    "mnuInsertBreak",
-                                    "mnuInsertParagraph",
-                                    "mnuInsertSpace",
-                                    "mnuTagsCenter",
-                                    "mnuTagsRight",
-                                    "mnuTagsBlock",
-                                    "mnuInsertDate1",
-                                    "mnuInsertDate2",
-                                    "mnuInsertDate3",
-                                    "mnuInsertDate4",
-                                    "mnuH1",
-                                    "mnuH2",
-                                    "mnuH3",
-                                    "mnuH4",
-                                    "mnuH5",
-                                    "mnuH6",
-                                    "mnuFormatRemove"};
+// The document commands DisableDocumentCommands turns off, in its order.
+const QStringList kDocumentItems = words(
+    "mnuFileClose mnuFileSave mnuFileSaveas mnuFilePrint mnuFilePreview mnuFileCloseAll "
+    "mnuFileSaveAll mnuEditUndo mnuEditCut mnuEditCopy mnuEditPaste mnuEditFind mnuEditSelectall "
+    "mnuEditProperties mnuInsertAnchor mnuInsertHR mnuInsertHyperlink mnuInsertImage "
+    "mnuInsertMarquee mnuInsertTrade mnuInsertCopyright mnuInsertAmpersand mnuInsertLess "
+    "mnuInsertGreater mnuInsertQuote mnuInsertReg mnuInsertFormSettings mnuInsertForm "
+    "mnuInsertFrames mnuInsertBullet mnuInsertTable mnuInsertComment mnuInsertCSS mnuInsertLink "
+    "mnuInsertBasefont mnuInsertFont mnuTagsBold mnuTagsItalic mnuTagsUnderline mnuTagsStrike "
+    "mnuSup mnuSub mnuInsertBreak mnuInsertParagraph mnuInsertSpace mnuTagsCenter mnuTagsRight "
+    "mnuTagsBlock mnuInsertDate1 mnuInsertDate2 mnuInsertDate3 mnuInsertDate4 mnuH1 mnuH2 mnuH3 "
+    "mnuH4 mnuH5 mnuH6 mnuFormatRemove");
 const QList<int> kMainOff = {3, 5, 7, 8, 9, 11, 13, 14, 19, 20, 22, 24};
 const QList<int> kTags = {0, 2, 4, 5, 6, 8, 9, 11, 13, 14, 16, 17, 18, 19, 21, 22, 24};
 const QList<int> kForms = {0, 2, 3, 4, 5, 6, 7, 9, 10};
 
 // What a style sheet turns off, besides tbrMain 14, 16, 17, 20, 24.
-const QStringList kCssOff = {
-    "mnuFilePreview",        "mnuEditProperties",  "mnuInsertAnchor",   "mnuInsertHR",
-    "mnuInsertHyperlink",    "mnuInsertImage",     "mnuInsertMarquee",  "mnuInsertSC",
-    "mnuInsertFormSettings", "mnuInsertForm",      "mnuInsertFrames",   "mnuInsertBullet",
-    "mnuInsertTable",        "mnuInsertComment",   "mnuInsertBasefont", "mnuInsertFont",
-    "mnuTagsBold",           "mnuTagsItalic",      "mnuTagsUnderline",  "mnuTagsStrike",
-    "mnuInsertBreak",        "mnuInsertParagraph", "mnuInsertSpace",    "mnuTagsCenter",
-    "mnuTagsBlock",          "mnuViewFmtTlb",      "mnuViewForms",      "mnuViewTagList",
-    "mnuInsertLink",         "mnuHeadings"};
+const QStringList kCssOff =
+    words("mnuFilePreview mnuEditProperties mnuInsertAnchor mnuInsertHR mnuInsertHyperlink "
+          "mnuInsertImage mnuInsertMarquee mnuInsertSC mnuInsertFormSettings mnuInsertForm "
+          "mnuInsertFrames mnuInsertBullet mnuInsertTable mnuInsertComment mnuInsertBasefont "
+          "mnuInsertFont mnuTagsBold mnuTagsItalic mnuTagsUnderline mnuTagsStrike mnuInsertBreak "
+          "mnuInsertParagraph mnuInsertSpace mnuTagsCenter mnuTagsBlock mnuViewFmtTlb mnuViewForms "
+          "mnuViewTagList mnuInsertLink mnuHeadings");
 
 // The commands that work with no document at all.
-const QStringList kAlwaysOn = {
-    "mnuFile",      "mnuFileNew",     "mnuFileNewHTML",  "mnuFileNewCSS", "mnuFileOpen",
-    "mnuNet",       "mnuFileExit",    "mnuEditPrefs",    "mnuViewStdTlb", "mnuViewFmtTlb",
-    "mnuViewForms", "mnuViewTagList", "mnuHelpContents", "mnuHelpAbout",  "mnuWindowCascade"};
+const QStringList kAlwaysOn = words(
+    "mnuFile mnuFileNew mnuFileNewHTML mnuFileNewCSS mnuFileOpen mnuNet mnuFileExit mnuEditPrefs "
+    "mnuViewStdTlb mnuViewFmtTlb mnuViewForms mnuViewTagList mnuHelpContents mnuHelpAbout "
+    "mnuWindowCascade");
 
 QSet<QString> itemsOn(ShellMDI& shell, const QStringList& names) {
     QSet<QString> on;
@@ -147,109 +97,71 @@ class CommandStateTest : public QObject {
   private slots:
     // ---- start-up ----
 
-    void startWithNoSettingsShowsStandardAndFormattingBands() {
-        TestShell ts;
-        ts.load();
-        QVERIFY(ts->cReBar1.BandVisible(ShellMDI::BandStandard));
-        QVERIFY(ts->cReBar1.BandVisible(ShellMDI::BandTags));
-        QVERIFY(!ts->cReBar1.BandVisible(ShellMDI::BandForms));
-        QVERIFY(!ts->Picture1.Visible());
-        QVERIFY(ts->menu("mnuViewStdTlb").Checked());
-        QVERIFY(ts->menu("mnuViewFmtTlb").Checked());
-        QVERIFY(!ts->menu("mnuViewForms").Checked());
-        QVERIFY(!ts->menu("mnuViewTagList").Checked());
-        QVERIFY(!ts->tbrMain.ButtonChecked(16));
-        QVERIFY(!ts->tbrMain.ButtonChecked(17));
-        QCOMPARE(ts.settings.writeCount(), 0);
-    }
-
-    void startShowsTheBandsTheSettingsSay_data() {
-        QTest::addColumn<QString>("forms");
-        QTest::addColumn<QString>("standard");
-        QTest::addColumn<QString>("tags");
-        QTest::addColumn<QString>("tagList");
-        QTest::newRow("all on") << "Yes"
-                                << "Yes"
-                                << "Yes"
-                                << "Yes";
-        QTest::newRow("all off") << "No"
-                                 << "No"
-                                 << "No"
-                                 << "No";
-        QTest::newRow("forms and list only") << "Yes"
-                                             << "No"
-                                             << "No"
-                                             << "Yes";
-        QTest::newRow("standard only") << "No"
-                                       << "Yes"
-                                       << "No"
-                                       << "No";
-        QTest::newRow("not Yes is off") << "yes"
-                                        << "1"
-                                        << ""
-                                        << "YES";
-    }
+    // Forms, Standard, Tags, TagList as the settings hold them; null for none written.
     void startShowsTheBandsTheSettingsSay() {
-        QFETCH(QString, forms);
-        QFETCH(QString, standard);
-        QFETCH(QString, tags);
-        QFETCH(QString, tagList);
-        TestShell ts;
-        ts.settings.save("Fuzzies", "Forms Toolbar Open", forms);
-        ts.settings.save("Fuzzies", "Standard Toolbar Open", standard);
-        ts.settings.save("Fuzzies", "Tags Toolbar Open", tags);
-        ts.settings.save("Fuzzies", "TagListOpen", tagList);
-        ts.load();
-        const bool f = forms == "Yes", s = standard == "Yes", t = tags == "Yes",
-                   l = tagList == "Yes";
-        QCOMPARE(ts->bFormsToolbarOpen, f);
-        QCOMPARE(ts->bStandardToolbarOpen, s);
-        QCOMPARE(ts->bTagsToolbarOpen, t);
-        QCOMPARE(ts->bTagListOpen, l);
-        QCOMPARE(ts->cReBar1.BandVisible(2), f);
-        QCOMPARE(ts->cReBar1.BandVisible(0), s);
-        QCOMPARE(ts->cReBar1.BandVisible(1), t);
-        QCOMPARE(ts->Picture1.Visible(), l);
-        QCOMPARE(ts->menu("mnuViewForms").Checked(), f);
-        QCOMPARE(ts->menu("mnuViewStdTlb").Checked(), s);
-        QCOMPARE(ts->menu("mnuViewFmtTlb").Checked(), t);
-        QCOMPARE(ts->menu("mnuViewTagList").Checked(), l);
-        QCOMPARE(ts->tbrMain.ButtonChecked(16), f);
-        QCOMPARE(ts->tbrMain.ButtonChecked(17), l);
+        const char* const rows[][4] = {{nullptr, nullptr, nullptr, nullptr},
+                                       {"Yes", "Yes", "Yes", "Yes"},
+                                       {"No", "No", "No", "No"},
+                                       {"Yes", "No", "No", "Yes"},
+                                       {"No", "Yes", "No", "No"},
+                                       {"yes", "1", "", "YES"}}; // not "Yes" is off
+        const char* const keys[] = {"Forms Toolbar Open", "Standard Toolbar Open",
+                                    "Tags Toolbar Open", "TagListOpen"};
+        for (const auto& row : rows) {
+            TestShell ts;
+            for (int k = 0; k < 4; ++k)
+                if (row[k]) ts.settings.save("Fuzzies", keys[k], row[k]);
+            const int writes = ts.settings.writeCount();
+            ts.load();
+            const auto on = [&](int k, bool byDefault) {
+                return row[k] ? QByteArray(row[k]) == "Yes" : byDefault;
+            };
+            const bool f = on(0, false), s = on(1, true), t = on(2, true), l = on(3, false);
+            QCOMPARE(ts->bFormsToolbarOpen, f);
+            QCOMPARE(ts->bStandardToolbarOpen, s);
+            QCOMPARE(ts->bTagsToolbarOpen, t);
+            QCOMPARE(ts->bTagListOpen, l);
+            QCOMPARE(ts->cReBar1.BandVisible(ShellMDI::BandForms), f);
+            QCOMPARE(ts->cReBar1.BandVisible(ShellMDI::BandStandard), s);
+            QCOMPARE(ts->cReBar1.BandVisible(ShellMDI::BandTags), t);
+            QCOMPARE(ts->Picture1.Visible(), l);
+            QCOMPARE(ts->menu("mnuViewForms").Checked(), f);
+            QCOMPARE(ts->menu("mnuViewStdTlb").Checked(), s);
+            QCOMPARE(ts->menu("mnuViewFmtTlb").Checked(), t);
+            QCOMPARE(ts->menu("mnuViewTagList").Checked(), l);
+            QCOMPARE(ts->tbrMain.ButtonChecked(16), f);
+            QCOMPARE(ts->tbrMain.ButtonChecked(17), l);
+            QCOMPARE(ts.settings.writeCount(), writes); // the start writes nothing
+        }
     }
 
     // ---- the view toggles ----
 
-    void toolbarToggles_data() {
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<int>("band");
-        QTest::newRow("standard") << "mnuViewStdTlb" << int(ShellMDI::BandStandard);
-        QTest::newRow("formatting") << "mnuViewFmtTlb" << int(ShellMDI::BandTags);
-        QTest::newRow("forms") << "mnuViewForms" << int(ShellMDI::BandForms);
-    }
     void toolbarToggles() {
-        QFETCH(QString, item);
-        QFETCH(int, band);
-        TestShell ts;
-        ts.load();
-        const auto flag = [&]() -> bool {
-            if (band == ShellMDI::BandStandard) return ts->bStandardToolbarOpen;
-            if (band == ShellMDI::BandTags) return ts->bTagsToolbarOpen;
-            return ts->bFormsToolbarOpen;
-        };
-        const int writes = ts.settings.writeCount();
-        const bool before = ts->menu(item).Checked();
-        for (int round = 1; round <= 2; ++round) {
-            QVERIFY(ts->dispatch(ts->menu(item).Click));
-            const bool open = round == 1 ? !before : before;
-            QCOMPARE(ts->menu(item).Checked(), open);
-            QCOMPARE(ts->cReBar1.BandVisible(band), open);
-            QCOMPARE(flag(), open);
-            if (band == ShellMDI::BandForms) QCOMPARE(ts->tbrMain.ButtonChecked(16), open);
+        for (const auto& [item, band] : {std::pair{"mnuViewStdTlb", int(ShellMDI::BandStandard)},
+                                         std::pair{"mnuViewFmtTlb", int(ShellMDI::BandTags)},
+                                         std::pair{"mnuViewForms", int(ShellMDI::BandForms)}}) {
+            TestShell ts;
+            ts.load();
+            const auto flag = [&]() -> bool {
+                if (band == ShellMDI::BandStandard) return ts->bStandardToolbarOpen;
+                if (band == ShellMDI::BandTags) return ts->bTagsToolbarOpen;
+                return ts->bFormsToolbarOpen;
+            };
+            const int writes = ts.settings.writeCount();
+            const bool before = ts->menu(item).Checked();
+            for (int round = 1; round <= 2; ++round) {
+                QVERIFY(ts->dispatch(ts->menu(item).Click));
+                const bool open = round == 1 ? !before : before;
+                QCOMPARE(ts->menu(item).Checked(), open);
+                QCOMPARE(ts->cReBar1.BandVisible(band), open);
+                QCOMPARE(flag(), open);
+                if (band == ShellMDI::BandForms) QCOMPARE(ts->tbrMain.ButtonChecked(16), open);
+            }
+            // The toolbar toggles write nothing; exit writes two of the three.
+            QCOMPARE(ts.settings.writeCount(), writes);
+            QVERIFY(ts.platform.messages.isEmpty());
         }
-        // The toolbar toggles write nothing; exit writes two of the three.
-        QCOMPARE(ts.settings.writeCount(), writes);
-        QVERIFY(ts.platform.messages.isEmpty());
     }
 
     void theTagListToggleWritesAtOnce() {
@@ -333,36 +245,33 @@ class CommandStateTest : public QObject {
         QCOMPARE(ts->OpenSave.FilterIndex, ShellMDI::kHtmlFilterIndex);
     }
 
-    void cutCopyAndPasteWhenAPageComesForward_data() {
-        QTest::addColumn<bool>("css");
-        QTest::addColumn<int>("selLength");
-        QTest::addColumn<QString>("clipboard");
-        QTest::newRow("page, caret, empty clipboard") << false << 0 << QString();
-        QTest::newRow("page, selection, text on clipboard") << false << 3 << "x";
-        QTest::newRow("sheet, caret") << true << 0 << "x";
-        QTest::newRow("sheet, selection") << true << 3 << QString();
-    }
     void cutCopyAndPasteWhenAPageComesForward() {
-        QFETCH(bool, css);
-        QFETCH(int, selLength);
-        QFETCH(QString, clipboard);
-        TestShell ts;
-        codeEditor& doc = css ? withStyleSheet(ts) : (ts.load(), ts.active());
-        ts.platform.clipboard = clipboard;
-        doc.codebox().setSelStart(0);
-        doc.codebox().setSelLength(selLength);
-        ts->tbrMain.setButtonEnabled(9, true);
-        ts->menu("mnuEditPaste").setEnabled(true);
-        doc.Form_Activate();
-        const bool selected = selLength > 0;
-        QCOMPARE(ts->menu("mnuEditCut").Enabled(), selected);
-        QCOMPARE(ts->menu("mnuEditCopy").Enabled(), selected);
-        QCOMPARE(ts->tbrMain.ButtonEnabled(7), selected);
-        QCOMPARE(ts->tbrMain.ButtonEnabled(8), selected);
-        // A style sheet leaves Paste as it was; a page sets it by the clipboard.
-        const bool paste = css || !clipboard.isEmpty();
-        QCOMPARE(ts->menu("mnuEditPaste").Enabled(), paste);
-        QCOMPARE(ts->tbrMain.ButtonEnabled(9), paste);
+        struct Case {
+            bool css;
+            int selLength;
+            QString clipboard;
+        };
+        for (const auto& [css, selLength, clipboard] :
+             {Case{false, 0, QString()}, Case{false, 3, "x"}, Case{true, 0, "x"},
+              Case{true, 3, QString()}}) {
+            TestShell ts;
+            codeEditor& doc = css ? withStyleSheet(ts) : (ts.load(), ts.active());
+            ts.platform.clipboard = clipboard;
+            doc.codebox().setSelStart(0);
+            doc.codebox().setSelLength(selLength);
+            ts->tbrMain.setButtonEnabled(9, true);
+            ts->menu("mnuEditPaste").setEnabled(true);
+            doc.Form_Activate();
+            const bool selected = selLength > 0;
+            QCOMPARE(ts->menu("mnuEditCut").Enabled(), selected);
+            QCOMPARE(ts->menu("mnuEditCopy").Enabled(), selected);
+            QCOMPARE(ts->tbrMain.ButtonEnabled(7), selected);
+            QCOMPARE(ts->tbrMain.ButtonEnabled(8), selected);
+            // A style sheet leaves Paste as it was; a page sets it by the clipboard.
+            const bool paste = css || !clipboard.isEmpty();
+            QCOMPARE(ts->menu("mnuEditPaste").Enabled(), paste);
+            QCOMPARE(ts->tbrMain.ButtonEnabled(9), paste);
+        }
     }
 
     // ---- style sheets ----
@@ -411,52 +320,39 @@ class CommandStateTest : public QObject {
         QVERIFY(ts->cReBar1.BandVisible(1));
     }
 
-    void aPageAfterAStyleSheetShowsWhatTheFlagsSay_data() {
-        QTest::addColumn<QString>("forms");
-        QTest::addColumn<QString>("tagList");
-        QTest::newRow("forms and list open") << "Yes"
-                                             << "Yes";
-        QTest::newRow("forms and list closed") << "No"
-                                               << "No";
-        QTest::newRow("list only") << "No"
-                                   << "Yes";
-    }
     void aPageAfterAStyleSheetShowsWhatTheFlagsSay() {
-        QFETCH(QString, forms);
-        QFETCH(QString, tagList);
-        TestShell ts;
-        ts.settings.save("Fuzzies", "Forms Toolbar Open", forms);
-        ts.settings.save("Fuzzies", "TagListOpen", tagList);
-        ts.load();
-        codeEditor& page = ts.active();
-        const QString before = viewState(*ts);
-        ts->mnuFileNewCSS_Click();
-        codeEditor& sheet = ts.active();
-        page.ZOrder();
-        sheet.ZOrder();
-        QVERIFY(!ts->cReBar1.BandVisible(1));
-        const int writes = ts.settings.writeCount();
-        page.ZOrder();
-        QCOMPARE(viewState(*ts), before);
-        QCOMPARE(ts.settings.writeCount(), writes);
-        for (const QString& name : kCssOff)
-            QVERIFY2(ts->menu(name).Enabled(), qPrintable(name));
-        for (int i : {14, 16, 17, 19, 20, 24})
-            QVERIFY(ts->tbrMain.ButtonEnabled(i));
-        QCOMPARE(ts->tbrMain.ButtonChecked(16), forms == "Yes");
-        QCOMPARE(ts->tbrMain.ButtonChecked(17), tagList == "Yes");
-        QCOMPARE(ts->menu("mnuViewTagList").Checked(), tagList == "Yes");
-        QCOMPARE(ts->OpenSave.FilterIndex, ShellMDI::kHtmlFilterIndex);
+        for (const auto& [forms, tagList] :
+             {std::pair{"Yes", "Yes"}, std::pair{"No", "No"}, std::pair{"No", "Yes"}}) {
+            TestShell ts;
+            ts.settings.save("Fuzzies", "Forms Toolbar Open", forms);
+            ts.settings.save("Fuzzies", "TagListOpen", tagList);
+            ts.load();
+            codeEditor& page = ts.active();
+            const QString before = viewState(*ts);
+            ts->mnuFileNewCSS_Click();
+            codeEditor& sheet = ts.active();
+            page.ZOrder();
+            sheet.ZOrder();
+            QVERIFY(!ts->cReBar1.BandVisible(1));
+            const int writes = ts.settings.writeCount();
+            page.ZOrder();
+            QCOMPARE(viewState(*ts), before);
+            QCOMPARE(ts.settings.writeCount(), writes);
+            for (const QString& name : kCssOff)
+                QVERIFY2(ts->menu(name).Enabled(), qPrintable(name));
+            for (int i : {14, 16, 17, 19, 20, 24})
+                QVERIFY(ts->tbrMain.ButtonEnabled(i));
+            QCOMPARE(ts->tbrMain.ButtonChecked(16), QByteArray(forms) == "Yes");
+            QCOMPARE(ts->tbrMain.ButtonChecked(17), QByteArray(tagList) == "Yes");
+            QCOMPARE(ts->menu("mnuViewTagList").Checked(), QByteArray(tagList) == "Yes");
+            QCOMPARE(ts->OpenSave.FilterIndex, ShellMDI::kHtmlFilterIndex);
+        }
     }
 
     void aToolbarToggledOverAStyleSheetComesBackByItsFlag() {
         TestShell ts;
-        ts.load();
-        codeEditor& page = ts.active();
-        ts->mnuFileNewCSS_Click();
-        codeEditor& sheet = ts.active();
-        page.ZOrder();
-        sheet.ZOrder();
+        withStyleSheet(ts);
+        codeEditor& page = *ts->documents().front();
         ts->mnuViewStdTlb_Click();
         QVERIFY(!ts->cReBar1.BandVisible(0));
         page.ZOrder();
