@@ -33,60 +33,42 @@ class InsertCommandsTest : public QObject {
     Q_OBJECT
 
   private slots:
+    // Per wrap: item, open, close, whether the step below keeps the selection, the flags just
+    // after entry from both clear (markup, caret), the Layout command "id,option,value" (empty:
+    // works on the pane), whether Layout clears the flags and takes the focus, and whether a
+    // position past 16 bits fails silently.
     void wraps_data() {
         QTest::addColumn<QString>("item");
         QTest::addColumn<QString>("open");
         QTest::addColumn<QString>("close");
         QTest::addColumn<bool>("addsSelection");
-        QTest::addColumn<bool>("entryMarkup"); // the flags just after entry, from both clear
+        QTest::addColumn<bool>("entryMarkup");
         QTest::addColumn<bool>("entryCaret");
-        QTest::addColumn<QString>("layout"); // id,option,value; empty: works on the pane
+        QTest::addColumn<QString>("layout");
         QTest::addColumn<bool>("layoutClears");
         QTest::addColumn<bool>("layoutFocus");
         QTest::addColumn<bool>("silent");
-        QTest::newRow("H1") << "mnuH1"
-                            << "<h1>"
-                            << "</h1>" << true << true << false << "5043,2,Heading 1" << false
-                            << false << true;
-        for (int n = 2; n <= 6; ++n)
-            QTest::addRow("H%d", n)
-                << QStringLiteral("mnuH%1").arg(n) << QStringLiteral("<h%1>").arg(n)
-                << QStringLiteral("</h%1>").arg(n) << true << false << true
-                << QStringLiteral("5043,2,Heading %1").arg(n) << false << false << true;
-        QTest::newRow("Sub") << "mnuSub"
-                             << "<sub>"
-                             << "</sub>" << true << true << false << "" << true << false << true;
-        QTest::newRow("Sup") << "mnuSup"
-                             << "<sup>"
-                             << "</sup>" << true << true << false << "" << true << false << true;
-        QTest::newRow("Block") << "mnuTagsBlock"
-                               << "<blockquote>"
-                               << "</blockquote>" << true << true << false << "5018,0," << false
-                               << false << false;
-        QTest::newRow("Bold") << "mnuTagsBold"
-                              << "<b>"
-                              << "</b>" << true << true << false << "5000,2," << true << false
-                              << true;
-        QTest::newRow("Center") << "mnuTagsCenter"
-                                << "<center>"
-                                << "</center>" << true << true << false << "5024,2," << true << true
-                                << false;
-        QTest::newRow("Italic") << "mnuTagsItalic"
-                                << "<i>"
-                                << "</i>" << true << false << false << "5000,2," << true << false
-                                << true;
-        QTest::newRow("Right") << "mnuTagsRight"
-                               << "<p align=\"right\">"
-                               << "</p>" << false << true << false << "5026,2," << true << true
-                               << false;
-        QTest::newRow("Strike") << "mnuTagsStrike"
-                                << "<strike>"
-                                << "</strike>" << true << true << false << "5000,2," << true
-                                << false << true;
-        QTest::newRow("Underline")
-            << "mnuTagsUnderline"
-            << "<u>"
-            << "</u>" << true << true << false << "5000,2," << true << false << true;
+        const char* const rows[] = {"mnuH1|<h1>|</h1>|1|1|0|5043,2,Heading 1|0|0|1",
+                                    "mnuH2|<h2>|</h2>|1|0|1|5043,2,Heading 2|0|0|1",
+                                    "mnuH3|<h3>|</h3>|1|0|1|5043,2,Heading 3|0|0|1",
+                                    "mnuH4|<h4>|</h4>|1|0|1|5043,2,Heading 4|0|0|1",
+                                    "mnuH5|<h5>|</h5>|1|0|1|5043,2,Heading 5|0|0|1",
+                                    "mnuH6|<h6>|</h6>|1|0|1|5043,2,Heading 6|0|0|1",
+                                    "mnuSub|<sub>|</sub>|1|1|0||1|0|1",
+                                    "mnuSup|<sup>|</sup>|1|1|0||1|0|1",
+                                    "mnuTagsBlock|<blockquote>|</blockquote>|1|1|0|5018,0,|0|0|0",
+                                    "mnuTagsBold|<b>|</b>|1|1|0|5000,2,|1|0|1",
+                                    "mnuTagsCenter|<center>|</center>|1|1|0|5024,2,|1|1|0",
+                                    "mnuTagsItalic|<i>|</i>|1|0|0|5000,2,|1|0|1",
+                                    "mnuTagsRight|<p align=\"right\">|</p>|0|1|0|5026,2,|1|1|0",
+                                    "mnuTagsStrike|<strike>|</strike>|1|1|0|5000,2,|1|0|1",
+                                    "mnuTagsUnderline|<u>|</u>|1|1|0|5000,2,|1|0|1"};
+        for (const char* row : rows) {
+            const QStringList f = QString::fromUtf8(row).split(u'|');
+            const auto on = [&](int i) { return f.at(i) == QLatin1String("1"); };
+            QTest::newRow(row) << f.at(0) << f.at(1) << f.at(2) << on(3) << on(4) << on(5)
+                               << f.at(6) << on(7) << on(8) << on(9);
+        }
     }
 
     void wrapSelection_data() { wraps_data(); }
@@ -226,16 +208,12 @@ class InsertCommandsTest : public QObject {
     void stepCallLooksBelow_data() {
         QTest::addColumn<QString>("item");
         QTest::addColumn<QString>("result");
-        QTest::newRow("Paragraph") << "mnuInsertParagraph"
-                                   << "one <p>two three";
-        QTest::newRow("Line Break") << "mnuInsertBreak"
-                                    << "one <br>\ntwo three";
-        QTest::newRow("Comment") << "mnuInsertComment"
-                                 << "one <!--  -->two three";
-        QTest::newRow("Quote") << "mnuInsertQuote"
-                               << "one &quot;two three";
-        QTest::newRow("Space") << "mnuInsertSpace"
-                               << "one &nbsp;two three";
+        for (const auto& [item, result] : {std::pair{"mnuInsertParagraph", "one <p>two three"},
+                                           std::pair{"mnuInsertBreak", "one <br>\ntwo three"},
+                                           std::pair{"mnuInsertComment", "one <!--  -->two three"},
+                                           std::pair{"mnuInsertQuote", "one &quot;two three"},
+                                           std::pair{"mnuInsertSpace", "one &nbsp;two three"}})
+            QTest::newRow(item) << QString::fromUtf8(item) << QString::fromUtf8(result);
     }
     void stepCallLooksBelow() {
         QFETCH(QString, item);
@@ -264,34 +242,18 @@ class InsertCommandsTest : public QObject {
         QCOMPARE(layoutOf(doc).pasted, QStringList{QStringLiteral("<br>")});
     }
 
+    // The single inserts by group: A adds no step after a caret move, B and C do; C saves
+    // no selection.
     void singleInserts_data() {
         QTest::addColumn<QString>("item");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("group");
-        QTest::newRow("Ampersand") << "mnuInsertAmpersand"
-                                   << "&amp;"
-                                   << "A";
-        QTest::newRow("Copyright") << "mnuInsertCopyright"
-                                   << "&copy;"
-                                   << "A";
-        QTest::newRow("Greater") << "mnuInsertGreater"
-                                 << "&gt;"
-                                 << "A";
-        QTest::newRow("Less") << "mnuInsertLess"
-                              << "&lt;"
-                              << "A";
-        QTest::newRow("Quote") << "mnuInsertQuote"
-                               << "&quot;"
-                               << "B";
-        QTest::newRow("Reg") << "mnuInsertReg"
-                             << "&reg;"
-                             << "B";
-        QTest::newRow("Trade") << "mnuInsertTrade"
-                               << "&trade;"
-                               << "B";
-        QTest::newRow("Space") << "mnuInsertSpace"
-                               << "&nbsp;"
-                               << "C";
+        const QStringList rows =
+            words("mnuInsertAmpersand &amp; A mnuInsertCopyright &copy; A mnuInsertGreater &gt; A "
+                  "mnuInsertLess &lt; A mnuInsertQuote &quot; B mnuInsertReg &reg; B "
+                  "mnuInsertTrade &trade; B mnuInsertSpace &nbsp; C");
+        for (int i = 0; i < rows.size(); i += 3)
+            QTest::newRow(qPrintable(rows.at(i))) << rows.at(i) << rows.at(i + 1) << rows.at(i + 2);
     }
     // As after a paste, which leaves the markup flag, and a caret move.
     void singleInsertAfterCaretMove() {
@@ -451,24 +413,18 @@ class InsertCommandsTest : public QObject {
         QCOMPARE(doc.codebox().SelLength(), kText.size());
     }
 
+    // Item, Layout command, and whether the surface takes the focus.
     void editCommandsInLayoutView_data() {
         QTest::addColumn<QString>("item");
         QTest::addColumn<QString>("layout");
         QTest::addColumn<bool>("focus");
-        QTest::newRow("Cut") << "mnuEditCut"
-                             << "5003,0," << true;
-        QTest::newRow("Copy") << "mnuEditCopy"
-                              << "5002,0," << true;
-        QTest::newRow("Paste") << "mnuEditPaste"
-                               << "5032,0," << true;
-        QTest::newRow("Select All") << "mnuEditSelectall"
-                                    << "5035,0," << false;
-        QTest::newRow("Undo") << "mnuEditUndo"
-                              << "5049,0," << false;
-        QTest::newRow("Redo") << "mnuEditRedo"
-                              << "5033,0," << false;
-        QTest::newRow("Remove Formatting") << "mnuFormatRemove"
-                                           << "5034,0," << false;
+        const QStringList rows =
+            words("mnuEditCut 5003,0, 1 mnuEditCopy 5002,0, 1 mnuEditPaste 5032,0, 1 "
+                  "mnuEditSelectall 5035,0, 0 mnuEditUndo 5049,0, 0 mnuEditRedo 5033,0, 0 "
+                  "mnuFormatRemove 5034,0, 0");
+        for (int i = 0; i < rows.size(); i += 3)
+            QTest::newRow(qPrintable(rows.at(i)))
+                << rows.at(i) << rows.at(i + 1) << (rows.at(i + 2) == QLatin1String("1"));
     }
     void editCommandsInLayoutView() {
         QFETCH(QString, item);
