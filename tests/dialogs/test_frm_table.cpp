@@ -196,12 +196,11 @@ class TableDialogTest : public QObject {
         QTest::addColumn<QString>("box");
         QTest::addColumn<int>("min");
         QTest::addColumn<int>("max");
-        QTest::newRow("columns") << "ColBox" << 1 << 99;
-        QTest::newRow("rows") << "RowBox" << 1 << 99;
-        QTest::newRow("spacing") << "Spacing" << 1 << 50;
-        QTest::newRow("padding") << "Padding" << 1 << 50;
-        QTest::newRow("border") << "BorderBox" << 0 << 72;
-        QTest::newRow("width") << "WidthBox" << 1 << 100;
+        for (const auto& [box, min, max] :
+             {std::tuple{"ColBox", 1, 99}, std::tuple{"RowBox", 1, 99},
+              std::tuple{"Spacing", 1, 50}, std::tuple{"Padding", 1, 50},
+              std::tuple{"BorderBox", 0, 72}, std::tuple{"WidthBox", 1, 100}})
+            QTest::newRow(box) << QString::fromUtf8(box) << min << max;
     }
     void spinnerRanges() {
         QFETCH(QString, box);
@@ -224,31 +223,18 @@ class TableDialogTest : public QObject {
         QCOMPARE(spinner->buddy->Text(), QString::number(min + 1));
     }
 
+    // Box, typed, shown: numbers, hex digits in upper case, each up to its length.
     void keyFilters_data() {
         QTest::addColumn<QString>("box");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("shown");
-        QTest::newRow("numeric") << "ColBox"
-                                 << "a1-b2"
-                                 << "12";
-        QTest::newRow("numeric, two at most") << "RowBox"
-                                              << "123"
-                                              << "12";
-        QTest::newRow("numeric width") << "WidthBox"
-                                       << "6x4.0"
-                                       << "640";
-        QTest::newRow("hex") << "txtBGColour"
-                             << "#ff00Gg"
-                             << "FF00";
-        QTest::newRow("hex, six at most") << "txtBC"
-                                          << "abcdef01"
-                                          << "ABCDEF";
-        QTest::newRow("border takes anything") << "BorderBox"
-                                               << "1px"
-                                               << "1px";
-        QTest::newRow("background file") << "BackgroundBox"
-                                         << "a b.gif"
-                                         << "a b.gif";
+        const QStringList rows =
+            QStringLiteral("ColBox|a1-b2|12|RowBox|123|12|WidthBox|6x4.0|640|"
+                           "txtBGColour|#ff00Gg|FF00|txtBC|abcdef01|ABCDEF|BorderBox|1px|1px|"
+                           "BackgroundBox|a b.gif|a b.gif")
+                .split(u'|');
+        for (int i = 0; i < rows.size(); i += 3)
+            QTest::newRow(qPrintable(rows.at(i))) << rows.at(i) << rows.at(i + 1) << rows.at(i + 2);
     }
     void keyFilters() {
         QFETCH(QString, box);
