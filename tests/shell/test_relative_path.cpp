@@ -41,62 +41,42 @@ class RelativePathTest : public QObject {
     Q_OBJECT
 
   private slots:
+    // "document|chosen|link|up" with the separator each path uses. A network file is seen as
+    // another drive, unless the document is on the network too; the climb compares one
+    // character short of the folder name; a sub-folder keeps its spelling.
     void links_data() {
         QTest::addColumn<QString>("separator");
         QTest::addColumn<QString>("document");
         QTest::addColumn<QString>("chosen");
         QTest::addColumn<QString>("link");
         QTest::addColumn<bool>("up");
-        const QString win = QStringLiteral("\\");
-        const QString doc = QStringLiteral("C:\\web\\site\\page.htm");
-        QTest::newRow("same folder") << win << doc << "C:\\web\\site\\a.gif"
-                                     << "a.gif" << false;
-        QTest::newRow("sub-folder") << win << doc << "C:\\web\\site\\img\\a.gif"
-                                    << "img/a.gif" << false;
-        QTest::newRow("parent") << win << doc << "C:\\web\\a.gif"
-                                << "../a.gif" << true;
-        QTest::newRow("sibling") << win << doc << "C:\\web\\img\\a.gif"
-                                 << "../img/a.gif" << true;
-        QTest::newRow("two up") << win << doc << "C:\\a.gif"
-                                << "../../a.gif" << true;
-        QTest::newRow("other drive") << win << doc << "D:\\b\\a.gif"
-                                     << "D:\\b\\a.gif" << false;
-        // A network file is seen as another drive, unless the document is on the network too.
-        QTest::newRow("network file") << win << doc << "\\\\host\\share\\a.gif"
-                                      << "\\\\host\\share\\a.gif" << false;
-        QTest::newRow("network document") << win << "\\\\host\\web\\page.htm"
-                                          << "\\\\host\\img\\a.gif"
-                                          << "a.gif" << false;
-        QTest::newRow("letter case") << win << doc << "c:\\WEB\\Site\\a.gif"
-                                     << "a.gif" << false;
-        QTest::newRow("sub-folder keeps its spelling") << win << doc << "C:\\WEB\\site\\Img\\a.gif"
-                                                       << "Img/a.gif" << false;
-        // The climb compares one character short of the folder name.
-        QTest::newRow("siblings differing in the last letter")
-            << win << "C:\\web\\site1\\sub\\page.htm"
-            << "C:\\web\\site2\\sub\\a.gif"
-            << "../sub/a.gif" << true;
-        QTest::newRow("one-letter parent matches too early") << win << "C:\\w\\site\\page.htm"
-                                                             << "C:\\x\\a.gif"
-                                                             << "../a.gif" << true;
-
-        const QString nix = QStringLiteral("/");
-        const QString home = QStringLiteral("/home/web/site/page.htm");
-        QTest::newRow("/ same folder") << nix << home << "/home/web/site/a.gif"
-                                       << "a.gif" << false;
-        QTest::newRow("/ sub-folder") << nix << home << "/home/web/site/img/a.gif"
-                                      << "img/a.gif" << false;
-        QTest::newRow("/ parent") << nix << home << "/home/web/a.gif"
-                                  << "../a.gif" << true;
-        QTest::newRow("/ sibling") << nix << home << "/home/web/img/a.gif"
-                                   << "../img/a.gif" << true;
-        QTest::newRow("/ two up") << nix << home << "/home/a.gif"
-                                  << "../../a.gif" << true;
-        QTest::newRow("/ letter case") << nix << home << "/HOME/Web/SITE/a.gif"
-                                       << "a.gif" << false;
-        QTest::newRow("/ untitled document") << nix << ""
-                                             << "/home/a.gif"
-                                             << "/home/a.gif" << false;
+        const char* const rows[] = {
+            R"(C:\web\site\page.htm|C:\web\site\a.gif|a.gif|0)",
+            R"(C:\web\site\page.htm|C:\web\site\img\a.gif|img/a.gif|0)",
+            R"(C:\web\site\page.htm|C:\web\a.gif|../a.gif|1)",
+            R"(C:\web\site\page.htm|C:\web\img\a.gif|../img/a.gif|1)",
+            R"(C:\web\site\page.htm|C:\a.gif|../../a.gif|1)",
+            R"(C:\web\site\page.htm|D:\b\a.gif|D:\b\a.gif|0)",
+            R"(C:\web\site\page.htm|\\host\share\a.gif|\\host\share\a.gif|0)",
+            R"(\\host\web\page.htm|\\host\img\a.gif|a.gif|0)",
+            R"(C:\web\site\page.htm|c:\WEB\Site\a.gif|a.gif|0)",
+            R"(C:\web\site\page.htm|C:\WEB\site\Img\a.gif|Img/a.gif|0)",
+            R"(C:\web\site1\sub\page.htm|C:\web\site2\sub\a.gif|../sub/a.gif|1)",
+            R"(C:\w\site\page.htm|C:\x\a.gif|../a.gif|1)",
+            "/home/web/site/page.htm|/home/web/site/a.gif|a.gif|0",
+            "/home/web/site/page.htm|/home/web/site/img/a.gif|img/a.gif|0",
+            "/home/web/site/page.htm|/home/web/a.gif|../a.gif|1",
+            "/home/web/site/page.htm|/home/web/img/a.gif|../img/a.gif|1",
+            "/home/web/site/page.htm|/home/a.gif|../../a.gif|1",
+            "/home/web/site/page.htm|/HOME/Web/SITE/a.gif|a.gif|0",
+            "|/home/a.gif|/home/a.gif|0"}; // an untitled document
+        for (const char* row : rows) {
+            const QStringList f = QString::fromUtf8(row).split(u'|');
+            const QString sep =
+                f.at(1).contains(u'\\') ? QStringLiteral("\\") : QStringLiteral("/");
+            QTest::newRow(row) << sep << f.at(0) << f.at(1) << f.at(2)
+                               << (f.at(3) == QLatin1String("1"));
+        }
     }
     void links() {
         QFETCH(QString, separator);
