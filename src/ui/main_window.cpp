@@ -132,7 +132,11 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     syncPane();
 }
 
-ShellWindow::~ShellWindow() = default;
+ShellWindow::~ShellWindow() {
+    // QWidget's destructor closes the window, which hides the document windows: the area then
+    // reports a new active window to a ShellWindow that is already gone. Stop listening first.
+    mdi_->disconnect(this);
+}
 
 int ShellWindow::pixels(int twips) const {
     return twips * logicalDpiX() / 1440;
