@@ -1,6 +1,5 @@
 // Commands that write markup without a dialog: wraps, paragraph and line break, entities,
 // dates, the comment, the badge, and Cut, Copy, Paste, Select All, Undo and Redo.
-#include "editor/shared_commands.h"
 #include "runtime/resume.h"
 #include "shell/shell_mdi.h"
 #include <QLocale>
@@ -373,9 +372,9 @@ void ShellMDI::mnuEditCut_Click() {
         platform_.setClipboardText(pane.SelText());
         pane.setSelText(QString());
         doc.AddStep();
-        setUndoCommand(*this, true);
+        setUndoEnabled(true);
     }
-    setPasteCommand(*this, true);
+    setPasteEnabled(true);
 }
 
 void ShellMDI::mnuEditCopy_Click() {
@@ -387,7 +386,7 @@ void ShellMDI::mnuEditCopy_Click() {
         platform_.setClipboardText(QString());
         platform_.setClipboardText(doc.codebox().SelText());
     }
-    setPasteCommand(*this, true);
+    setPasteEnabled(true);
 }
 
 void ShellMDI::mnuEditPaste_Click() {
@@ -402,7 +401,7 @@ void ShellMDI::mnuEditPaste_Click() {
     doc.AddSelectionToStack();
     doc.codebox().setSelText(platform_.clipboardText());
     if (!bCaretStepTaken) doc.CheckToAddStep(false);
-    setUndoCommand(*this, true);
+    setUndoEnabled(true);
 }
 
 void ShellMDI::mnuEditSelectall_Click() {

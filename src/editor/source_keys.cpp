@@ -1,5 +1,4 @@
 // The Source pane's own keys, the automatic bracket pair, and the commands it keeps current.
-#include "editor/shared_commands.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
 #include "shell/shell_mdi.h"
@@ -80,8 +79,8 @@ void codeEditor::codebox_KeyPress(int& keyAscii) {
 }
 
 void codeEditor::codebox_SelChange() {
-    setCutCopyCommands(shell_, codebox_->SelLength() != 0);
-    setPasteCommand(shell_, !shell_.platform().clipboardText().isEmpty());
+    shell_.setCutCopyEnabled(codebox_->SelLength() != 0);
+    shell_.setPasteEnabled(!shell_.platform().clipboardText().isEmpty());
 }
 
 // A right click on the window outside the pane offers the Edit menu as well.

@@ -1,6 +1,5 @@
 // The undo history of a document: whole-text snapshots, and the rules that decide when typing,
 // caret moves, clicks and drops become a step.
-#include "editor/shared_commands.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
 #include "shell/shell_mdi.h"
@@ -45,8 +44,8 @@ void codeEditor::AddStep() {
     shell_.nStepCaretBack = 0;
     s.SelLen = pane.SelLength();
     nTopIndex = nDoneIndex;
-    setUndoCommand(shell_, nDoneIndex > 1);
-    setRedoCommand(shell_, false);
+    shell_.setUndoEnabled(nDoneIndex > 1);
+    shell_.setRedoEnabled(false);
 }
 
 void codeEditor::CheckToAddStep(bool) {
@@ -93,8 +92,8 @@ void codeEditor::Undo() {
             pane.setSelStart(t.SelStart - static_cast<int>(t.Text.size() - s.Text.size()));
         }
     });
-    setUndoCommand(shell_, nDoneIndex != 1);
-    setRedoCommand(shell_, true);
+    shell_.setUndoEnabled(nDoneIndex != 1);
+    shell_.setRedoEnabled(true);
 }
 
 void codeEditor::Redo() {
@@ -112,15 +111,15 @@ void codeEditor::Redo() {
         pane.setSelStart(s.CaretBack != 0 ? s.SelStart - s.CaretBack : s.SelStart);
     });
     resumeNext([&] { pane.setSelLength(step(nDoneIndex).SelLen); });
-    setRedoCommand(shell_, nDoneIndex < nTopIndex);
-    setUndoCommand(shell_, true);
+    shell_.setRedoEnabled(nDoneIndex < nTopIndex);
+    shell_.setUndoEnabled(true);
 }
 
 void codeEditor::updateUndoRedoState() {
     const bool online = lblOnlineFile == QLatin1String("Yes") || shell_.bLoadingOnline;
     const int floor = online ? 2 : 1;
-    setUndoCommand(shell_, nDoneIndex > floor);
-    setRedoCommand(shell_, nDoneIndex < nTopIndex);
+    shell_.setUndoEnabled(nDoneIndex > floor);
+    shell_.setRedoEnabled(nDoneIndex < nTopIndex);
 }
 
 void codeEditor::codebox_KeyUp(int keyCode, int shift) {
@@ -158,7 +157,7 @@ void codeEditor::codebox_KeyUp(int keyCode, int shift) {
         AddStep();
     }
     nLastStepTime = wholeSeconds(now);
-    setUndoCommand(shell_, true);
+    shell_.setUndoEnabled(true);
 }
 
 void codeEditor::codebox_MouseUp(int button, int) {
@@ -191,7 +190,7 @@ void codeEditor::codebox_Change() {
             below.SelLen = 0;
         }
         overwriteCurrentStep();
-        setUndoCommand(shell_, true);
+        shell_.setUndoEnabled(true);
     }
     shell_.bTagDropPending = false;
     shell_.bDropPending = false;

@@ -1,6 +1,5 @@
 // Which commands a document needs: off when the last one closes (and in Preview), on again
 // when one comes.
-#include "editor/shared_commands.h"
 #include "shell/shell_mdi.h"
 
 namespace tsl {
@@ -125,7 +124,7 @@ void ShellMDI::EnableDocumentCommands() {
     for (int i : kFormsButtons)
         tbrForms.setButtonEnabled(i, true);
     // Paste, menu item and button 9, by the clipboard.
-    setPasteCommand(*this, !platform_.clipboardText().isEmpty());
+    setPasteEnabled(!platform_.clipboardText().isEmpty());
     TabStrip1.setVisible(true);
     bCommandsDisabled = false;
 }
