@@ -2,6 +2,7 @@
 // Shared set-up of the Source editor tests: a document with a known text and a one-step
 // history, a hand-driven clock, typing, and the state of the shared edit commands.
 #include "editor/text_pane.h"
+#include "test_rows.h"
 #include "test_shell.h"
 #include <QTest>
 
@@ -41,6 +42,12 @@ inline void release(TestShell& ts, codeEditor& doc, int keyCode, double seconds,
     doc.codebox_KeyUp(keyCode, shift);
 }
 
+// Presses a key in the Source pane and answers the key code the handler left.
+inline int keyDown(codeEditor& doc, int keyCode, int shift) {
+    doc.codebox_KeyDown(keyCode, shift);
+    return keyCode;
+}
+
 // Types one letter at the caret and releases its key at the given time.
 inline void typeLetter(TestShell& ts, codeEditor& doc, QChar letter, double seconds) {
     doc.codebox().setSelText(QString(letter));
@@ -57,10 +64,6 @@ inline bool redoOn(TestShell& ts) {
     const bool menu = ts->menu(QStringLiteral("mnuEditRedo")).Enabled();
     if (menu != ts->tbrMain.ButtonEnabled(12)) throw std::runtime_error("Redo button disagrees");
     return menu;
-}
-
-inline DetachedLayout& layoutOf(codeEditor& doc) {
-    return static_cast<DetachedLayout&>(doc.DHTMLEdit1());
 }
 
 } // namespace tsl::test

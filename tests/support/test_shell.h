@@ -33,7 +33,17 @@ struct TestShell {
         return *shell;
     }
     codeEditor& active() { return *shell->ActiveForm(); }
+    // Opens a file through File > Open and answers the active document.
+    codeEditor& open(const QString& path) {
+        platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        shell->mnuFileOpen_Click();
+        return active();
+    }
 };
+
+inline DetachedLayout& layoutOf(codeEditor& doc) {
+    return static_cast<DetachedLayout&>(doc.DHTMLEdit1());
+}
 
 // Writes a file into a folder and answers its full path.
 QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& bytes);
