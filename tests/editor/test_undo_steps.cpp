@@ -28,12 +28,8 @@ class UndoStepsTest : public QObject {
     }
 
     void addStepFields_data() {
-        QTest::addColumn<int>("advance");
-        QTest::addColumn<int>("back");
-        QTest::addColumn<bool>("autoClose");
-        QTest::addColumn<int>("selStart");
-        QTest::addColumn<int>("caretBack");
-        QTest::addColumn<bool>("autoCloseAfter");
+        columns<int, int, bool, int, int, bool>(
+            {"advance", "back", "autoClose", "selStart", "caretBack", "autoCloseAfter"});
         QTest::newRow("plain") << 0 << 0 << false << 5 << 0 << false;
         QTest::newRow("auto close") << 0 << 0 << true << 6 << 0 << false;
         QTest::newRow("advance keeps auto close") << 3 << 2 << true << 8 << 2 << true;
@@ -114,9 +110,7 @@ class UndoStepsTest : public QObject {
 
     // The pause is measured from the previous release, read in whole seconds.
     void pauseBetweenKeys_data() {
-        QTest::addColumn<double>("previous");
-        QTest::addColumn<double>("next");
-        QTest::addColumn<bool>("newStep");
+        columns<double, double, bool>({"previous", "next", "newStep"});
         QTest::newRow("1.5 exactly") << kT0 << kT0 + 1.5 << false;
         QTest::newRow("just over 1.5") << kT0 << kT0 + 1.6 << true;
         QTest::newRow("two seconds") << kT0 << kT0 + 2.0 << true;
@@ -139,8 +133,7 @@ class UndoStepsTest : public QObject {
     }
 
     void caretKeysCloseTheRun_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<bool>("caretKey");
+        columns<int, bool>({"key", "caretKey"});
         for (int key = 33; key <= 40; ++key)
             QTest::addRow("caret key %d", key) << key << true;
         QTest::newRow("space") << 32 << false;
@@ -152,6 +145,9 @@ class UndoStepsTest : public QObject {
         QFETCH(bool, caretKey);
         TestShell ts;
         codeEditor& doc = documentWith(ts, kText, 5);
+        release(ts, doc, key, kT0 - 1); // nothing to close: the slot below is the empty slot 0
+        QCOMPARE(doc.nDoneIndex, Int16(1));
+        QVERIFY(!ts->bCaretStepTaken);
         typeLetter(ts, doc, 'a', kT0);
         doc.codebox().setSelStart(0);
         release(ts, doc, key, kT0 + 0.5);
@@ -177,14 +173,6 @@ class UndoStepsTest : public QObject {
         QCOMPARE(doc.codebox().SelStart(), 5);
     }
 
-    void caretKeyWithNothingToCloseAddsNoStep() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 5);
-        release(ts, doc, 39, kT0); // the slot below is the empty slot 0
-        QCOMPARE(doc.nDoneIndex, Int16(1));
-        QVERIFY(!ts->bCaretStepTaken);
-    }
-
     void pauseAfterCaretMoveReusesTheDuplicate() {
         TestShell ts;
         codeEditor& doc = documentWith(ts, kText, 5);
@@ -199,8 +187,7 @@ class UndoStepsTest : public QObject {
     }
 
     void ctrlReleasesAreIgnored_data() {
-        QTest::addColumn<int>("shift");
-        QTest::addColumn<bool>("counted");
+        columns<int, bool>({"shift", "counted"});
         QTest::newRow("none") << 0 << true;
         QTest::newRow("Shift") << 1 << true;
         QTest::newRow("Ctrl") << 2 << false;
@@ -330,9 +317,7 @@ class UndoStepsTest : public QObject {
         doc.codebox().setText(QStringLiteral("other"));
         doc.AddStep();
         ts->menu(QStringLiteral("mnuEditUndo")).setEnabled(false);
-        int key = keys::vbKeyZ;
-        doc.codebox_KeyDown(key, keys::CtrlMask);
-        QCOMPARE(key, 0);
+        QCOMPARE(keyDown(doc, keys::vbKeyZ, keys::CtrlMask), 0);
         QCOMPARE(doc.codebox().Text(), QStringLiteral("other"));
         ts->menu(QStringLiteral("mnuEditUndo")).setEnabled(true);
         doc.Undo();
@@ -341,21 +326,15 @@ class UndoStepsTest : public QObject {
         QCOMPARE(doc.codebox().Text(), kText);
     }
 
-    void undoToTheSavedTextLeavesTheDocumentDirty() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 5);
-        typeLetter(ts, doc, 'a', kT0);
-        doc.Tag = QStringLiteral("Clean");
-        doc.Undo();
-        QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
-    }
-
-    void newStepAfterUndoEndsRedo() {
+    // Undo back to the saved text still leaves the document dirty; a new step ends Redo.
+    void undoDirtiesAndANewStepEndsRedo() {
         TestShell ts;
         codeEditor& doc = documentWith(ts, kText, 5);
         typeLetter(ts, doc, 'a', kT0);
         typeLetter(ts, doc, 'b', kT0 + 5);
+        doc.Tag = QStringLiteral("Clean");
         doc.Undo();
+        QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
         QCOMPARE(doc.nTopIndex, Int16(3));
         doc.codebox().setSelText(QStringLiteral("!"));
         doc.AddStep();
