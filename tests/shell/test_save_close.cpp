@@ -1,7 +1,7 @@
 // Save, Save As, Save All, Close, Close All and the save prompt of a closing window.
 #include "editor/text_pane.h"
+#include "test_rows.h"
 #include "test_shell.h"
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -9,16 +9,10 @@ using namespace tsl::test;
 namespace {
 const QString kAlreadyOpen = QStringLiteral(
     "This is the name of a file that is currently open.\n\nFile has not been saved.");
+const QString kClean = QStringLiteral("Clean"), kDirty = QStringLiteral("Dirty");
 
-// A shell whose active document is bound to a file with the given text.
-codeEditor& openFile(TestShell& ts, const QString& path) {
-    ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-    ts->mnuFileOpen_Click();
-    return ts.active();
-}
-
-DetachedLayout& layoutOf(codeEditor& doc) {
-    return static_cast<DetachedLayout&>(doc.DHTMLEdit1());
+QString askedToSave(int n) {
+    return QStringLiteral("Do you want to save the changes made to Document %1?").arg(n);
 }
 } // namespace
 
@@ -34,6 +28,11 @@ class SaveCloseTest : public QObject {
         codeEditor& doc = ts.active();
         doc.codebox().setSelText("x");
         const int caret = doc.codebox().SelStart();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
+        ts->mnuFileSave_Click(); // cancelled: nothing changes, nothing is said
+        QCOMPARE(doc.Tag, kDirty);
+        QCOMPARE(doc.Caption(), QStringLiteral("Document 1"));
+        QVERIFY(ts.platform.messages.isEmpty());
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
         ts->mnuFileSave_Click();
         QCOMPARE(readFile(path), doc.codebox().Text().toUtf8());
@@ -41,7 +40,7 @@ class SaveCloseTest : public QObject {
         QCOMPARE(doc.codebox().FileName(), path);
         QCOMPARE(doc.txtFileName, path);
         QCOMPARE(doc.txtFileTitle, QStringLiteral("new.htm"));
-        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QCOMPARE(doc.Tag, kClean);
         QCOMPARE(doc.CSSDoc, QStringLiteral("No"));
         QCOMPARE(doc.codebox().SelStart(), caret);
         QCOMPARE(ts->TabStrip1.tab(0).Key, path);
@@ -53,12 +52,12 @@ class SaveCloseTest : public QObject {
         const QString path = writeFile(dir, "page.htm", "old");
         TestShell ts;
         ts.load();
-        codeEditor& doc = openFile(ts, path);
+        codeEditor& doc = ts.open(path);
         doc.codebox().setText("new text");
-        QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
+        QCOMPARE(doc.Tag, kDirty);
         ts->mnuFileSave_Click();
         QCOMPARE(readFile(path), QByteArray("new text"));
-        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QCOMPARE(doc.Tag, kClean);
         QCOMPARE(ts.platform.fileDialogsShown.size(), 1); // only Open's
     }
 
@@ -67,8 +66,7 @@ class SaveCloseTest : public QObject {
         const QString path = writeFile(dir, "page.htm", "source");
         TestShell ts;
         ts.load();
-        codeEditor& doc = openFile(ts, path);
-        layoutOf(doc).setDocumentHTML("<p>from layout</p>");
+        layoutOf(ts.open(path)).setDocumentHTML("<p>from layout</p>");
         ts->bLayoutActive = true;
         const QString other = dir.filePath("copy.htm");
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(other));
@@ -78,37 +76,29 @@ class SaveCloseTest : public QObject {
         QCOMPARE(readFile(other), QByteArray("<p>from layout</p>"));
     }
 
+    // Another open document's name is refused; the same name in other case is not the same.
     void saveUnderTheNameOfAnotherOpenDocument() {
         QTemporaryDir dir;
         const QString path = writeFile(dir, "page.htm", "page");
         TestShell ts;
         ts.load();
         ts.active().codebox().setSelText("a"); // keep Document 1
-        openFile(ts, path);
-        ts->documents()[0]->ZOrder();
+        ts.open(path);
+        codeEditor* first = ts->documents()[0];
+        first->ZOrder();
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
         ts->mnuFileSave_Click();
         QCOMPARE(ts.platform.messageTexts(), QStringList{kAlreadyOpen});
         QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
-        QCOMPARE(ts->documents()[0]->Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(ts->documents()[0]->Tag, QStringLiteral("Dirty"));
+        QCOMPARE(first->Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(first->Tag, kDirty);
         QCOMPARE(readFile(path), QByteArray("page"));
         QVERIFY(!ts->bFileAlreadyOpen);
-    }
-
-    void saveAsComparesNamesWithCase() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", "page");
-        TestShell ts;
-        ts.load();
-        ts.active().codebox().setSelText("a");
-        openFile(ts, path);
-        ts->documents()[0]->ZOrder();
         const QString upper = dir.filePath("PAGE.htm");
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(upper));
         ts->mnuFileSaveas_Click();
-        QVERIFY(ts.platform.messages.isEmpty());
-        QCOMPARE(ts->documents()[0]->Caption(), upper);
+        QCOMPARE(ts.platform.messages.size(), 1);
+        QCOMPARE(first->Caption(), upper);
     }
 
     void saveAsUnderItsOwnNameIsAllowed() {
@@ -116,14 +106,14 @@ class SaveCloseTest : public QObject {
         const QString path = writeFile(dir, "style.css", "a{}");
         TestShell ts;
         ts.load();
-        codeEditor& doc = openFile(ts, path);
+        codeEditor& doc = ts.open(path);
         doc.codebox().setText("b{}");
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
         ts->mnuFileSaveas_Click();
         QVERIFY(ts.platform.messages.isEmpty());
         QCOMPARE(readFile(path), QByteArray("b{}"));
         QCOMPARE(doc.CSSDoc, QStringLiteral("Yes"));
-        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QCOMPARE(doc.Tag, kClean);
     }
 
     void saveDoesNothingPastThe16BitCaret() {
@@ -131,13 +121,13 @@ class SaveCloseTest : public QObject {
         const QString path = writeFile(dir, "big.htm", "x");
         TestShell ts;
         ts.load();
-        codeEditor& doc = openFile(ts, path);
+        codeEditor& doc = ts.open(path);
         doc.codebox().setText(QString(40000, QChar('a')));
         doc.codebox().setSelStart(32768);
         ts->mnuFileSave_Click();
         ts->mnuFileSaveas_Click();
         QCOMPARE(readFile(path), QByteArray("x"));
-        QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
+        QCOMPARE(doc.Tag, kDirty);
         QVERIFY(ts.platform.messages.isEmpty());
         doc.codebox().setSelStart(32767);
         ts->mnuFileSave_Click();
@@ -145,18 +135,7 @@ class SaveCloseTest : public QObject {
         // Closing such a document still works.
         doc.codebox().setSelStart(39000);
         ts->mnuFileClose_Click();
-        QCOMPARE(ts->documents().size(), size_t(0));
-    }
-
-    void cancelledSaveKeepsTheTag() {
-        TestShell ts;
-        ts.load();
-        ts.active().codebox().setSelText("x");
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
-        ts->mnuFileSave_Click();
-        QCOMPARE(ts.active().Tag, QStringLiteral("Dirty"));
-        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
-        QVERIFY(ts.platform.messages.isEmpty());
+        QVERIFY(ts->documents().empty());
     }
 
     void saveAllSavesBoundAndAsksForUntitled() {
@@ -165,8 +144,7 @@ class SaveCloseTest : public QObject {
         TestShell ts;
         ts.load();
         ts.active().codebox().setSelText("1"); // Document 1 stays, untitled and dirty
-        codeEditor& bound = openFile(ts, a);
-        bound.codebox().setText("a2");
+        ts.open(a).codebox().setText("a2");
         ts->mnuFileNewCSS_Click(); // Document 2
         codeEditor* kept = ts->ActiveForm();
         const QString one = dir.filePath("one.htm");
@@ -191,7 +169,7 @@ class SaveCloseTest : public QObject {
         TestShell ts;
         ts.load();
         ts.active().codebox().setSelText("1");
-        openFile(ts, a);
+        ts.open(a);
         ts->mnuFileNewHTML_Click();
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(a));
         ts->mnuFileSaveAll_Click();
@@ -201,8 +179,7 @@ class SaveCloseTest : public QObject {
     }
 
     void closePromptAndItsAnswers_data() {
-        QTest::addColumn<int>("answer");
-        QTest::addColumn<bool>("stays");
+        columns<int, bool>({"answer", "stays"});
         QTest::newRow("cancel keeps the window") << int(MsgResult::Cancel) << true;
         QTest::newRow("no closes") << int(MsgResult::No) << false;
     }
@@ -217,7 +194,7 @@ class SaveCloseTest : public QObject {
         ts->mnuFileClose_Click();
         QCOMPARE(ts.platform.messages.size(), 1);
         const ShownMessage& m = ts.platform.messages[0];
-        QCOMPARE(m.text, QStringLiteral("Do you want to save the changes made to Document 2?"));
+        QCOMPARE(m.text, askedToSave(2));
         QCOMPARE(m.title, QStringLiteral("Tessaline"));
         QCOMPARE(m.icon, MsgIcon::Exclamation);
         QCOMPARE(m.buttons, MsgButtons::YesNoCancel);
@@ -226,48 +203,40 @@ class SaveCloseTest : public QObject {
         if (stays) QVERIFY(!ts.active().bSaveAsked);
     }
 
-    void closeYesSavesTheBoundFile() {
+    // Yes saves a bound file; for an untitled one a cancelled save dialog loses the window.
+    void closeYesSaves() {
         QTemporaryDir dir;
         const QString path = writeFile(dir, "page.htm", "old");
         TestShell ts;
         ts.load();
-        codeEditor& doc = openFile(ts, path);
-        doc.codebox().setText("new");
+        ts.active().codebox().setSelText("x");
+        ts.open(path).codebox().setText("new");
         ts.platform.messageAnswers.enqueue(MsgResult::Yes);
         ts->mnuFileClose_Click();
         QCOMPARE(readFile(path), QByteArray("new"));
-        QVERIFY(ts->documents().empty());
-    }
-
-    void closeYesWithCancelledSaveDialogLosesTheWindow() {
-        TestShell ts;
-        ts.load();
-        ts.active().codebox().setSelText("x");
+        QCOMPARE(ts->documents().size(), size_t(1));
         ts.platform.messageAnswers.enqueue(MsgResult::Yes);
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
         ts->mnuFileClose_Click();
         QVERIFY(ts->documents().empty());
     }
 
-    void panesThatAgreeCloseWithoutAQuestion() {
-        TestShell ts;
-        ts.load();
-        codeEditor& doc = ts.active();
-        doc.codebox().setSelText("x");
-        layoutOf(doc).setDocumentHTML(doc.codebox().Text());
-        ts->mnuFileClose_Click();
-        QVERIFY(ts.platform.messages.isEmpty());
-        QVERIFY(ts->documents().empty());
-    }
-
-    void cleanDocumentWithDirtyLayout() {
-        TestShell ts;
-        ts.load();
-        layoutOf(ts.active()).markDirty();
-        // Not showing Layout: no question.
-        ts->mnuFileClose_Click();
-        QVERIFY(ts.platform.messages.isEmpty());
-        QVERIFY(ts->documents().empty());
+    // Panes that agree, or a dirty Layout that is not showing, close without a question.
+    void closeWithoutAQuestion() {
+        for (bool agree : {true, false}) {
+            TestShell ts;
+            ts.load();
+            codeEditor& doc = ts.active();
+            if (agree) {
+                doc.codebox().setSelText("x");
+                layoutOf(doc).setDocumentHTML(doc.codebox().Text());
+            } else {
+                layoutOf(doc).markDirty();
+            }
+            ts->mnuFileClose_Click();
+            QVERIFY(ts.platform.messages.isEmpty());
+            QVERIFY(ts->documents().empty());
+        }
     }
 
     void closeAllAsksAgainForADirtyLayout() {
@@ -275,9 +244,8 @@ class SaveCloseTest : public QObject {
         ts.load();
         layoutOf(ts.active()).markDirty();
         ts->bLayoutActive = true;
-        ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
-        ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
-        ts.platform.messageAnswers.enqueue(MsgResult::No);
+        for (MsgResult answer : {MsgResult::Cancel, MsgResult::Cancel, MsgResult::No})
+            ts.platform.messageAnswers.enqueue(answer);
         ts->mnuFileCloseAll_Click();
         QCOMPARE(ts.platform.messages.size(), 3);
         QVERIFY(ts->documents().empty());
@@ -293,12 +261,10 @@ class SaveCloseTest : public QObject {
         ts.platform.messageAnswers.enqueue(MsgResult::No);
         ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
         ts->mnuFileCloseAll_Click();
-        QCOMPARE(ts.platform.messages.size(), 2);
+        QCOMPARE(ts.platform.messageTexts(), (QStringList{askedToSave(3), askedToSave(2)}));
         QCOMPARE(ts->documents().size(), size_t(2));
         QVERIFY(!ts->bClosingAll);
         QVERIFY(!ts->bCloseAllCancelled);
-        QCOMPARE(ts.platform.messages[0].text,
-                 QStringLiteral("Do you want to save the changes made to Document 3?"));
     }
 
     void closingTheLastDocumentTurnsCommandsOff() {
@@ -320,26 +286,23 @@ class SaveCloseTest : public QObject {
         QVERIFY(!ts->bCommandsDisabled);
     }
 
-    void savedFileRoundTripsByteForByte_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("LF") << QByteArray("<p>\na\n</p>\n");
-        QTest::newRow("CRLF") << QByteArray("<p>\r\na\r\n</p>");
-        QTest::newRow("UTF-8 BOM") << QByteArray("\xEF\xBB\xBF<p>caf\xC3\xA9</p>");
-        QTest::newRow("8-bit") << QByteArray("<p>caf\xE9 \x80\xFF</p>");
-    }
     void savedFileRoundTripsByteForByte() {
-        QFETCH(QByteArray, bytes);
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", bytes);
-        TestShell ts;
-        ts.load();
-        openFile(ts, path);
-        ts->mnuFileSave_Click();
-        QCOMPARE(readFile(path), bytes);
-        const QString copy = dir.filePath("copy.htm");
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(copy));
-        ts->mnuFileSaveas_Click();
-        QCOMPARE(readFile(copy), bytes);
+        for (const QByteArray& bytes :
+             {QByteArray("<p>\na\n</p>\n"), QByteArray("<p>\r\na\r\n</p>"),
+              QByteArray("\xEF\xBB\xBF<p>caf\xC3\xA9</p>"),
+              QByteArray("<p>caf\xE9 \x80\xFF</p>")}) {
+            QTemporaryDir dir;
+            const QString path = writeFile(dir, "page.htm", bytes);
+            TestShell ts;
+            ts.load();
+            ts.open(path);
+            ts->mnuFileSave_Click();
+            QCOMPARE(readFile(path), bytes);
+            const QString copy = dir.filePath("copy.htm");
+            ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(copy));
+            ts->mnuFileSaveas_Click();
+            QCOMPARE(readFile(copy), bytes);
+        }
     }
 };
 
