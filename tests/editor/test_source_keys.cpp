@@ -16,13 +16,8 @@ class SourceKeysTest : public QObject {
 
   private slots:
     void keyDownRows_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("shift");
-        QTest::addColumn<int>("selLength");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("selStart");
-        QTest::addColumn<int>("selLen");
-        QTest::addColumn<bool>("flagsSet");
+        columns<int, int, int, QString, int, int, bool>(
+            {"key", "shift", "selLength", "text", "selStart", "selLen", "flagsSet"});
         const QString same = kText;
         QTest::newRow("Ctrl+Enter") << 13 << Ctrl << 0 << "one <br>two three" << 8 << 0 << false;
         QTest::newRow("Ctrl+Enter, selection")
@@ -57,9 +52,7 @@ class SourceKeysTest : public QObject {
         TestShell ts;
         codeEditor& doc = documentWith(ts, kText);
         select(doc, 4, selLength);
-        int keyCode = key;
-        doc.codebox_KeyDown(keyCode, shift);
-        QCOMPARE(keyCode, key);
+        QCOMPARE(keyDown(doc, key, shift), key);
         QTEST(doc.codebox().Text(), "text");
         QTEST(doc.codebox().SelStart(), "selStart");
         QTEST(doc.codebox().SelLength(), "selLen");
@@ -68,65 +61,44 @@ class SourceKeysTest : public QObject {
         QCOMPARE(doc.nDoneIndex, Int16(1));
     }
 
-    void pasteKeys_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("shift");
-        QTest::addColumn<bool>("pastes");
-        QTest::newRow("Shift+Insert") << 45 << Shift << true;
-        QTest::newRow("Ctrl+V") << 86 << Ctrl << true;
-        QTest::newRow("Ctrl+Shift+V") << 86 << Ctrl + Shift << true;
-        QTest::newRow("Insert") << 45 << 0 << false;
-        QTest::newRow("V") << 86 << 0 << false;
+    // Paste keys put the clipboard over the selection; cut keys take it away as a step.
+    void clipboardKeys_data() {
+        columns<int, int, QString>({"key", "shift", "does"});
+        QTest::newRow("Shift+Insert") << 45 << Shift << "paste";
+        QTest::newRow("Ctrl+V") << 86 << Ctrl << "paste";
+        QTest::newRow("Ctrl+Shift+V") << 86 << Ctrl + Shift << "paste";
+        QTest::newRow("Insert") << 45 << 0 << "";
+        QTest::newRow("V") << 86 << 0 << "";
+        QTest::newRow("Ctrl+X") << 88 << Ctrl << "cut";
+        QTest::newRow("Shift+Delete") << 46 << Shift << "cut";
+        QTest::newRow("Ctrl+Shift+Delete") << 46 << Ctrl + Shift << "cut";
+        QTest::newRow("Delete") << 46 << 0 << "";
+        QTest::newRow("X") << 88 << 0 << "";
     }
-    void pasteKeys() {
+    void clipboardKeys() {
         QFETCH(int, key);
-        QFETCH(int, shift);
-        QFETCH(bool, pastes);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        select(doc, 4, 3);
-        ts.platform.clipboard = QStringLiteral("TWO");
-        int keyCode = key;
-        doc.codebox_KeyDown(keyCode, shift);
-        QCOMPARE(keyCode, pastes ? 0 : key);
-        QCOMPARE(doc.codebox().Text(), pastes ? QStringLiteral("one TWO three") : kText);
-        QCOMPARE(ts->bInsertingMarkup, pastes);
-        QVERIFY(!doc.bSkipKeyUp);
-    }
-
-    void cutKeys_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("shift");
-        QTest::addColumn<bool>("cuts");
-        QTest::newRow("Ctrl+X") << 88 << Ctrl << true;
-        QTest::newRow("Shift+Delete") << 46 << Shift << true;
-        QTest::newRow("Ctrl+Shift+Delete") << 46 << Ctrl + Shift << true;
-        QTest::newRow("Delete") << 46 << 0 << false;
-        QTest::newRow("X") << 88 << 0 << false;
-    }
-    void cutKeys() {
-        QFETCH(int, key);
-        QFETCH(int, shift);
-        QFETCH(bool, cuts);
+        QFETCH(QString, does);
+        const bool pastes = does == QLatin1String("paste"), cuts = does == QLatin1String("cut");
         TestShell ts;
         codeEditor& doc = documentWith(ts, kText);
         select(doc, 4, 4);
-        int keyCode = key;
-        doc.codebox_KeyDown(keyCode, shift);
-        QCOMPARE(keyCode, cuts ? 0 : key);
-        QCOMPARE(doc.codebox().Text(), cuts ? QStringLiteral("one three") : kText);
-        QCOMPARE(ts.platform.clipboard, cuts ? QStringLiteral("two ") : QString());
+        ts.platform.clipboard = QStringLiteral("TWO");
+        QFETCH(int, shift);
+        QCOMPARE(keyDown(doc, key, shift), pastes || cuts ? 0 : key);
+        QCOMPARE(doc.codebox().Text(), pastes ? QStringLiteral("one TWOthree")
+                                       : cuts ? QStringLiteral("one three")
+                                              : kText);
+        QCOMPARE(ts.platform.clipboard, cuts ? QStringLiteral("two ") : QStringLiteral("TWO"));
+        QCOMPARE(ts->bInsertingMarkup, pastes);
         QCOMPARE(doc.bSkipKeyUp, cuts);
-        QCOMPARE(doc.nDoneIndex, Int16(cuts ? 2 : 1));
+        if (!pastes) QCOMPARE(doc.nDoneIndex, Int16(cuts ? 2 : 1));
     }
 
     void shiftDeleteWithoutSelectionStillCuts() {
         TestShell ts;
         codeEditor& doc = documentWith(ts, kText, 3);
         ts.platform.clipboard = QStringLiteral("kept?");
-        int keyCode = 46;
-        doc.codebox_KeyDown(keyCode, Shift);
-        QCOMPARE(keyCode, 0);
+        QCOMPARE(keyDown(doc, 46, Shift), 0);
         QCOMPARE(ts.platform.clipboard, QString());
         QCOMPARE(doc.codebox().Text(), kText);
         QVERIFY(ts->menu(QStringLiteral("mnuEditPaste")).Enabled());
@@ -137,22 +109,15 @@ class SourceKeysTest : public QObject {
         codeEditor& doc = documentWith(ts, kText, 3);
         doc.codebox().setSelText(QStringLiteral("!"));
         doc.AddStep();
-        int keyCode = 90;
-        doc.codebox_KeyDown(keyCode, Ctrl);
-        QCOMPARE(keyCode, 0);
+        QCOMPARE(keyDown(doc, 90, Ctrl), 0);
         QCOMPARE(doc.codebox().Text(), kText);
-        keyCode = 89;
-        doc.codebox_KeyDown(keyCode, Ctrl);
-        QCOMPARE(keyCode, 0);
+        QCOMPARE(keyDown(doc, 89, Ctrl), 0);
         QCOMPARE(doc.codebox().Text(), QStringLiteral("one! two three"));
     }
 
     // The paragraph keys hold positions in 16 bits: past that the handler fails.
     void paragraphKeysOverflow_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("start");
-        QTest::addColumn<int>("length");
-        QTest::addColumn<bool>("fails");
+        columns<int, int, int, bool>({"key", "start", "length", "fails"});
         QTest::newRow("P, start past 32767") << 80 << 33000 << 2 << false;
         QTest::newRow("P, length 32768") << 80 << 10 << 32768 << true;
         QTest::newRow("Q, start 32767") << 81 << 32767 << 2 << false;
@@ -168,8 +133,7 @@ class SourceKeysTest : public QObject {
         const QString big(40000, QLatin1Char('x'));
         codeEditor& doc = documentWith(ts, big);
         select(doc, start, length);
-        int keyCode = key;
-        ts->dispatch([&] { doc.codebox_KeyDown(keyCode, Ctrl + Shift); });
+        ts->dispatch([&] { keyDown(doc, key, Ctrl + Shift); });
         if (fails) {
             QCOMPARE(ts.platform.messages.size(), 1);
             QVERIFY(ts.platform.messages[0].text.startsWith(QStringLiteral("Run-time error '6':")));
@@ -196,61 +160,45 @@ class SourceKeysTest : public QObject {
         doc.Undo();
         QCOMPARE(doc.codebox().Text(), kText);
         QCOMPARE(doc.codebox().SelStart(), 4);
-    }
-
-    void autoCloseReplacesTheSelection() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
+        // Over a selection the pair replaces it.
         select(doc, 4, 3);
-        int ascii = '<';
-        doc.codebox_KeyPress(ascii);
+        doc.codebox_KeyPress(ascii = '<');
         QCOMPARE(doc.codebox().Text(), QStringLiteral("one <> three"));
         QCOMPARE(doc.codebox().SelStart(), 5);
     }
 
-    void otherCharactersAndAutoCloseOffPass_data() {
-        QTest::addColumn<bool>("autoClose");
-        QTest::addColumn<int>("ascii");
-        QTest::newRow("< with auto close off") << false << int('<');
-        QTest::newRow("> with auto close on") << true << int('>');
-        QTest::newRow("a with auto close on") << true << int('a');
-    }
+    // "<" with auto close off, and any other character, pass untouched.
     void otherCharactersAndAutoCloseOffPass() {
-        QFETCH(bool, autoClose);
-        QFETCH(int, ascii);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 4);
-        ts->bAutoCloseTag = autoClose;
-        int typed = ascii;
-        doc.codebox_KeyPress(typed);
-        QCOMPARE(typed, ascii);
-        QCOMPARE(doc.codebox().Text(), kText);
-        QCOMPARE(doc.nDoneIndex, Int16(1));
+        for (const auto& [autoClose, ascii] :
+             {std::pair{false, int('<')}, std::pair{true, int('>')}, std::pair{true, int('a')}}) {
+            TestShell ts;
+            codeEditor& doc = documentWith(ts, kText, 4);
+            ts->bAutoCloseTag = autoClose;
+            int typed = ascii;
+            doc.codebox_KeyPress(typed);
+            QCOMPARE(typed, ascii);
+            QCOMPARE(doc.codebox().Text(), kText);
+            QCOMPARE(doc.nDoneIndex, Int16(1));
+        }
     }
 
-    void selectionAndClipboardDriveTheEditCommands_data() {
-        QTest::addColumn<int>("selLength");
-        QTest::addColumn<QString>("clipboard");
-        QTest::newRow("caret, empty clipboard") << 0 << QString();
-        QTest::newRow("selection, empty clipboard") << 2 << QString();
-        QTest::newRow("caret, text on clipboard") << 0 << "x";
-        QTest::newRow("selection, text on clipboard") << 2 << "x";
-    }
     void selectionAndClipboardDriveTheEditCommands() {
-        QFETCH(int, selLength);
-        QFETCH(QString, clipboard);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        select(doc, 1, selLength);
-        ts.platform.clipboard = clipboard;
-        doc.codebox_SelChange();
-        const bool selected = selLength > 0;
-        QCOMPARE(ts->menu(QStringLiteral("mnuEditCut")).Enabled(), selected);
-        QCOMPARE(ts->menu(QStringLiteral("mnuEditCopy")).Enabled(), selected);
-        QCOMPARE(ts->tbrMain.ButtonEnabled(7), selected);
-        QCOMPARE(ts->tbrMain.ButtonEnabled(8), selected);
-        QCOMPARE(ts->menu(QStringLiteral("mnuEditPaste")).Enabled(), !clipboard.isEmpty());
-        QCOMPARE(ts->tbrMain.ButtonEnabled(9), !clipboard.isEmpty());
+        for (const int selLength : {0, 2}) {
+            for (const QString& clipboard : {QString(), QStringLiteral("x")}) {
+                TestShell ts;
+                codeEditor& doc = documentWith(ts, kText);
+                select(doc, 1, selLength);
+                ts.platform.clipboard = clipboard;
+                doc.codebox_SelChange();
+                const bool selected = selLength > 0;
+                QCOMPARE(ts->menu(QStringLiteral("mnuEditCut")).Enabled(), selected);
+                QCOMPARE(ts->menu(QStringLiteral("mnuEditCopy")).Enabled(), selected);
+                QCOMPARE(ts->tbrMain.ButtonEnabled(7), selected);
+                QCOMPARE(ts->tbrMain.ButtonEnabled(8), selected);
+                QCOMPARE(ts->menu(QStringLiteral("mnuEditPaste")).Enabled(), !clipboard.isEmpty());
+                QCOMPARE(ts->tbrMain.ButtonEnabled(9), !clipboard.isEmpty());
+            }
+        }
     }
 
     void rightClicksOfferTheEditMenu() {
@@ -265,9 +213,7 @@ class SourceKeysTest : public QObject {
     }
 
     void ctrlF6WalksTheTabs_data() {
-        QTest::addColumn<int>("shift");
-        QTest::addColumn<int>("from");
-        QTest::addColumn<int>("to");
+        columns<int, int, int>({"shift", "from", "to"});
         QTest::newRow("next") << Ctrl << 0 << 1;
         QTest::newRow("next from the last") << Ctrl << 2 << 0;
         QTest::newRow("previous") << Ctrl + Shift << 2 << 1;
@@ -291,37 +237,30 @@ class SourceKeysTest : public QObject {
         QCOMPARE(ts->ActiveForm(), ts->documents()[static_cast<size_t>(to)]);
     }
 
+    // With one document Ctrl+F6 stays put; F6 and F4 alone pass; Ctrl+F4 closes, asking
+    // about changes first.
     void windowKeysWithOneDocument() {
         TestShell ts;
         ts.load();
         codeEditor& doc = ts.active();
-        int keyCode = 117;
-        doc.Form_KeyDown(keyCode, Ctrl);
+        const auto windowKey = [&](int keyCode, int shift) {
+            doc.Form_KeyDown(keyCode, shift);
+            return keyCode;
+        };
+        windowKey(117, Ctrl);
         QCOMPARE(ts->ActiveForm(), &doc);
-        keyCode = 117;
-        doc.Form_KeyDown(keyCode, 0);
-        QCOMPARE(keyCode, 117);
-        keyCode = 115;
-        doc.Form_KeyDown(keyCode, 0);
-        QCOMPARE(keyCode, 115);
-        QCOMPARE(ts->documents().size(), size_t(1));
-        doc.Form_KeyDown(keyCode, Ctrl);
-        QCOMPARE(keyCode, 0);
-        QVERIFY(ts->documents().empty());
-    }
-
-    void ctrlF4AsksAboutChanges() {
-        TestShell ts;
-        ts.load();
-        codeEditor& doc = ts.active();
+        QCOMPARE(windowKey(117, 0), 117);
+        QCOMPARE(windowKey(115, 0), 115);
         doc.codebox().setSelText(QStringLiteral("x"));
         ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
-        int keyCode = 115;
-        doc.Form_KeyDown(keyCode, Ctrl);
+        QCOMPARE(windowKey(115, Ctrl), 0);
         QCOMPARE(
             ts.platform.messageTexts(),
             QStringList{QStringLiteral("Do you want to save the changes made to Document 1?")});
         QCOMPARE(ts->documents().size(), size_t(1));
+        ts.platform.messageAnswers.enqueue(MsgResult::No);
+        QCOMPARE(windowKey(115, Ctrl), 0);
+        QVERIFY(ts->documents().empty());
     }
 };
 
