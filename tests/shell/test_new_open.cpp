@@ -1,9 +1,8 @@
 // New documents and Open: skeletons, numbering, the "Document 1" reuse rule, messages.
 #include "editor/text_pane.h"
-#include "runtime/runtime_error.h"
 #include "shell/skeletons.h"
+#include "test_rows.h"
 #include "test_shell.h"
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -20,10 +19,7 @@ class NewOpenTest : public QObject {
                  QStringLiteral("<html>\n<head>\n<title>Title goes here</title>\n<meta "
                                 "name=\"GENERATOR\" content=\"Tessaline 2\">\n</head>\n<body>\n\n"
                                 "</body>\n</html>"));
-        QCOMPARE(doc.codebox().SelStart(), 106);
-        // 106 is the empty line between the body tags.
-        QCOMPARE(doc.codebox().Text().mid(99, 7), QStringLiteral("<body>\n"));
-        QCOMPARE(doc.codebox().Text().mid(106, 8), QStringLiteral("\n</body>"));
+        QCOMPARE(doc.codebox().SelStart(), 106); // the empty line between the body tags
         QCOMPARE(doc.Caption(), QStringLiteral("Document 1"));
         QCOMPARE(doc.Tag, QStringLiteral("Clean"));
         QCOMPARE(doc.CSSDoc, QStringLiteral("No"));
@@ -65,8 +61,7 @@ class NewOpenTest : public QObject {
     }
 
     void fontAndWrapComeFromSettings_data() {
-        QTest::addColumn<QString>("wrap");
-        QTest::addColumn<int>("margin");
+        columns<QString, int>({"wrap", "margin"});
         QTest::newRow("default wraps") << QString() << 0;
         QTest::newRow("1 wraps") << "1" << 0;
         QTest::newRow("0 does not wrap") << "0" << 120000;
@@ -90,10 +85,8 @@ class NewOpenTest : public QObject {
         const QString path = writeFile(dir, "page.htm", "<p>hi</p>");
         TestShell ts;
         ts.load();
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        ts->mnuFileOpen_Click();
+        codeEditor& doc = ts.open(path);
         QCOMPARE(ts->documents().size(), size_t(1));
-        codeEditor& doc = ts.active();
         QCOMPARE(doc.Caption(), path);
         QCOMPARE(doc.txtFileName, path);
         QCOMPARE(doc.txtFileTitle, QStringLiteral("page.htm"));
@@ -117,31 +110,25 @@ class NewOpenTest : public QObject {
                                               "Text Documents (*.txt)|*.txt"));
     }
 
-    void openKeepsDocumentOneWithAChange() {
+    // A changed "Document 1", or any later untitled document, is never replaced.
+    void openKeepsOtherUntitledDocuments() {
         QTemporaryDir dir;
         const QString path = writeFile(dir, "page.htm", "x");
-        TestShell ts;
-        ts.load();
-        ts.active().codebox().setSelText("a");
-        QCOMPARE(ts.active().Tag, QStringLiteral("Dirty"));
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        ts->mnuFileOpen_Click();
-        QCOMPARE(ts->documents().size(), size_t(2));
-        QCOMPARE(ts->TabStrip1.count(), 2);
-        QCOMPARE(ts->TabStrip1.selectedIndex(), 1);
-        QCOMPARE(ts.active().Caption(), path);
-    }
-
-    void laterUntitledDocumentIsNeverReplaced() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", "x");
-        TestShell ts;
-        ts.load();
-        ts->mnuFileClose_Click();
-        ts->mnuFileNewHTML_Click(); // "Document 2", clean
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        ts->mnuFileOpen_Click();
-        QCOMPARE(ts->documents().size(), size_t(2));
+        for (bool later : {false, true}) {
+            TestShell ts;
+            ts.load();
+            if (later) {
+                ts->mnuFileClose_Click();
+                ts->mnuFileNewHTML_Click(); // "Document 2", clean
+            } else {
+                ts.active().codebox().setSelText("a");
+                QCOMPARE(ts.active().Tag, QStringLiteral("Dirty"));
+            }
+            QCOMPARE(ts.open(path).Caption(), path);
+            QCOMPARE(ts->documents().size(), size_t(2));
+            QCOMPARE(ts->TabStrip1.count(), 2);
+            QCOMPARE(ts->TabStrip1.selectedIndex(), 1);
+        }
     }
 
     void openFileAlreadyOpen() {
@@ -149,10 +136,8 @@ class NewOpenTest : public QObject {
         const QString path = writeFile(dir, "page.htm", "x");
         TestShell ts;
         ts.load();
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        ts->mnuFileOpen_Click();
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        ts->mnuFileOpen_Click();
+        ts.open(path);
+        ts.open(path);
         QCOMPARE(ts->documents().size(), size_t(1));
         QCOMPARE(ts.platform.messages.size(), 1);
         QCOMPARE(ts.platform.messages[0].text, QStringLiteral("File is already open."));
@@ -160,9 +145,13 @@ class NewOpenTest : public QObject {
         QVERIFY(!ts->bFileAlreadyOpen);
     }
 
+    // A cancelled Open changes nothing; a missing file is reported.
     void openMissingFile() {
         TestShell ts;
         ts.load();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
+        ts->mnuFileOpen_Click();
+        QVERIFY(ts.platform.messages.isEmpty());
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file("/nonexistent/gone.htm"));
         ts->mnuFileOpen_Click();
         QCOMPARE(ts.platform.messageTexts(), QStringList{"The file  could not be found."});
@@ -173,35 +162,16 @@ class NewOpenTest : public QObject {
         QCOMPARE(ts->TabStrip1.tab(0).Key, QStringLiteral("Document 1"));
     }
 
-    void cancelledOpenChangesNothing() {
-        TestShell ts;
-        ts.load();
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
-        ts->mnuFileOpen_Click();
-        QCOMPARE(ts->documents().size(), size_t(1));
-        QVERIFY(ts.platform.messages.isEmpty());
-    }
-
-    void cssDocByExactExtension_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("cssDoc");
-        QTest::newRow("css") << "style.css"
-                             << "Yes";
-        QTest::newRow("CSS in capitals") << "STYLE.CSS"
-                                         << "No";
-        QTest::newRow("htm") << "page.htm"
-                             << "No";
-    }
+    // Only a lower-case ".css" makes a style sheet.
     void cssDocByExactExtension() {
-        QFETCH(QString, name);
-        QFETCH(QString, cssDoc);
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, name, "body {}");
-        TestShell ts;
-        ts.load();
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        ts->mnuFileOpen_Click();
-        QCOMPARE(ts.active().CSSDoc, cssDoc);
+        for (const auto& [name, cssDoc] :
+             {std::pair{"style.css", "Yes"}, std::pair{"STYLE.CSS", "No"},
+              std::pair{"page.htm", "No"}}) {
+            QTemporaryDir dir;
+            TestShell ts;
+            ts.load();
+            QCOMPARE(ts.open(writeFile(dir, name, "body {}")).CSSDoc, QString::fromLatin1(cssDoc));
+        }
     }
 
     void openSeveralFiles() {
@@ -232,25 +202,14 @@ class NewOpenTest : public QObject {
         QCOMPARE(ts.active().Caption(), dir.path() + "/b.css");
     }
 
-    void openSeveralWithoutTrailingSeparator() {
-        QTemporaryDir dir;
-        writeFile(dir, "a.htm", "A");
-        writeFile(dir, "b.htm", "B");
-        TestShell ts;
-        ts.load();
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::files(dir.path(), {"a.htm", "b.htm"}));
-        ts->mnuFileOpen_Click();
-        QCOMPARE(ts->documents()[0]->Caption(), dir.path() + "/a.htm");
-    }
-
     void openSeveralWithOneOpenAndOneMissing() {
         QTemporaryDir dir;
         const QString a = writeFile(dir, "a.htm", "A");
         writeFile(dir, "c.htm", "C");
         TestShell ts;
         ts.load();
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(a));
-        ts->mnuFileOpen_Click();
+        ts.open(a);
+        // Without a trailing separator the folder gets one.
         ts.platform.fileAnswers.enqueue(
             FileDialogAnswer::files(dir.path(), {"a.htm", "missing.htm", "c.htm"}));
         ts->mnuFileOpen_Click();
@@ -281,16 +240,11 @@ class NewOpenTest : public QObject {
         QCOMPARE(s, QStringLiteral("a.htm") + QChar(0));
         QCOMPARE(ts->StripItem(s, QString(QChar(0))), QStringLiteral("a.htm"));
         QCOMPARE(s, QString());
-        QString none = QStringLiteral("no delimiter");
-        try {
-            ts->StripItem(none, QStringLiteral(";"));
-            QFAIL("StripItem without a delimiter must overflow");
-        } catch (const RuntimeError& e) {
-            QCOMPARE(e.number(), 6);
-        }
+        QString none = QStringLiteral("no delimiter"); // overflows without its delimiter
+        QCOMPARE(errorOf([&] { ts->StripItem(none, QStringLiteral(";")); }), 6);
     }
 
-    void activationSelectsTheTab() {
+    void activationAndTabsAgree() {
         TestShell ts;
         ts.load();
         ts->mnuFileNewHTML_Click();
@@ -299,12 +253,9 @@ class NewOpenTest : public QObject {
         QCOMPARE(ts->ActiveForm(), first);
         QCOMPARE(ts->TabStrip1.selectedIndex(), 0);
         QVERIFY(!ts->bSelectingTab);
-    }
-
-    void tabClickBringsItsWindowForward() {
-        TestShell ts;
-        ts.load();
-        ts->mnuFileNewHTML_Click();
+        // A tab click brings its window forward, unless a tab is being selected already.
+        ts->TabStrip1.select(1);
+        QCOMPARE(ts->ActiveForm(), ts->documents()[1]);
         ts->TabStrip1.select(0);
         QCOMPARE(ts->ActiveForm(), ts->documents()[0]);
         ts->bSelectingTab = true;
