@@ -6,31 +6,18 @@
 #include "runtime/runtime_error.h"
 #include "runtime/vb_strings.h"
 #include "scripted_platform.h"
-#include <QTest>
+#include "test_rows.h"
 #include <stdexcept>
 
 using namespace tsl;
 using namespace tsl::test;
-
-namespace {
-// The number of the run-time error a statement raises, 0 when it raises none.
-template <typename Statement> int errorOf(Statement&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
-} // namespace
 
 class RuntimeTest : public QObject {
     Q_OBJECT
 
   private slots:
     void toInt16Limits_data() {
-        QTest::addColumn<qlonglong>("value");
-        QTest::addColumn<int>("error");
+        columns<qlonglong, int>({"value", "error"});
         QTest::newRow("0") << 0LL << 0;
         QTest::newRow("32767") << 32767LL << 0;
         QTest::newRow("32768") << 32768LL << int(ErrOverflow);
@@ -57,8 +44,7 @@ class RuntimeTest : public QObject {
     }
 
     void errorDescriptions_data() {
-        QTest::addColumn<int>("number");
-        QTest::addColumn<QString>("description");
+        columns<int, QString>({"number", "description"});
         QTest::newRow("5") << 5 << "Invalid procedure call or argument";
         QTest::newRow("6") << 6 << "Overflow";
         QTest::newRow("9") << 9 << "Subscript out of range";
@@ -150,11 +136,7 @@ class RuntimeTest : public QObject {
         QCOMPARE(state, 3);
         QCOMPARE(dispatcher.lastError(), 0);
         QCOMPARE(platform.messages.size(), 1);
-    }
-
-    void dispatcherShowsAnOwnDescription() {
-        ScriptedPlatform platform;
-        Dispatcher dispatcher(platform);
+        // A raised error shows its standard description, or its own.
         QVERIFY(!dispatcher.run([] { raise(ErrPathFileAccess); }));
         QCOMPARE(platform.messages.last().text,
                  QStringLiteral("Run-time error '75':\n\nPath/File access error"));
@@ -182,8 +164,7 @@ class RuntimeTest : public QObject {
     }
 
     void val_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("value");
+        columns<QString, double>({"text", "value"});
         QTest::newRow("12px") << "12px" << 12.0;
         QTest::newRow("empty") << "" << 0.0;
         QTest::newRow("blanks around") << " 7 " << 7.0;
@@ -207,43 +188,27 @@ class RuntimeTest : public QObject {
     }
     void val() {
         QFETCH(QString, text);
-        QFETCH(double, value);
-        QCOMPARE(Val(text), value);
-    }
-
-    void valOverflows() {
+        QTEST(Val(text), "value");
         QCOMPARE(errorOf([] { Val(QStringLiteral("1e999")); }), 6);
     }
 
-    void toNumberReadsWholeNumbers_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("value");
-        QTest::newRow("digits") << "12" << 12.0;
-        QTest::newRow("blanks around") << " 7 " << 7.0;
-        QTest::newRow("negative fraction") << "-3.5" << -3.5;
-        QTest::newRow("exponent") << "1e3" << 1000.0;
+    // toNumber reads a whole number or refuses: Type mismatch, or Overflow when too large.
+    void toNumber_data() {
+        columns<QString, double, int>({"text", "value", "error"});
+        QTest::newRow("digits") << "12" << 12.0 << 0;
+        QTest::newRow("blanks around") << " 7 " << 7.0 << 0;
+        QTest::newRow("negative fraction") << "-3.5" << -3.5 << 0;
+        QTest::newRow("exponent") << "1e3" << 1000.0 << 0;
+        for (const char* text : {"abc", "", "   ", "12px", "inf", "nan"})
+            QTest::addRow("'%s'", text) << text << 0.0 << 13;
+        QTest::newRow("too large") << "1e999" << 0.0 << 6;
     }
-    void toNumberReadsWholeNumbers() {
-        QFETCH(QString, text);
-        QFETCH(double, value);
-        QCOMPARE(toNumber(text), value);
-    }
-
-    void toNumberTypeMismatch_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("error");
-        QTest::newRow("letters") << "abc" << 13;
-        QTest::newRow("empty") << "" << 13;
-        QTest::newRow("blank") << "   " << 13;
-        QTest::newRow("unit") << "12px" << 13;
-        QTest::newRow("inf") << "inf" << 13;
-        QTest::newRow("nan") << "nan" << 13;
-        QTest::newRow("too large") << "1e999" << 6;
-    }
-    void toNumberTypeMismatch() {
+    void toNumber() {
         QFETCH(QString, text);
         QFETCH(int, error);
-        QCOMPARE(errorOf([&] { toNumber(text); }), error);
+        double value = 0;
+        QCOMPARE(errorOf([&] { value = tsl::toNumber(text); }), error);
+        QTEST(value, "value");
     }
 };
 
