@@ -1,22 +1,13 @@
 // The headless controls keep the event rules the logic relies on: which assignments raise
 // Change and Click, which are refused with a run-time error, and how keys reach a text box.
 #include "gadgets/controls.h"
-#include "runtime/runtime_error.h"
+#include "test_rows.h"
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace tsl;
+using namespace tsl::test;
 
 namespace {
-template <typename Statement> int errorOf(Statement&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
-
 ComboBox* listCombo(QStringList items) {
     auto* combo = new ComboBox(QStringLiteral("cmb"), ComboBox::DropDownList);
     for (const QString& item : items)
@@ -82,10 +73,7 @@ class ControlsTest : public QObject {
         box.typeKey(8); // nothing left to take away: no change
         QCOMPARE(box.Text(), QString());
         QCOMPARE(changes, 4);
-    }
-
-    void lockedTextBoxTakesNoKeys() {
-        TextBox box;
+        // A locked box takes no keys.
         box.setText("keep");
         box.Locked = true;
         box.typeKey('!');
@@ -103,6 +91,18 @@ class ControlsTest : public QObject {
         check.setValue(1);
         check.setValue(0);
         QCOMPARE(clicks, QList<int>({1, 0}));
+    }
+
+    // Value, caption and enabled tell the view only when they change.
+    void changedTellsTheView() {
+        CheckBox check;
+        QSignalSpy spy(&check, &Control::changed);
+        check.setValue(1);
+        check.setValue(1);
+        check.setCaption("x");
+        check.setEnabled(false);
+        check.setEnabled(false);
+        QCOMPARE(spy.count(), 3);
     }
 
     void optionGroupExcludes() {
@@ -128,10 +128,11 @@ class ControlsTest : public QObject {
         QVERIFY(!b.Value());
     }
 
-    void listComboRefusesAForeignText() {
+    // A drop-down list takes only a text it holds, case and all, and clicks for it.
+    void listComboTakesOnlyAHeldText() {
         std::unique_ptr<ComboBox> combo(listCombo({"left", "center", "right"}));
-        int clicks = 0;
-        combo->Click = [&] { ++clicks; };
+        QList<int> clicks;
+        combo->Click = [&] { clicks << combo->ListIndex(); };
         int error = 0;
         QString description;
         try {
@@ -143,15 +144,8 @@ class ControlsTest : public QObject {
         QCOMPARE(error, int(ErrPropertyReadOnly));
         QCOMPARE(description, QStringLiteral("'Text' property is read-only"));
         QCOMPARE(combo->ListIndex(), -1);
-        QCOMPARE(clicks, 0);
-        // Case counts.
         QCOMPARE(errorOf([&] { combo->setText("Center"); }), int(ErrPropertyReadOnly));
-    }
-
-    void listComboTakesAHeldText() {
-        std::unique_ptr<ComboBox> combo(listCombo({"left", "center", "right"}));
-        QList<int> clicks;
-        combo->Click = [&] { clicks << combo->ListIndex(); };
+        QVERIFY(clicks.isEmpty());
         combo->setText("right");
         QCOMPARE(combo->ListIndex(), 2);
         QCOMPARE(combo->Text(), QStringLiteral("right"));
@@ -161,8 +155,7 @@ class ControlsTest : public QObject {
     }
 
     void listIndexOutOfRangeIsAnError_data() {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<int>("error");
+        columns<int, int>({"index", "error"});
         QTest::newRow("-2") << -2 << int(ErrInvalidPropertyValue);
         QTest::newRow("-1 clears") << -1 << 0;
         QTest::newRow("0") << 0 << 0;
@@ -212,26 +205,18 @@ class ControlsTest : public QObject {
         QCOMPARE(combo.Text(), QStringLiteral("Arial"));
     }
 
-    void upDownClampsAndWritesItsBuddy_data() {
-        QTest::addColumn<int>("value");
-        QTest::addColumn<int>("expected");
-        QTest::newRow("inside") << 12 << 12;
-        QTest::newRow("min") << 6 << 6;
-        QTest::newRow("max") << 72 << 72;
-        QTest::newRow("below") << 2 << 6;
-        QTest::newRow("above") << 100 << 72;
-    }
     void upDownClampsAndWritesItsBuddy() {
-        QFETCH(int, value);
-        QFETCH(int, expected);
-        TextBox buddy;
-        UpDown spin;
-        spin.Min = 6;
-        spin.Max = 72;
-        spin.buddy = &buddy;
-        spin.setValue(value);
-        QCOMPARE(spin.Value(), expected);
-        QCOMPARE(buddy.Text(), QString::number(expected));
+        for (const auto& [value, expected] : {std::pair{12, 12}, std::pair{6, 6}, std::pair{72, 72},
+                                              std::pair{2, 6}, std::pair{100, 72}}) {
+            TextBox buddy;
+            UpDown spin;
+            spin.Min = 6;
+            spin.Max = 72;
+            spin.buddy = &buddy;
+            spin.setValue(value);
+            QCOMPARE(spin.Value(), expected);
+            QCOMPARE(buddy.Text(), QString::number(expected));
+        }
     }
 
     void upDownSteps() {
@@ -253,17 +238,6 @@ class ControlsTest : public QObject {
         spin.stepDown();
         QCOMPARE(spin.Value(), 6);
         QCOMPARE(buddy.Text(), QStringLiteral("6"));
-    }
-
-    void changedTellsTheView() {
-        CheckBox check;
-        QSignalSpy spy(&check, &Control::changed);
-        check.setValue(1);
-        check.setValue(1);
-        check.setCaption("x");
-        check.setEnabled(false);
-        check.setEnabled(false);
-        QCOMPARE(spy.count(), 3);
     }
 };
 
