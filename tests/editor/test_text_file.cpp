@@ -3,46 +3,20 @@
 // SaveFile on top of them.
 #include "editor/text_file.h"
 #include "editor/text_pane.h"
-#include "runtime/runtime_error.h"
+#include "test_rows.h"
+#include "test_shell.h"
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
 #endif
 
 using namespace tsl;
+using namespace tsl::test;
 
 Q_DECLARE_METATYPE(TextFormat::Encoding)
 
 namespace {
-template <typename Statement> int errorOf(Statement&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& e) {
-        return e.number();
-    }
-    return 0;
-}
-
-QByteArray bytesOf(const char* s) {
-    return QByteArray(s);
-}
-
-void put(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-QByteArray get(const QString& path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return "<unreadable>";
-    return file.readAll();
-}
-
 // Every byte from 0x80 to 0xFF, which no UTF-8 reading accepts in this order.
 QByteArray highBytes() {
     QByteArray bytes;
@@ -57,68 +31,64 @@ class TextFileTest : public QObject {
 
   private slots:
     void roundTrip_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<TextFormat::Encoding>("encoding");
-        QTest::addColumn<bool>("bom");
-        QTest::addColumn<bool>("crlf");
-
+        columns<QByteArray, QString, TextFormat::Encoding, bool, bool>(
+            {"bytes", "text", "encoding", "bom", "crlf"});
         const auto utf8 = TextFormat::Utf8;
         const auto latin1 = TextFormat::Latin1;
         QTest::newRow("empty") << QByteArray() << QString() << utf8 << false << false;
-        QTest::newRow("LF") << bytesOf("<p>\none\ntwo\n") << "<p>\none\ntwo\n"
+        QTest::newRow("LF") << QByteArray("<p>\none\ntwo\n") << "<p>\none\ntwo\n"
                             << utf8 << false << false;
-        QTest::newRow("no line end") << bytesOf("one line") << "one line" << utf8 << false << false;
-        QTest::newRow("CRLF") << bytesOf("<p>\r\none\r\ntwo\r\n") << "<p>\none\ntwo\n"
+        QTest::newRow("no line end")
+            << QByteArray("one line") << "one line" << utf8 << false << false;
+        QTest::newRow("CRLF") << QByteArray("<p>\r\none\r\ntwo\r\n") << "<p>\none\ntwo\n"
                               << utf8 << false << true;
         QTest::newRow("CRLF, last line open")
-            << bytesOf("a\r\nb") << "a\nb" << utf8 << false << true;
-        QTest::newRow("mixed LF and CRLF") << bytesOf("a\r\nb\nc\r\n") << "a\r\nb\nc\r\n"
+            << QByteArray("a\r\nb") << "a\nb" << utf8 << false << true;
+        QTest::newRow("mixed LF and CRLF") << QByteArray("a\r\nb\nc\r\n") << "a\r\nb\nc\r\n"
                                            << utf8 << false << false;
-        QTest::newRow("lone CR") << bytesOf("a\rb\rc") << "a\rb\rc" << utf8 << false << false;
-        QTest::newRow("CRLF with a lone CR") << bytesOf("a\r\nb\rc\r\n") << "a\nb\rc\n"
+        QTest::newRow("lone CR") << QByteArray("a\rb\rc") << "a\rb\rc" << utf8 << false << false;
+        QTest::newRow("CRLF with a lone CR") << QByteArray("a\r\nb\rc\r\n") << "a\nb\rc\n"
                                              << utf8 << false << true;
-        QTest::newRow("CR before CRLF") << bytesOf("a\r\r\nb") << "a\r\nb" << utf8 << false << true;
-        QTest::newRow("LF before CRLF") << bytesOf("\n\r\n") << "\n\r\n" << utf8 << false << false;
-        QTest::newRow("UTF-8") << bytesOf("caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80\n")
+        QTest::newRow("CR before CRLF")
+            << QByteArray("a\r\r\nb") << "a\r\nb" << utf8 << false << true;
+        QTest::newRow("LF before CRLF") << QByteArray("\n\r\n") << "\n\r\n"
+                                        << utf8 << false << false;
+        QTest::newRow("UTF-8") << QByteArray("caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80\n")
                                << QString::fromUtf8("caf\xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80\n")
                                << utf8 << false << false;
         QTest::newRow("UTF-8 with BOM")
-            << bytesOf("\xEF\xBB\xBF<p>\xC3\xA9</p>\r\n") << QString::fromUtf8("<p>\xC3\xA9</p>\n")
-            << utf8 << true << true;
-        QTest::newRow("BOM alone") << bytesOf("\xEF\xBB\xBF") << QString() << utf8 << true << false;
+            << QByteArray("\xEF\xBB\xBF<p>\xC3\xA9</p>\r\n")
+            << QString::fromUtf8("<p>\xC3\xA9</p>\n") << utf8 << true << true;
+        QTest::newRow("BOM alone")
+            << QByteArray("\xEF\xBB\xBF") << QString() << utf8 << true << false;
         QTest::newRow("BOM inside the text stays text")
-            << bytesOf("a\xEF\xBB\xBF") << QString::fromUtf8("a\xEF\xBB\xBF") << utf8 << false
+            << QByteArray("a\xEF\xBB\xBF") << QString::fromUtf8("a\xEF\xBB\xBF") << utf8 << false
             << false;
         QTest::newRow("NUL byte") << QByteArray("a\0b", 3) << QString::fromLatin1("a\0b", 3) << utf8
                                   << false << false;
-        QTest::newRow("Latin-1") << bytesOf("caf\xE9\r\nna\xEFve\r\n")
+        QTest::newRow("Latin-1") << QByteArray("caf\xE9\r\nna\xEFve\r\n")
                                  << QString::fromLatin1("caf\xE9\nna\xEFve\n") << latin1 << false
                                  << true;
         QTest::newRow("every high byte")
             << highBytes() << QString::fromLatin1(highBytes()) << latin1 << false << false;
         QTest::newRow("BOM then invalid UTF-8")
-            << bytesOf("\xEF\xBB\xBF\xFF") << QString::fromLatin1("\xEF\xBB\xBF\xFF") << latin1
+            << QByteArray("\xEF\xBB\xBF\xFF") << QString::fromLatin1("\xEF\xBB\xBF\xFF") << latin1
             << false << false;
         QTest::newRow("UTF-8 cut short at the end")
-            << bytesOf("ok \xC3") << QString::fromLatin1("ok \xC3") << latin1 << false << false;
-        QTest::newRow("overlong UTF-8")
-            << bytesOf("\xC0\xAF") << QString::fromLatin1("\xC0\xAF") << latin1 << false << false;
+            << QByteArray("ok \xC3") << QString::fromLatin1("ok \xC3") << latin1 << false << false;
+        QTest::newRow("overlong UTF-8") << QByteArray("\xC0\xAF") << QString::fromLatin1("\xC0\xAF")
+                                        << latin1 << false << false;
         QTest::newRow("UTF-8 of a surrogate")
-            << bytesOf("\xED\xA0\x80") << QString::fromLatin1("\xED\xA0\x80") << latin1 << false
+            << QByteArray("\xED\xA0\x80") << QString::fromLatin1("\xED\xA0\x80") << latin1 << false
             << false;
     }
     void roundTrip() {
         QFETCH(QByteArray, bytes);
-        QFETCH(QString, text);
-        QFETCH(TextFormat::Encoding, encoding);
-        QFETCH(bool, bom);
-        QFETCH(bool, crlf);
         const DecodedText decoded = decodeText(bytes);
-        QCOMPARE(decoded.text, text);
-        QCOMPARE(decoded.format.encoding, encoding);
-        QCOMPARE(decoded.format.byteOrderMark, bom);
-        QCOMPARE(decoded.format.crlf, crlf);
+        QTEST(decoded.text, "text");
+        QTEST(decoded.format.encoding, "encoding");
+        QTEST(decoded.format.byteOrderMark, "bom");
+        QTEST(decoded.format.crlf, "crlf");
         QCOMPARE(encodeText(decoded.text, decoded.format), bytes);
     }
 
@@ -142,14 +112,6 @@ class TextFileTest : public QObject {
         QCOMPARE(again.format.encoding, TextFormat::Utf8);
     }
 
-    void readMissingOrFolderRaises75() {
-        QTemporaryDir dir;
-        QVERIFY(dir.isValid());
-        QCOMPARE(errorOf([&] { readFileBytes(dir.filePath("missing.htm")); }), 75);
-        QCOMPARE(errorOf([&] { readFileBytes(dir.path()); }), 75);
-        QCOMPARE(errorOf([&] { readFileBytes(QString()); }), 75);
-    }
-
     void writeAndReadBack() {
         QTemporaryDir dir;
         const QString path = dir.filePath("page.htm");
@@ -157,20 +119,20 @@ class TextFileTest : public QObject {
         writeFileBytes(path, bytes);
         QCOMPARE(readFileBytes(path), bytes);
         writeFileBytes(path, "shorter");
-        QCOMPARE(get(path), QByteArray("shorter"));
+        QCOMPARE(readFile(path), QByteArray("shorter"));
     }
 
-    void writeWhereTheFolderIsMissingRaises75() {
+    // A missing file, folder or name, or a folder in the file's place, raises 75.
+    void missingPlacesRaise75() {
         QTemporaryDir dir;
+        QVERIFY(QDir(dir.path()).mkdir("sub"));
+        QCOMPARE(errorOf([&] { readFileBytes(dir.filePath("missing.htm")); }), 75);
+        QCOMPARE(errorOf([&] { readFileBytes(dir.path()); }), 75);
+        QCOMPARE(errorOf([&] { readFileBytes(QString()); }), 75);
         const QString path = dir.filePath("no such folder/page.htm");
         QCOMPARE(errorOf([&] { writeFileBytes(path, "x"); }), 75);
         QVERIFY(!QFile::exists(path));
         QCOMPARE(errorOf([&] { writeFileBytes(QString(), "x"); }), 75);
-    }
-
-    void writeOverAFolderRaises75() {
-        QTemporaryDir dir;
-        QVERIFY(QDir(dir.path()).mkdir("sub"));
         QCOMPARE(errorOf([&] { writeFileBytes(dir.filePath("sub"), "x"); }), 75);
         QVERIFY(QFileInfo(dir.filePath("sub")).isDir());
     }
@@ -179,8 +141,7 @@ class TextFileTest : public QObject {
         QTemporaryDir dir;
         const QString folder = dir.filePath("locked");
         QVERIFY(QDir(dir.path()).mkdir("locked"));
-        const QString path = folder + "/page.htm";
-        put(path, "old bytes");
+        const QString path = writeFile(dir, "locked/page.htm", "old bytes");
         QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
         // Someone who may write anyway (root) cannot see this rule at work.
         const bool stillWritable = QFile(folder + "/probe").open(QIODevice::WriteOnly);
@@ -192,7 +153,7 @@ class TextFileTest : public QObject {
         const int error = errorOf([&] { writeFileBytes(path, "new bytes"); });
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QCOMPARE(error, 75);
-        QCOMPARE(get(path), QByteArray("old bytes"));
+        QCOMPARE(readFile(path), QByteArray("old bytes"));
     }
 
     void aWriteCutOffHalfwayKeepsTheOldFile() {
@@ -200,8 +161,7 @@ class TextFileTest : public QObject {
         // A file size limit makes the write fail after part of it, as a full disk would;
         // it binds every user, root included.
         QTemporaryDir dir;
-        const QString path = dir.filePath("page.htm");
-        put(path, "old bytes");
+        const QString path = writeFile(dir, "page.htm", "old bytes");
         const QByteArray large(64 * 1024, 'n');
         rlimit saved{};
         QCOMPARE(getrlimit(RLIMIT_FSIZE, &saved), 0);
@@ -213,7 +173,7 @@ class TextFileTest : public QObject {
         setrlimit(RLIMIT_FSIZE, &saved);
         std::signal(SIGXFSZ, previous);
         QCOMPARE(error, 75);
-        QCOMPARE(get(path), QByteArray("old bytes"));
+        QCOMPARE(readFile(path), QByteArray("old bytes"));
         // No half-written temporary file is left beside it.
         QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden | QDir::System),
                  QStringList({"page.htm"}));
@@ -229,9 +189,8 @@ class TextFileTest : public QObject {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, text);
         QTemporaryDir dir;
-        const QString from = dir.filePath("in.htm");
+        const QString from = writeFile(dir, "in.htm", bytes);
         const QString to = dir.filePath("out.htm");
-        put(from, bytes);
         TextPane pane;
         pane.setText("previous text");
         pane.setSelStart(4);
@@ -243,27 +202,25 @@ class TextFileTest : public QObject {
         QCOMPARE(pane.FileName(), from);
         QCOMPARE(changes, 1);
         pane.SaveFile(to, 1);
-        QCOMPARE(get(to), bytes);
+        QCOMPARE(readFile(to), bytes);
         // Writing a copy (the preview file) leaves the document bound where it was.
         QCOMPARE(pane.FileName(), from);
     }
 
     void sourcePaneSavesAnEditInTheFileFormat() {
         QTemporaryDir dir;
-        const QString path = dir.filePath("page.htm");
-        put(path, "<p>\r\n</p>\r\n");
+        const QString path = writeFile(dir, "page.htm", "<p>\r\n</p>\r\n");
         TextPane pane;
         pane.LoadFile(path);
         pane.setSelStart(4);
         pane.setSelText("hello\n");
         pane.SaveFile(path);
-        QCOMPARE(get(path), QByteArray("<p>\r\nhello\r\n</p>\r\n"));
+        QCOMPARE(readFile(path), QByteArray("<p>\r\nhello\r\n</p>\r\n"));
     }
 
     void sourcePaneFailuresRaise75AndKeepTheText() {
         QTemporaryDir dir;
-        const QString good = dir.filePath("good.htm");
-        put(good, "kept");
+        const QString good = writeFile(dir, "good.htm", "kept");
         TextPane pane;
         pane.LoadFile(good);
         QCOMPARE(errorOf([&] { pane.LoadFile(dir.filePath("missing.htm")); }), 75);
@@ -271,7 +228,7 @@ class TextFileTest : public QObject {
         QCOMPARE(pane.FileName(), good);
         QCOMPARE(errorOf([&] { pane.SaveFile(dir.filePath("none/x.htm")); }), 75);
         QCOMPARE(pane.FileName(), good);
-        QCOMPARE(get(good), QByteArray("kept"));
+        QCOMPARE(readFile(good), QByteArray("kept"));
     }
 };
 
