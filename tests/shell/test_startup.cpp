@@ -1,10 +1,9 @@
 // Start-up, the command line, the tag list pane's sizer, and exit.
 #include "editor/text_pane.h"
-#include "runtime/runtime_error.h"
 #include "shell/frm_about.h"
+#include "test_rows.h"
 #include "test_shell.h"
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -39,7 +38,9 @@ class StartupTest : public QObject {
         ts.settings.save("Fuzzies", "Auto Close Tag", "No");
         ts.settings.save("Fuzzies", "Default Dir", "/home/me/pages");
         ts.settings.save("Fuzzies", "Word Wrap", "0");
+        ts.settings.save("Fuzzies", "Use Relative", "No"); // relative paths are on at every start
         ts.load();
+        QVERIFY(ts->bUseRelative);
         QVERIFY(ts->bFormsToolbarOpen);
         QVERIFY(!ts->bStandardToolbarOpen);
         QVERIFY(ts->bTagListOpen);
@@ -50,16 +51,8 @@ class StartupTest : public QObject {
         QCOMPARE(ts.active().codebox().RightMargin(), 120000);
     }
 
-    void relativePathsAreOnAtEveryStart() {
-        TestShell ts;
-        ts.settings.save("Fuzzies", "Use Relative", "No");
-        ts.load();
-        QVERIFY(ts->bUseRelative);
-    }
-
     void commandLineRefusals_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("refused");
+        columns<QString, bool>({"name", "refused"});
         QTest::newRow("exe") << "/x/setup.exe" << true;
         QTest::newRow("EXE in capitals") << "/x/SETUP.EXE" << true;
         QTest::newRow("dll") << "/x/lib.dll" << true;
@@ -83,8 +76,7 @@ class StartupTest : public QObject {
     }
 
     void commandLineOpensIntoDocumentOne_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("cssDoc");
+        columns<QString, QString>({"name", "cssDoc"});
         QTest::newRow("page") << "page.htm"
                               << "No";
         QTest::newRow("css ignores case here") << "STYLE.CSS"
@@ -127,8 +119,7 @@ class StartupTest : public QObject {
     }
 
     void sizerLimits_data() {
-        QTest::addColumn<int>("x");
-        QTest::addColumn<int>("width");
+        columns<int, int>({"x", "width"});
         // Window 12000 twips wide, pane 2800.
         QTest::newRow("wider by 1000") << -1000 << 3800;
         QTest::newRow("narrower by 500") << 500 << 2300;
