@@ -1,7 +1,7 @@
 // The recent file list: settings to menu, moving an entry up, opening an entry, its failures,
 // file titles and the pictures of the entries.
+#include "test_rows.h"
 #include "test_shell.h"
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -36,45 +36,36 @@ class RecentFilesTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void nothingStoredLeavesTheItemsHidden() {
-        TestShell ts;
-        ts.load();
-        QVERIFY(captions(*ts).isEmpty());
-        QVERIFY(!ts->menu("mnuFileBar6").Visible());
-    }
-
-    void storedEntriesShowInOrderUpToTheFirstEmpty() {
-        TestShell ts;
-        storeList(ts.settings, {"/w/a.htm", "/w/b.htm", "", "/w/d.htm"});
-        ts.load();
-        QCOMPARE(captions(*ts), (QStringList{"/w/a.htm", "/w/b.htm"}));
-        QVERIFY(ts->menu("mnuFileBar6").Visible());
-    }
-
-    void anEmptyFirstEntryShowsNothing() {
-        TestShell ts;
-        storeList(ts.settings, {"", "/w/b.htm"});
-        ts.load();
-        QVERIFY(captions(*ts).isEmpty());
-        QVERIFY(!ts->menu("mnuFileBar6").Visible());
+    // Stored entries show in order up to the first empty one; the bar above them shows with
+    // the first.
+    void storedEntriesShow() {
+        const QList<std::pair<QStringList, QStringList>> cases = {
+            {{}, {}},
+            {{"/w/a.htm", "/w/b.htm", "", "/w/d.htm"}, {"/w/a.htm", "/w/b.htm"}},
+            {{"", "/w/b.htm"}, {}}};
+        for (const auto& [stored, shown] : cases) {
+            TestShell ts;
+            storeList(ts.settings, stored);
+            ts.load();
+            QCOMPARE(captions(*ts), shown);
+            QCOMPARE(ts->menu("mnuFileBar6").Visible(), !shown.isEmpty());
+        }
     }
 
     void addingAPath_data() {
-        QTest::addColumn<QStringList>("before");
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QStringList>("after");
-        const QStringList four = {"/w/A.htm", "/w/B.htm", "/w/C.htm", "/w/D.htm"};
+        columns<QStringList, QString, QStringList>({"before", "path", "after"});
+        const QStringList four = words("/w/A.htm /w/B.htm /w/C.htm /w/D.htm");
         QTest::newRow("first entry") << four << "/w/A.htm" << four;
         QTest::newRow("second entry")
-            << four << "/w/B.htm" << QStringList{"/w/B.htm", "/w/A.htm", "/w/C.htm", "/w/D.htm"};
+            << four << "/w/B.htm" << words("/w/B.htm /w/A.htm /w/C.htm /w/D.htm");
         QTest::newRow("third entry")
-            << four << "/w/C.htm" << QStringList{"/w/C.htm", "/w/A.htm", "/w/B.htm", "/w/D.htm"};
+            << four << "/w/C.htm" << words("/w/C.htm /w/A.htm /w/B.htm /w/D.htm");
         QTest::newRow("fourth entry")
-            << four << "/w/D.htm" << QStringList{"/w/D.htm", "/w/A.htm", "/w/B.htm", "/w/C.htm"};
+            << four << "/w/D.htm" << words("/w/D.htm /w/A.htm /w/B.htm /w/C.htm");
         QTest::newRow("new path, the oldest falls off")
-            << four << "/w/E.htm" << QStringList{"/w/E.htm", "/w/A.htm", "/w/B.htm", "/w/C.htm"};
+            << four << "/w/E.htm" << words("/w/E.htm /w/A.htm /w/B.htm /w/C.htm");
         QTest::newRow("a hit keeps the entry's spelling")
-            << four << "/W/b.HTM" << QStringList{"/w/B.htm", "/w/A.htm", "/w/C.htm", "/w/D.htm"};
+            << four << "/W/b.HTM" << words("/w/B.htm /w/A.htm /w/C.htm /w/D.htm");
         QTest::newRow("into a short list")
             << QStringList{"/w/A.htm"} << "/w/E.htm" << QStringList{"/w/E.htm", "/w/A.htm", "", ""};
     }
@@ -170,52 +161,40 @@ class RecentFilesTest : public QObject {
                  (QStringList{"/nowhere/a.htm", "/nowhere/gone.htm", "", ""}));
     }
 
-    void fileTitles_data() {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("folder") << "/home/me/site/index.htm"
-                                << "index.htm";
-        QTest::newRow("no folder") << "index.htm"
-                                   << "index.htm";
-        QTest::newRow("a backslash is part of the name") << "/w/a\\b.htm"
-                                                         << "a\\b.htm";
-    }
+    // The title is the text after the last "/"; a backslash is part of the name.
     void fileTitles() {
-        QFETCH(QString, path);
-        QFETCH(QString, title);
         TestShell ts;
-        QCOMPARE(ts->FileTitleFromPath(path), title);
+        QCOMPARE(ts->FileTitleFromPath("/home/me/site/index.htm"), QStringLiteral("index.htm"));
+        QCOMPARE(ts->FileTitleFromPath("index.htm"), QStringLiteral("index.htm"));
+        QCOMPARE(ts->FileTitleFromPath("/w/a\\b.htm"), QStringLiteral("a\\b.htm"));
     }
 
     void entriesBelowTheFirstGetAPicture() {
-        TestShell ts;
-        storeList(ts.settings, {"/w/A.htm", "/w/B.htm", "/w/C.htm"});
-        ts.load();
-        ts->nMenuIconCount = 26;
-        QString key = QStringLiteral("unchanged");
-        int icon = -7;
-        QVERIFY(!ts->ctlPopMenu_RequestNewMenuDetails(QStringLiteral("/w/A.htm"), key, icon));
-        QVERIFY(!ts->ctlPopMenu_RequestNewMenuDetails(QStringLiteral("/w/a.htm"), key, icon));
-        QCOMPARE(key, QStringLiteral("unchanged"));
-        QList<int> pictures;
-        for (int round = 0; round < 20; ++round) {
-            QVERIFY(ts->ctlPopMenu_RequestNewMenuDetails(QStringLiteral("/w/C.htm"), key, icon));
-            QCOMPARE(key, QStringLiteral("mnuFile(2)"));
-            QVERIFY(icon >= -1 && icon <= 25);
-            pictures.append(icon);
-        }
+        // The first entry gets none; then twenty menus ask for the third entry's picture, in a
+        // fresh program. Any wrong answer gives an empty list.
+        const auto pictures = []() -> QList<int> {
+            TestShell ts;
+            QString key = QStringLiteral("unchanged");
+            int icon = -7;
+            storeList(ts.settings, words("/w/A.htm /w/B.htm /w/C.htm"));
+            ts.load();
+            ts->nMenuIconCount = 26;
+            if (ts->ctlPopMenu_RequestNewMenuDetails("/w/A.htm", key, icon) ||
+                ts->ctlPopMenu_RequestNewMenuDetails("/w/a.htm", key, icon) || key != "unchanged")
+                return {};
+            QList<int> shown;
+            for (int round = 0; round < 20; ++round) {
+                const bool asked = ts->ctlPopMenu_RequestNewMenuDetails("/w/C.htm", key, icon);
+                if (!asked || key != "mnuFile(2)" || icon < -1 || icon > 25) return {};
+                shown.append(icon);
+            }
+            return shown;
+        };
+        const QList<int> first = pictures();
+        QCOMPARE(first.size(), 20);
         // The picture changes from menu to menu, and every run shows the same pictures.
-        QVERIFY(pictures.count(pictures.first()) < pictures.size());
-        TestShell again;
-        storeList(again.settings, {"/w/A.htm", "/w/B.htm", "/w/C.htm"});
-        again.load();
-        again->nMenuIconCount = 26;
-        QList<int> repeated;
-        for (int round = 0; round < 20; ++round) {
-            again->ctlPopMenu_RequestNewMenuDetails(QStringLiteral("/w/C.htm"), key, icon);
-            repeated.append(icon);
-        }
-        QCOMPARE(repeated, pictures);
+        QVERIFY(first.count(first.first()) < first.size());
+        QCOMPARE(pictures(), first);
     }
 };
 
