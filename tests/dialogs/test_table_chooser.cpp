@@ -1,8 +1,7 @@
 // The quick table chooser: its grid, the growth beyond the right and bottom edges, Cancel
 // beyond the top and left, where it opens, and what a release inserts in either view.
-#include "runtime/runtime_error.h"
+#include "test_rows.h"
 #include "test_shell.h"
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -20,6 +19,12 @@ Drawn drawAt(TableChooser& chooser, int x, int y) {
     Drawn d;
     chooser.DrawTableChooser(x, y, 0, d.inside, d.columns, d.rows);
     return d;
+}
+
+// The shell's chooser, shown at the top left.
+TableChooser& shownChooser(TestShell& ts) {
+    ts->tableChooser.ShowTableChooser(0, 0);
+    return ts->tableChooser;
 }
 
 int litCells(const ChooserPicture& picture) {
@@ -56,9 +61,7 @@ class TableChooserTest : public QObject {
     }
 
     void wherePointsLand_data() {
-        QTest::addColumn<QPoint>("point");
-        QTest::addColumn<QString>("label");
-        QTest::addColumn<int>("lit");
+        columns<QPoint, QString, int>({"point", "label", "lit"});
         QTest::newRow("margin") << QPoint(2, 2) << "1 x 1 table" << 0;
         QTest::newRow("first cell") << QPoint(10, 10) << "1 x 1 table" << 1;
         QTest::newRow("third column, second row") << QPoint(60, 40) << "3 x 2 table" << 6;
@@ -75,8 +78,7 @@ class TableChooserTest : public QObject {
         QFETCH(QString, label);
         QFETCH(int, lit);
         TestShell ts;
-        TableChooser& chooser = ts->tableChooser;
-        chooser.ShowTableChooser(0, 0);
+        TableChooser& chooser = shownChooser(ts);
         const Drawn d = drawAt(chooser, point.x(), point.y());
         QCOMPARE(chooser.picDropDown.label, label);
         QCOMPARE(litCells(chooser.picDropDown), lit);
@@ -90,8 +92,7 @@ class TableChooserTest : public QObject {
 
     void theGridGrowsOneCellPerMoveBeyondAnEdge() {
         TestShell ts;
-        TableChooser& chooser = ts->tableChooser;
-        chooser.ShowTableChooser(0, 0);
+        TableChooser& chooser = shownChooser(ts);
         Drawn d = drawAt(chooser, 130, 60);
         QVERIFY(d.inside);
         QCOMPARE(chooser.picDropDown.ScaleWidth, 150);
@@ -134,8 +135,7 @@ class TableChooserTest : public QObject {
         ts.load();
         codeEditor& doc = ts.active();
         const QString before = doc.codebox().Text();
-        TableChooser& chooser = ts->tableChooser;
-        chooser.ShowTableChooser(0, 0);
+        TableChooser& chooser = shownChooser(ts);
         chooser.picDropDown_MouseMove(0, 0, 60 * kTwips, 40 * kTwips);
         chooser.picDropDown_MouseDown(1, 0, 60 * kTwips, 40 * kTwips);
         QVERIFY(chooser.DropDown.IsShowing());
@@ -155,12 +155,10 @@ class TableChooserTest : public QObject {
         TestShell ts;
         ts.load();
         ts->bLayoutActive = true;
-        TableChooser& chooser = ts->tableChooser;
-        chooser.ShowTableChooser(0, 0);
+        TableChooser& chooser = shownChooser(ts);
         chooser.picDropDown_MouseUp(1, 0, 10 * kTwips, 10 * kTwips);
-        auto& layout = dynamic_cast<DetachedLayout&>(ts.active().DHTMLEdit1());
-        QCOMPARE(layout.pasted, QStringList{"<table width=\"100%\">\n   <tr>\n      "
-                                            "<td>&nbsp;</td>\n   </tr>\n</table>"});
+        QCOMPARE(layoutOf(ts.active()).pasted, QStringList{"<table width=\"100%\">\n   <tr>\n      "
+                                                           "<td>&nbsp;</td>\n   </tr>\n</table>"});
     }
 
     void aReleaseBeyondTheTopOrLeftInsertsNothing() {
@@ -168,8 +166,7 @@ class TableChooserTest : public QObject {
             TestShell ts;
             ts.load();
             const QString before = ts.active().codebox().Text();
-            TableChooser& chooser = ts->tableChooser;
-            chooser.ShowTableChooser(0, 0);
+            TableChooser& chooser = shownChooser(ts);
             chooser.picDropDown_MouseUp(1, 0, at.x() * kTwips, at.y() * kTwips);
             QCOMPARE(chooser.picDropDown.label, QStringLiteral("Cancel"));
             QCOMPARE(ts.active().codebox().Text(), before);
