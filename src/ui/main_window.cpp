@@ -105,19 +105,7 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
             [this](bool frozen) { mdi_->setUpdatesEnabled(!frozen); });
     connect(&shell, &ShellMDI::paneChanged, this, &ShellWindow::syncPane);
     connect(&shell, &ShellMDI::popupMenuRequested, this, &ShellWindow::showPopup);
-    connect(&shell, &ShellMDI::arrangeRequested, this, [this](int code) {
-        switch (code) {
-        case ShellMDI::Cascade:
-            mdi_->cascadeSubWindows();
-            break;
-        case ShellMDI::TileHorizontal:
-        case ShellMDI::TileVertical:
-            mdi_->tileSubWindows();
-            break;
-        default:
-            break; // no icons to arrange: minimised windows keep their places
-        }
-    });
+    connect(&shell, &ShellMDI::arrangeRequested, this, &ShellWindow::arrange);
     connect(&shell, &ShellMDI::exitAccepted, this, [this] {
         exiting_ = true;
         QTimer::singleShot(0, this, &QWidget::close);
@@ -136,6 +124,44 @@ ShellWindow::~ShellWindow() {
     // QWidget's destructor closes the window, which hides the document windows: the area then
     // reports a new active window to a ShellWindow that is already gone. Stop listening first.
     mdi_->disconnect(this);
+}
+
+void ShellWindow::arrange(int code) {
+    if (code == ShellMDI::Cascade) {
+        mdi_->cascadeSubWindows();
+        return;
+    }
+    QList<QMdiSubWindow*> open;
+    QList<QMdiSubWindow*> minimised;
+    for (QMdiSubWindow* window : mdi_->subWindowList())
+        (window->isMinimized() ? minimised : open).append(window);
+    const QRect area = mdi_->viewport()->rect();
+    if (code == ShellMDI::ArrangeIcons) {
+        // Minimised windows line up along the bottom edge, left to right.
+        int x = 0;
+        for (QMdiSubWindow* window : minimised) {
+            const QSize size = window->size();
+            if (x > 0 && x + size.width() > area.width()) x = 0;
+            window->move(x, area.height() - size.height());
+            x += size.width();
+        }
+        return;
+    }
+    if (open.isEmpty()) return;
+    // Horizontally: one above the other; vertically: side by side.
+    const bool sideBySide = code == ShellMDI::TileVertical;
+    const int count = static_cast<int>(open.size());
+    for (int i = 0; i < count; ++i) {
+        QMdiSubWindow* window = open.at(i);
+        window->showNormal();
+        if (sideBySide) {
+            const int left = area.width() * i / count;
+            window->setGeometry(left, 0, area.width() * (i + 1) / count - left, area.height());
+        } else {
+            const int top = area.height() * i / count;
+            window->setGeometry(0, top, area.width(), area.height() * (i + 1) / count - top);
+        }
+    }
 }
 
 int ShellWindow::pixels(int twips) const {

@@ -67,6 +67,8 @@ class ShellWindow : public QMainWindow {
     void syncBands();
     void showPopup(const QString& menuName);
     void fillWindowList();
+    // The Window menu's arrangements, by the logic's codes.
+    void arrange(int code);
     int pixels(int twips) const;
 
     ShellMDI& shell_;
