@@ -53,10 +53,7 @@ bool ElementDialog::commitMarkup(const std::function<QString()>& build) {
                Unload();
                returnTo(doc);
                if (!doc) raise(ErrObjectRequired);
-               if (!shell_.bCaretStepTaken)
-                   doc->CheckToAddStep(false);
-               else
-                   doc->AddStep();
+               doc->AddInsertStep();
                shell_.bCaretStepTaken = false;
                shell_.bInsertingMarkup = false;
            }) == 0;

@@ -121,10 +121,7 @@ void TableChooser::picDropDown_MouseUp(int button, int, int xTwips, int yTwips) 
                 tableMarkup(QStringLiteral(" width=\"100%\""), QString(), rows, columns));
         codeEditor* doc = shell_.ActiveForm();
         if (!doc) raise(ErrObjectRequired);
-        if (!shell_.bCaretStepTaken)
-            doc->CheckToAddStep(false);
-        else
-            doc->AddStep();
+        doc->AddInsertStep();
         shell_.bCaretStepTaken = false;
         shell_.bInsertingMarkup = false;
     } catch (const RuntimeError&) {

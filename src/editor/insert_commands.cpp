@@ -215,10 +215,7 @@ void ShellMDI::mnuInsertBreak_Click() {
             // A line feed alone, whatever line end the Enter key would write.
             doc.codebox().setSelText(QStringLiteral("<br>\n"));
             doc.codebox().SetFocus();
-            if (!bCaretStepTaken)
-                doc.CheckToAddStep(false);
-            else
-                doc.AddStep();
+            doc.AddInsertStep();
         }
         bInsertingMarkup = false;
         bCaretStepTaken = false;
@@ -250,10 +247,7 @@ void ShellMDI::mnuInsertComment_Click() {
             nStepCaretBack = toInt16(length(close));
         }
         pane.SetFocus();
-        if (!bCaretStepTaken)
-            doc.CheckToAddStep(false);
-        else
-            doc.AddStep();
+        doc.AddInsertStep();
         nStepCaretAdvance = 0;
         nStepCaretBack = 0;
         bInsertingMarkup = false;
@@ -283,10 +277,7 @@ void ShellMDI::singleInsert(const QString& text, char group) {
     if (group == 'A' || group == 'B') doc.AddSelectionToStack();
     doc.codebox().setSelText(text);
     if (fullProtocol) {
-        if (!bCaretStepTaken)
-            doc.CheckToAddStep(false);
-        else
-            doc.AddStep();
+        doc.AddInsertStep();
         bInsertingMarkup = false;
         bCaretStepTaken = false;
     } else if (!bCaretStepTaken) {

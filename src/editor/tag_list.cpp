@@ -113,10 +113,7 @@ void ShellMDI::tvwTags_DblClick() {
                 pane.setSelStart(pane.SelStart() - parts.p - 1);
                 nStepCaretAdvance = toInt16(parts.p + 1);
                 nStepCaretBack = toInt16(textLength - parts.p);
-                if (!bCaretStepTaken)
-                    doc.CheckToAddStep(false);
-                else
-                    doc.AddStep();
+                doc.AddInsertStep();
                 // The step keeps the caret before the closing tag; the caret itself goes
                 // between the quotes of the empty attribute.
                 if (parts.anchor) pane.setSelStart(pane.SelStart() + 6);
@@ -131,10 +128,7 @@ void ShellMDI::tvwTags_DblClick() {
             doc.AddStep();
         } else {
             pane.setSelText(lower);
-            if (!bCaretStepTaken)
-                doc.CheckToAddStep(false);
-            else
-                doc.AddStep();
+            doc.AddInsertStep();
         }
         doc.SetFocus();
         bCaretStepTaken = false;

@@ -53,6 +53,13 @@ void codeEditor::CheckToAddStep(bool) {
     AddStep();
 }
 
+void codeEditor::AddInsertStep() {
+    if (!shell_.bCaretStepTaken)
+        CheckToAddStep(false);
+    else
+        AddStep();
+}
+
 void codeEditor::AddSelectionToStack() {
     UndoStep& s = step(nDoneIndex);
     s.SelLen = codebox_->SelLength();

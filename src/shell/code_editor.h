@@ -108,6 +108,9 @@ class codeEditor : public QObject {
     void AddSelectionToStack();
     void DecreaseNDoneIndex() { nDoneIndex = toInt16(nDoneIndex - 1); }
     void CheckToAddStep(bool bFlag = false);
+    // The step after inserted markup: checked against the last one, or always a new one when
+    // the caret's own step was already taken (bCaretStepTaken).
+    void AddInsertStep();
     qint32 ReturnCurrStepSelLen() { return step(nDoneIndex).SelLen; }
     // Brings the shared Undo and Redo commands up to date from this window's stack.
     void updateUndoRedoState();
