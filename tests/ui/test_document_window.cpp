@@ -167,6 +167,20 @@ class DocumentWindowTest : public QObject {
         QCOMPARE(p.bench.window().documentTabs()->currentIndex(), 0);
     }
 
+    void tilingSetsTheDocumentsSideBySideOrStacked() {
+        Program p;
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        const QList<QMdiSubWindow*> windows = p.bench.window().mdiArea()->subWindowList();
+        QCOMPARE(windows.size(), 2);
+        p.trigger(QStringLiteral("mnuWindowTileV"));
+        QVERIFY(!windows[0]->isMaximized() && !windows[1]->isMaximized());
+        QCOMPARE(windows[0]->y(), windows[1]->y());
+        QVERIFY(windows[0]->x() + windows[0]->width() <= windows[1]->x());
+        p.trigger(QStringLiteral("mnuWindowTileH"));
+        QCOMPARE(windows[0]->x(), windows[1]->x());
+        QVERIFY(windows[0]->y() + windows[0]->height() <= windows[1]->y());
+    }
+
     void ctrlF6MovesThroughTheDocumentsAndCtrlF4Closes() {
         Program p;
         p.trigger(QStringLiteral("mnuFileNewHTML"));
