@@ -4,6 +4,7 @@
 #include "scripted_platform.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
+#include "test_rows.h"
 #include "ui/main_window.h"
 #include "ui/menu_binder.h"
 #include "ui/tag_pane.h"
@@ -56,45 +57,38 @@ class ToolbarsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void aFirstStartShowsStandardAndFormatting() {
-        Program p;
-        p.start();
-        QVERIFY(p.shown("tbrMain"));
-        QVERIFY(p.shown("tbrTags"));
-        QVERIFY(!p.shown("tbrForms"));
-        QVERIFY(p.bar("tbrMain")->isVisible());
-        QVERIFY(p.action("mnuViewStdTlb")->isChecked());
-        QVERIFY(p.action("mnuViewFmtTlb")->isChecked());
-        QVERIFY(!p.action("mnuViewForms")->isChecked());
-    }
-
+    // A first start shows Standard and Formatting; the settings decide otherwise.
     void theSettingsDecideAtStart() {
-        Program p;
-        p.settings.save("Fuzzies", "Standard Toolbar Open", "No");
-        p.settings.save("Fuzzies", "Forms Toolbar Open", "Yes");
-        p.start();
-        QVERIFY(!p.shown("tbrMain"));
-        QVERIFY(p.shown("tbrTags"));
-        QVERIFY(p.shown("tbrForms"));
-        QVERIFY(p.bar("tbrForms")->isVisible());
-        QVERIFY(!p.action("mnuViewStdTlb")->isChecked());
-        QVERIFY(p.action("mnuViewForms")->isChecked());
-        QVERIFY(p.action("tbrMain_16")->isChecked());
+        for (bool stored : {false, true}) {
+            Program p;
+            if (stored) {
+                p.settings.save("Fuzzies", "Standard Toolbar Open", "No");
+                p.settings.save("Fuzzies", "Forms Toolbar Open", "Yes");
+            }
+            p.start();
+            QCOMPARE(p.shown("tbrMain"), !stored);
+            QVERIFY(p.shown("tbrTags"));
+            QCOMPARE(p.shown("tbrForms"), stored);
+            QVERIFY(p.bar(stored ? "tbrForms" : "tbrMain")->isVisible());
+            QCOMPARE(p.action("mnuViewStdTlb")->isChecked(), !stored);
+            QVERIFY(p.action("mnuViewFmtTlb")->isChecked());
+            QCOMPARE(p.action("mnuViewForms")->isChecked(), stored);
+            QCOMPARE(p.action("tbrMain_16")->isChecked(), stored);
+        }
     }
 
     void theViewMenuHidesAndShowsEachToolbar_data() {
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("toolbar");
-        QTest::newRow("standard") << "mnuViewStdTlb"
-                                  << "tbrMain";
-        QTest::newRow("formatting") << "mnuViewFmtTlb"
-                                    << "tbrTags";
-        QTest::newRow("forms") << "mnuViewForms"
-                               << "tbrForms";
+        columns<QString, QString, QString>({"item", "toolbar", "band"});
+        for (const char* row : {"mnuViewStdTlb tbrMain Toolbar1", "mnuViewFmtTlb tbrTags Toolbar2",
+                                "mnuViewForms tbrForms Toolbar3"}) {
+            const QStringList f = QString::fromLatin1(row).split(u' ');
+            QTest::newRow(row) << f[0] << f[1] << f[2];
+        }
     }
     void theViewMenuHidesAndShowsEachToolbar() {
         QFETCH(QString, item);
         QFETCH(QString, toolbar);
+        QFETCH(QString, band);
         Program p;
         p.start();
         const QByteArray name = toolbar.toLatin1();
@@ -103,11 +97,7 @@ class ToolbarsTest : public QObject {
         toggle->trigger();
         QCOMPARE(p.shown(name.constData()), !before);
         QCOMPARE(toggle->isChecked(), !before);
-        QCOMPARE(p.shell().cReBar1.BandVisible(p.shell().cReBar1.BandIndexForKey(
-                     toolbar == "tbrMain"   ? QStringLiteral("Toolbar1")
-                     : toolbar == "tbrTags" ? QStringLiteral("Toolbar2")
-                                            : QStringLiteral("Toolbar3"))),
-                 !before);
+        QCOMPARE(p.shell().cReBar1.BandVisible(p.shell().cReBar1.BandIndexForKey(band)), !before);
         toggle->trigger();
         QCOMPARE(p.shown(name.constData()), before);
         QCOMPARE(toggle->isChecked(), before);
