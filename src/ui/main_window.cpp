@@ -44,6 +44,17 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     setObjectName(QStringLiteral("ShellMDI"));
     setWindowTitle(QStringLiteral("Tessaline"));
     menus_.iconForKey = menuIcon;
+    // Recent files but the first get a picture of the menu set, by the logic's choice.
+    shell_.nMenuIconCount = static_cast<int>(menuIconKeys().size());
+    menus_.iconForItem = [this](const MenuItem& item) {
+        QString key;
+        int icon = -1;
+        const QStringList keys = menuIconKeys();
+        if (!shell_.ctlPopMenu_RequestNewMenuDetails(item.Caption(), key, icon) || icon < 0 ||
+            icon >= keys.size())
+            return QIcon();
+        return menuIcon(keys.at(icon));
+    };
     menus_.buildMenuBar(menuBar());
 
     const QString folder = shell.platform().applicationFolder();

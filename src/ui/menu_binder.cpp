@@ -94,10 +94,14 @@ void MenuBinder::addNodes(QMenu* menu, const std::vector<MenuNode>& nodes) {
         action->setObjectName(item->name());
         const bool separator = item->isSeparator();
         const auto iconFor = iconForKey;
-        const auto update = [item, action, separator, iconFor] {
+        const auto iconOfItem = iconForItem;
+        const auto update = [item, action, separator, iconFor, iconOfItem] {
             if (!separator) {
                 if (iconFor && !item->iconKey().isEmpty())
                     action->setIcon(iconFor(item->iconKey()));
+                else if (iconOfItem && !item->Caption().isEmpty() &&
+                         action->text() != item->Caption())
+                    action->setIcon(iconOfItem(*item));
                 action->setText(item->Caption());
                 action->setEnabled(item->Enabled());
                 if (item->Checked()) action->setCheckable(true);

@@ -17,6 +17,7 @@ namespace tsl {
 
 class ShellMDI;
 class cToolbar;
+class MenuItem;
 struct MenuNode;
 
 class MenuBinder {
@@ -25,6 +26,9 @@ class MenuBinder {
     // The picture of a menu item by its iconKey ("New", "Save", ...); when set before
     // buildMenuBar, items with a key show it.
     std::function<QIcon(const QString& key)> iconForKey;
+    // The picture of an item without a key of its own (a recent file), asked each time its
+    // caption changes; an empty icon for none.
+    std::function<QIcon(const MenuItem& item)> iconForItem;
     void buildMenuBar(QMenuBar* bar);
     QMenu* menuNamed(const QString& name) const { return menus_.value(name); }
     bool isShortcut(const QKeySequence& keys) const { return shortcuts_.contains(keys); }
