@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMimeData>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -179,6 +180,35 @@ class DocumentWindowTest : public QObject {
         p.trigger(QStringLiteral("mnuWindowTileH"));
         QCOMPARE(windows[0]->x(), windows[1]->x());
         QVERIFY(windows[0]->y() + windows[0]->height() <= windows[1]->y());
+    }
+
+    void aTagDroppedFromTheListLandsWithTheCaretInside() {
+        Program p;
+        ShellMDI& shell = p.shell();
+        p.active().codebox().setText(QStringLiteral("one two"));
+        const int node =
+            static_cast<int>(shell.tvwTags.items().indexOf(QStringLiteral("<B>  </B>")));
+        QVERIFY(node >= 0);
+        shell.tvwTags_MouseDown(node);
+        QString data;
+        QVERIFY(shell.tvwTags_OLEStartDrag(data));
+        // The drop itself is the editor's: the text goes in where the pointer lets go.
+        CodeBox* box = p.codebox();
+        QTextCursor at(box->document());
+        at.setPosition(4);
+        const QPoint where = box->cursorRect(at).center();
+        QMimeData mime;
+        mime.setText(data);
+        QDragEnterEvent enter(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(box->viewport(), &enter);
+        QDragMoveEvent move(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(box->viewport(), &move);
+        QDropEvent drop(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(box->viewport(), &drop);
+        shell.tvwTags_OLECompleteDrag(1);
+        QCOMPARE(p.active().codebox().Text(), QStringLiteral("one <b></b>two"));
+        QCOMPARE(p.active().codebox().SelStart(), 7);
+        QCOMPARE(p.active().codebox().SelLength(), 0);
     }
 
     void ctrlF6MovesThroughTheDocumentsAndCtrlF4Closes() {
