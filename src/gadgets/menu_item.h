@@ -19,6 +19,8 @@ class MenuItem : public Control {
     // The key of the item's picture among the menu icons ("New", "Save", ...); empty for none.
     const QString& iconKey() const { return iconKey_; }
     void setIconKey(const QString& key);
+    // A caption shown as it stands, an ampersand included, with no access key (a file path).
+    bool literalCaption = false;
     std::function<void()> Click;
 
   private:

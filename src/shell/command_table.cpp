@@ -56,10 +56,12 @@ void ShellMDI::buildMenus() {
     addMenu(preview, S("mnuFilePrevDef"), S("Default Browser"), S(), later);
     addMenu(preview, S("mnuFilePrevSec"), S("Secondary Browser"), S(), later);
     addSeparator(file, S("sepa"));
-    for (int i = 0; i < 4; ++i)
-        addMenu(file, S("mnuFileMRU(%1)").arg(i), S(), S(), [this, i] {
-            mnuFileMRU_Click(i);
-        })->setVisible(false);
+    for (int i = 0; i < 4; ++i) {
+        MenuItem* recent =
+            addMenu(file, S("mnuFileMRU(%1)").arg(i), S(), S(), [this, i] { mnuFileMRU_Click(i); });
+        recent->setVisible(false);
+        recent->literalCaption = true;
+    }
     addSeparator(file, S("mnuFileBar6"));
     menu(S("mnuFileBar6")).setVisible(false);
     addMenu(file, S("mnuFileExit"), S("E&xit"), S(), [this] { mnuFileExit_Click(); });

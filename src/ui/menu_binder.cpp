@@ -99,10 +99,12 @@ void MenuBinder::addNodes(QMenu* menu, const std::vector<MenuNode>& nodes) {
             if (!separator) {
                 if (iconFor && !item->iconKey().isEmpty())
                     action->setIcon(iconFor(item->iconKey()));
-                else if (iconOfItem && !item->Caption().isEmpty() &&
-                         action->text() != item->Caption())
-                    action->setIcon(iconOfItem(*item));
-                action->setText(item->Caption());
+                QString caption = item->Caption();
+                if (item->literalCaption) caption.replace(QLatin1Char('&'), QStringLiteral("&&"));
+                const bool askForIcon =
+                    item->iconKey().isEmpty() && iconOfItem && !caption.isEmpty();
+                if (askForIcon && action->text() != caption) action->setIcon(iconOfItem(*item));
+                action->setText(caption);
                 action->setEnabled(item->Enabled());
                 if (item->Checked()) action->setCheckable(true);
                 action->setChecked(item->Checked());

@@ -158,6 +158,12 @@ class TableDialogWidgetTest : public QObject {
         p.shell().AddRecentFile(QStringLiteral("/w/c.htm"), QString());
         QCOMPARE(p.bench->window().findChild<QAction*>("mnuFileMRU(2)")->text(),
                  QStringLiteral("/w/b.htm"));
+        // A path is shown as it stands: an ampersand is no access key.
+        p.shell().AddRecentFile(QStringLiteral("/w/Tom & Jerry.htm"), QString());
+        QCOMPARE(p.bench->window().findChild<QAction*>("mnuFileMRU(0)")->text(),
+                 QStringLiteral("/w/Tom && Jerry.htm"));
+        // The entries after the first carry a picture; the first has none.
+        QVERIFY(p.bench->window().findChild<QAction*>("mnuFileMRU(0)")->icon().isNull());
     }
 
     void escapeClosesTheChooserWithoutATable() {
