@@ -1,5 +1,5 @@
 // The Preferences and About dialogs and the tag list pane, driven through their widgets.
-#include "scripted_platform.h"
+#include "program_fixture.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
 #include "ui/form_host.h"
@@ -21,18 +21,7 @@ using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-struct Program {
-    ScriptedPlatform platform;
-    MemorySettingsStore settings;
-    std::unique_ptr<Workbench> bench;
-
-    void start() {
-        bench = std::make_unique<Workbench>(platform, settings);
-        bench->load(QString());
-        bench->window().show();
-        QVERIFY(QTest::qWaitForWindowExposed(&bench->window()));
-    }
-    ShellMDI& shell() { return bench->shell(); }
+struct Program : ProgramFixture {
     QtSourcePane& pane() { return dynamic_cast<QtSourcePane&>(shell().ActiveForm()->codebox()); }
     // Opens a dialog from the menu and runs `work` on it while it is shown.
     void withDialog(const QString& menuItem, const std::function<void(FormDialog&)>& work) {
@@ -46,11 +35,6 @@ struct Program {
         });
         bench->window().findChild<QAction*>(menuItem)->trigger();
         QVERIFY(ran);
-    }
-    template <typename W> static W* child(QWidget& dialog, const char* name) {
-        W* widget = dialog.findChild<W*>(QString::fromLatin1(name));
-        if (!widget) qFatal("no widget %s", name);
-        return widget;
     }
 };
 } // namespace

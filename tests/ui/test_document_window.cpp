@@ -1,6 +1,6 @@
 // The real window on the offscreen platform: typing in a Source pane, saving and closing
 // through the menus, the bytes of the files, and the keys that belong to the window.
-#include "scripted_platform.h"
+#include "program_fixture.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
 #include "test_shell.h"
@@ -20,32 +20,25 @@ using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-struct Program {
-    ScriptedPlatform platform;
-    MemorySettingsStore settings;
-    Workbench bench{platform, settings};
-
+struct Program : ProgramFixture {
     explicit Program(const QString& commandLine = QString()) {
-        bench.load(commandLine);
-        bench.window().show();
-        bench.window().activateWindow();
-        QVERIFY(QTest::qWaitForWindowExposed(&bench.window()));
+        start(commandLine);
+        window().activateWindow();
     }
-    ShellMDI& shell() { return bench.shell(); }
     codeEditor& active() { return *shell().ActiveForm(); }
     CodeBox* codebox(codeEditor& doc) {
         return dynamic_cast<QtSourcePane&>(doc.codebox()).widget();
     }
     CodeBox* codebox() { return codebox(active()); }
     void trigger(const QString& name) {
-        auto* action = bench.window().findChild<QAction*>(name);
+        auto* action = window().findChild<QAction*>(name);
         QVERIFY2(action, qPrintable(name));
         action->trigger();
     }
     QStringList tabTexts() {
         QStringList texts;
-        for (int i = 0; i < bench.window().documentTabs()->count(); ++i)
-            texts.append(bench.window().documentTabs()->tabText(i));
+        for (int i = 0; i < window().documentTabs()->count(); ++i)
+            texts.append(window().documentTabs()->tabText(i));
         return texts;
     }
 };
@@ -58,9 +51,9 @@ class DocumentWindowTest : public QObject {
     void startsWithDocumentOneInTheWindow() {
         Program p;
         // A maximised document adds its name to the title, as document windows do.
-        QVERIFY(p.bench.window().windowTitle().startsWith(QStringLiteral("Tessaline")));
-        QCOMPARE(p.bench.window().mdiArea()->subWindowList().size(), 1);
-        QCOMPARE(p.bench.window().mdiArea()->activeSubWindow()->windowTitle(),
+        QVERIFY(p.window().windowTitle().startsWith(QStringLiteral("Tessaline")));
+        QCOMPARE(p.window().mdiArea()->subWindowList().size(), 1);
+        QCOMPARE(p.window().mdiArea()->activeSubWindow()->windowTitle(),
                  QStringLiteral("Document 1"));
         QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("Document 1")});
         QCOMPARE(p.codebox()->textCursor().position(), 106);
@@ -79,7 +72,7 @@ class DocumentWindowTest : public QObject {
         p.trigger(QStringLiteral("mnuFileSave"));
         QCOMPARE(readFile(path), p.active().codebox().Text().toUtf8());
         QCOMPARE(p.active().Tag, QStringLiteral("Clean"));
-        QCOMPARE(p.bench.window().mdiArea()->activeSubWindow()->windowTitle(), path);
+        QCOMPARE(p.window().mdiArea()->activeSubWindow()->windowTitle(), path);
         QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("typed.htm")});
     }
 
@@ -132,21 +125,21 @@ class DocumentWindowTest : public QObject {
             QStringList{QStringLiteral("Do you want to save the changes made to Document 1?")});
         QCOMPARE(p.platform.messages.first().buttons, MsgButtons::YesNoCancel);
         QCOMPARE(p.platform.messages.first().icon, MsgIcon::Exclamation);
-        QTRY_COMPARE(p.bench.window().mdiArea()->subWindowList().size(), 0);
-        QCOMPARE(p.bench.window().documentTabs()->count(), 0);
-        QVERIFY(!p.bench.window().findChild<QAction*>(QStringLiteral("mnuFileSave"))->isEnabled());
+        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 0);
+        QCOMPARE(p.window().documentTabs()->count(), 0);
+        QVERIFY(!p.window().findChild<QAction*>(QStringLiteral("mnuFileSave"))->isEnabled());
     }
 
     void theCloseBoxOfADocumentAsksAndCancelKeepsIt() {
         Program p;
         QTest::keyClicks(p.codebox(), QStringLiteral("x"));
         p.platform.messageAnswers.enqueue(MsgResult::Cancel);
-        QMdiSubWindow* window = p.bench.window().mdiArea()->activeSubWindow();
+        QMdiSubWindow* window = p.window().mdiArea()->activeSubWindow();
         window->close();
         QCOMPARE(p.platform.messages.size(), 1);
-        QCOMPARE(p.bench.window().mdiArea()->subWindowList().size(), 1);
+        QCOMPARE(p.window().mdiArea()->subWindowList().size(), 1);
         QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("Document 1")});
-        QVERIFY(p.bench.window().mdiArea()->updatesEnabled());
+        QVERIFY(p.window().mdiArea()->updatesEnabled());
     }
 
     void newDocumentsGetWindowsAndTabsInOrder() {
@@ -156,22 +149,22 @@ class DocumentWindowTest : public QObject {
         QCOMPARE(p.tabTexts(),
                  (QStringList{QStringLiteral("Document 1"), QStringLiteral("Document 2"),
                               QStringLiteral("Document 3")}));
-        QCOMPARE(p.bench.window().documentTabs()->currentIndex(), 2);
-        QCOMPARE(p.bench.window().mdiArea()->activeSubWindow()->windowTitle(),
+        QCOMPARE(p.window().documentTabs()->currentIndex(), 2);
+        QCOMPARE(p.window().mdiArea()->activeSubWindow()->windowTitle(),
                  QStringLiteral("Document 3"));
         QCOMPARE(p.active().CSSDoc, QStringLiteral("Yes"));
         // A click on a tab brings its window forward.
-        emit p.bench.window().documentTabs()->tabBarClicked(0);
+        emit p.window().documentTabs()->tabBarClicked(0);
         QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(p.bench.window().mdiArea()->activeSubWindow()->windowTitle(),
+        QCOMPARE(p.window().mdiArea()->activeSubWindow()->windowTitle(),
                  QStringLiteral("Document 1"));
-        QCOMPARE(p.bench.window().documentTabs()->currentIndex(), 0);
+        QCOMPARE(p.window().documentTabs()->currentIndex(), 0);
     }
 
     void tilingSetsTheDocumentsSideBySideOrStacked() {
         Program p;
         p.trigger(QStringLiteral("mnuFileNewHTML"));
-        const QList<QMdiSubWindow*> windows = p.bench.window().mdiArea()->subWindowList();
+        const QList<QMdiSubWindow*> windows = p.window().mdiArea()->subWindowList();
         QCOMPARE(windows.size(), 2);
         p.trigger(QStringLiteral("mnuWindowTileV"));
         QVERIFY(!windows[0]->isMaximized() && !windows[1]->isMaximized());
@@ -220,7 +213,7 @@ class DocumentWindowTest : public QObject {
         QTest::keyClick(p.codebox(), Qt::Key_F6, Qt::ControlModifier | Qt::ShiftModifier);
         QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
         QTest::keyClick(p.codebox(), Qt::Key_F4, Qt::ControlModifier);
-        QTRY_COMPARE(p.bench.window().mdiArea()->subWindowList().size(), 1);
+        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 1);
         QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
     }
 
@@ -246,13 +239,13 @@ class DocumentWindowTest : public QObject {
         QTest::keyClicks(p.codebox(), QStringLiteral("b"));
         p.platform.messageAnswers.enqueue(MsgResult::No);
         p.platform.messageAnswers.enqueue(MsgResult::Cancel);
-        QVERIFY(!p.bench.window().close());
+        QVERIFY(!p.window().close());
         QCOMPARE(p.platform.messages.size(), 2);
-        QTRY_COMPARE(p.bench.window().mdiArea()->subWindowList().size(), 1);
+        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 1);
         QCOMPARE(p.settings.get(keys::Fuzzies, keys::TagListOpen), QStringLiteral("No"));
-        QVERIFY(p.bench.window().mdiArea()->updatesEnabled());
+        QVERIFY(p.window().mdiArea()->updatesEnabled());
         p.platform.messageAnswers.enqueue(MsgResult::No);
-        QVERIFY(p.bench.window().close());
+        QVERIFY(p.window().close());
     }
 };
 

@@ -1,5 +1,5 @@
 // The Insert Table dialog and the table chooser on screen, driven through their widgets.
-#include "scripted_platform.h"
+#include "program_fixture.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
 #include "ui/form_host.h"
@@ -20,24 +20,8 @@ using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-struct Program {
-    ScriptedPlatform platform;
-    MemorySettingsStore settings;
-    std::unique_ptr<Workbench> bench;
-
-    void start() {
-        bench = std::make_unique<Workbench>(platform, settings);
-        bench->load(QString());
-        bench->window().show();
-        QVERIFY(QTest::qWaitForWindowExposed(&bench->window()));
-    }
-    ShellMDI& shell() { return bench->shell(); }
+struct Program : ProgramFixture {
     QString text() { return shell().ActiveForm()->codebox().Text(); }
-    template <typename W> static W* child(QWidget& parent, const char* name) {
-        W* widget = parent.findChild<W*>(QString::fromLatin1(name));
-        if (!widget) qFatal("no widget %s", name);
-        return widget;
-    }
     QWidget* drawTableButton() {
         auto* action = bench->window().findChild<QAction*>(QStringLiteral("tbrTags_22"));
         for (QToolBar* bar : bench->window().findChildren<QToolBar*>())

@@ -1,7 +1,7 @@
 // The three toolbars on screen follow the logic's bands: the View menu, the toolbar buttons
 // and the toolbars' own context menu show and hide them, a style sheet hides two of them and
 // a page brings them back.
-#include "scripted_platform.h"
+#include "program_fixture.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
 #include "test_rows.h"
@@ -22,19 +22,7 @@ using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-struct Program {
-    ScriptedPlatform platform;
-    MemorySettingsStore settings;
-    std::unique_ptr<Workbench> bench;
-
-    void start() {
-        bench = std::make_unique<Workbench>(platform, settings);
-        bench->load(QString());
-        bench->window().show();
-        QVERIFY(QTest::qWaitForWindowExposed(&bench->window()));
-    }
-    ShellMDI& shell() { return bench->shell(); }
-    ShellWindow& window() { return bench->window(); }
+struct Program : ProgramFixture {
     QToolBar* bar(const char* name) {
         auto* bar = window().findChild<QToolBar*>(QLatin1String(name));
         if (!bar) qFatal("no toolbar %s", name);

@@ -1,6 +1,6 @@
 // The three views on the real engine: an edit in Layout reaches the Source text at once, and
 // Preview shows the page beside its document, relative image and all.
-#include "scripted_platform.h"
+#include "program_fixture.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
 #include "test_shell.h"
@@ -36,6 +36,15 @@ QVariant evaluate(EnginePage* page, const QString& script) {
     return answer->second;
 }
 
+// The program with a page opened through the file dialog, as a user opens it.
+struct PageProgram : ProgramFixture {
+    void open(const QString& path) {
+        start();
+        platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        shell().dispatch([&] { shell().mnuFileOpen_Click(); });
+    }
+};
+
 const QByteArray kPage = "<html><head><title>t</title></head><body>\n<p>Hello world</p>\n"
                          "<img src=\"pic.png\">\n\n</body></html>";
 } // namespace
@@ -47,14 +56,8 @@ class ViewsTest : public QObject {
     void anEditInLayoutReachesSourceWhenSwitchingStraightBack() {
         QTemporaryDir dir;
         const QString path = writeFile(dir, QStringLiteral("page.htm"), kPage);
-        ScriptedPlatform platform;
-        MemorySettingsStore settings;
-        Workbench bench(platform, settings);
-        bench.load(QString());
-        platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        bench.shell().dispatch([&] { bench.shell().mnuFileOpen_Click(); });
-        bench.window().show();
-        QVERIFY(QTest::qWaitForWindowExposed(&bench.window()));
+        PageProgram bench;
+        bench.open(path);
         codeEditor& doc = *bench.shell().ActiveForm();
         auto& layout = dynamic_cast<QtLayoutSurface&>(doc.DHTMLEdit1());
 
@@ -86,14 +89,8 @@ class ViewsTest : public QObject {
         QTemporaryDir dir;
         const QString path = writeFile(dir, QStringLiteral("page.htm"), kPage);
         writeFile(dir, QStringLiteral("pic.png"), pngBytes());
-        ScriptedPlatform platform;
-        MemorySettingsStore settings;
-        Workbench bench(platform, settings);
-        bench.load(QString());
-        platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        bench.shell().dispatch([&] { bench.shell().mnuFileOpen_Click(); });
-        bench.window().show();
-        QVERIFY(QTest::qWaitForWindowExposed(&bench.window()));
+        PageProgram bench;
+        bench.open(path);
         codeEditor& doc = *bench.shell().ActiveForm();
         auto& browser = dynamic_cast<QtBrowserSurface&>(doc.WebBrowser1());
         QSignalSpy loaded(&browser, &QtBrowserSurface::loadFinished);
