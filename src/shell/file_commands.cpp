@@ -32,8 +32,9 @@ void ShellMDI::newDocument(bool html) {
     LockWindowUpdate(true);
     ++nDocumentCount;
     bNewIsHtml = html;
-    auto window = std::make_unique<codeEditor>(*this, surfaces_.createSourcePane(),
-                                               surfaces_.createLayoutSurface(), surfaces_.createBrowser());
+    auto window =
+        std::make_unique<codeEditor>(*this, surfaces_.createSourcePane(),
+                                     surfaces_.createLayoutSurface(), surfaces_.createBrowser());
     codeEditor* doc = window.get();
     owned_.push_back(std::move(window));
     NewDocWindow = doc;
@@ -52,8 +53,9 @@ void ShellMDI::newDocument(bool html) {
 }
 
 codeEditor* ShellMDI::OpenDocumentWindow(const QString& path) {
-    auto window = std::make_unique<codeEditor>(*this, surfaces_.createSourcePane(),
-                                               surfaces_.createLayoutSurface(), surfaces_.createBrowser());
+    auto window =
+        std::make_unique<codeEditor>(*this, surfaces_.createSourcePane(),
+                                     surfaces_.createLayoutSurface(), surfaces_.createBrowser());
     codeEditor* doc = window.get();
     owned_.push_back(std::move(window));
     NewDocWindow = doc;
