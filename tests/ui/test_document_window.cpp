@@ -204,6 +204,18 @@ class DocumentWindowTest : public QObject {
         QCOMPARE(p.active().codebox().SelLength(), 0);
     }
 
+    void typingAnOpeningBracketAddsTheClosingOne() {
+        Program p;
+        p.codebox()->setFocus();
+        QTest::keyClicks(p.codebox(), QStringLiteral("<b"));
+        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\n<b>\n</body>")));
+        QCOMPARE(p.active().codebox().SelStart(), 108);
+        // Undo takes the pair and the letter back to the skeleton.
+        QTest::keyClick(p.codebox(), Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(p.codebox(), Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\n\n</body>")));
+    }
+
     void ctrlF6MovesThroughTheDocumentsAndCtrlF4Closes() {
         Program p;
         p.trigger(QStringLiteral("mnuFileNewHTML"));
