@@ -194,10 +194,9 @@ bool QtLayoutSurface::IsDirty() const {
 
 void QtLayoutSurface::setVisible(bool on) {
     visible_ = on;
-    if (on) {
-        ensurePage();
-        if (!ready_) scheduleLoad();
-    }
+    // The engine comes with the load, after the handler: a style sheet, sent straight back to
+    // Source, never starts it.
+    if (on && !ready_) scheduleLoad();
 }
 
 void QtLayoutSurface::setShowBorders(bool on) {
