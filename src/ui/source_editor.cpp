@@ -166,6 +166,9 @@ void CodeBox::keyPressEvent(QKeyEvent* event) {
 
 void CodeBox::keyReleaseEvent(QKeyEvent* event) {
     QPlainTextEdit::keyReleaseEvent(event);
+    // A key a shortcut took never reached keyPressEvent: its KeyDown mark ends here.
+    keyDownDone_ = false;
+    swallowKey_ = false;
     if (event->isAutoRepeat() || !docGuard_) return;
     const int keyCode = keyCodeOf(event->key());
     const int shift = shiftBitsOf(event->modifiers());
