@@ -38,6 +38,11 @@ void SourcePane::SaveFile(const QString& path, int) {
     writeFileBytes(path, encodeText(Text(), format_));
 }
 
+void DetachedLayout::pasteHTML(const QString& markup) {
+    if (refusePaste) raise(ErrInvalidProcedureCall);
+    pasted.append(markup);
+}
+
 void DetachedBrowser::history(const QString& call) {
     calls.append(call);
     if (!hasHistory) raise(ErrInvalidProcedureCall, QStringLiteral("Unspecified error"));

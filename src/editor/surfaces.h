@@ -181,7 +181,9 @@ class DetachedLayout : public LayoutSurface {
         return values.value(id);
     }
     int QueryStatus(int id) const override { return statuses.value(id, NotSupported); }
-    void pasteHTML(const QString& markup) override { pasted.append(markup); }
+    // The editing surface refuses markup where it cannot go, inside a table for one.
+    bool refusePaste = false;
+    void pasteHTML(const QString& markup) override;
     void SetFocus() override { ++focusCount; }
     void NewDocument() override {
         ++newDocuments;

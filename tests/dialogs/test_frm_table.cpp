@@ -19,11 +19,6 @@ QString tableTag(const frmTable& form) {
     return form.markup().section(QLatin1Char('\n'), 0, 0);
 }
 
-// A layout surface that refuses every paste, as the editing surface does inside a table.
-class RefusingLayout : public DetachedLayout {
-  public:
-    void pasteHTML(const QString&) override { raise(ErrInvalidProcedureCall); }
-};
 } // namespace
 
 class TableDialogTest : public QObject {
@@ -361,16 +356,11 @@ class TableDialogTest : public QObject {
     }
 
     void aRefusedPasteKeepsTheDialogOpen() {
-        struct Factory : TextPaneFactory {
-            std::unique_ptr<LayoutSurface> createLayoutSurface() override {
-                return std::make_unique<RefusingLayout>();
-            }
-        } factory;
-        ScriptedPlatform platform;
-        MemorySettingsStore settings;
-        ScriptedForms forms;
-        ShellMDI shell(platform, settings, factory, forms);
-        shell.MDIForm_Load();
+        TestShell ts;
+        ShellMDI& shell = ts.load();
+        ScriptedPlatform& platform = ts.platform;
+        ScriptedForms& forms = ts.forms;
+        layoutOf(ts.active()).refusePaste = true;
         shell.bLayoutActive = true;
         bool stayed = false;
         forms.then<frmTable>([&](frmTable& f) {

@@ -34,10 +34,6 @@ int litCells(const ChooserPicture& picture) {
     return lit;
 }
 
-class RefusingLayout : public DetachedLayout {
-  public:
-    void pasteHTML(const QString&) override { raise(ErrInvalidProcedureCall); }
-};
 } // namespace
 
 class TableChooserTest : public QObject {
@@ -189,16 +185,10 @@ class TableChooserTest : public QObject {
     }
 
     void aRefusedPasteIsExplained() {
-        struct Factory : TextPaneFactory {
-            std::unique_ptr<LayoutSurface> createLayoutSurface() override {
-                return std::make_unique<RefusingLayout>();
-            }
-        } factory;
-        ScriptedPlatform platform;
-        MemorySettingsStore settings;
-        ScriptedForms forms;
-        ShellMDI shell(platform, settings, factory, forms);
-        shell.MDIForm_Load();
+        TestShell ts;
+        ShellMDI& shell = ts.load();
+        ScriptedPlatform& platform = ts.platform;
+        layoutOf(ts.active()).refusePaste = true;
         shell.bLayoutActive = true;
         shell.bCaretStepTaken = true;
         shell.tableChooser.ShowTableChooser(0, 0);
