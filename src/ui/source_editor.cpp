@@ -93,6 +93,9 @@ CodeBox::CodeBox(QWidget* parent) : QPlainTextEdit(parent) {
     setUndoRedoEnabled(false); // the document window keeps the history
     setObjectName(QStringLiteral("codebox"));
     setContextMenuPolicy(Qt::DefaultContextMenu);
+    // Cut and Copy follow the selection, whether the user or a command moved it.
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &CodeBox::selectionMoved);
+    connect(this, &QPlainTextEdit::selectionChanged, this, &CodeBox::selectionMoved);
 }
 
 void CodeBox::attach(ShellMDI* shell, codeEditor* doc,
@@ -203,8 +206,23 @@ void CodeBox::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void CodeBox::dropEvent(QDropEvent* event) {
+    // Text dragged within the pane is moved in one edit: the document hears of the drag and
+    // of its end before that one change, which it then takes as the drop.
+    if (event->source() == this && docGuard_) {
+        codeEditor* doc = doc_;
+        dispatch([doc] {
+            doc->codebox_OLEStartDrag();
+            doc->codebox_OLECompleteDrag();
+        });
+    }
     QPlainTextEdit::dropEvent(event);
     setFocus();
+}
+
+void CodeBox::selectionMoved() {
+    if (!docGuard_) return;
+    codeEditor* doc = doc_;
+    dispatch([doc] { doc->codebox_SelChange(); });
 }
 
 // ---- the pane ----

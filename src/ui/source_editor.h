@@ -38,6 +38,7 @@ class CodeBox : public QPlainTextEdit {
   private:
     // Runs KeyDown of the window and of the pane; false when they swallowed the key.
     bool runKeyDown(QKeyEvent* event);
+    void selectionMoved();
     std::function<bool(const QKeySequence&)> isMenuShortcut_;
     QPointer<QObject> docGuard_;
     ShellMDI* shell_ = nullptr;

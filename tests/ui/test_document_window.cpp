@@ -216,6 +216,16 @@ class DocumentWindowTest : public QObject {
         QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\n\n</body>")));
     }
 
+    void cutAndCopyFollowTheSelectionInThePane() {
+        Program p;
+        auto* cut = p.window().findChild<QAction*>(QStringLiteral("mnuEditCut"));
+        QTest::keyClick(p.codebox(), Qt::Key_Left, Qt::ShiftModifier);
+        QVERIFY(cut->isEnabled());
+        QTest::keyClick(p.codebox(), Qt::Key_Right);
+        QVERIFY(!cut->isEnabled());
+        QVERIFY(!p.shell().tbrMain.ButtonEnabled(8));
+    }
+
     void ctrlF6MovesThroughTheDocumentsAndCtrlF4Closes() {
         Program p;
         p.trigger(QStringLiteral("mnuFileNewHTML"));
