@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <memory>
 
 namespace tsl {
 
@@ -130,14 +131,15 @@ void Binder::optionButton(OptionButton& control, QRadioButton* widget) {
 void Binder::comboBox(ComboBox& control, QComboBox* widget) {
     common(control, widget);
     widget->setEditable(control.style() != ComboBox::DropDownList);
-    const auto update = [&control, widget] {
+    // The list shown, kept to compare: a list that has not changed shares its data, so the
+    // test costs nothing on the frequent updates of the text alone.
+    auto shown = std::make_shared<QStringList>();
+    const auto update = [&control, widget, shown] {
         const QSignalBlocker quiet(widget);
-        QStringList shown;
-        for (int i = 0; i < widget->count(); ++i)
-            shown.append(widget->itemText(i));
-        if (shown != control.items()) {
+        if (*shown != control.items()) {
+            *shown = control.items();
             widget->clear();
-            widget->addItems(control.items());
+            widget->addItems(*shown);
         }
         widget->setCurrentIndex(control.ListIndex());
         if (widget->isEditable() && widget->currentText() != control.Text())
