@@ -1,5 +1,6 @@
 // The three views of a document: the Source text, the Layout surface that edits a copy of
 // it, and the Preview of a temporary file. Moving between them moves the text.
+#include "dialogs/table_chooser.h"
 #include "editor/text_pane.h"
 #include "runtime/resume.h"
 #include "runtime/vb_strings.h"
@@ -366,7 +367,8 @@ void codeEditor::tbrTable_ButtonClick(int index) {
         {10, layoutcmd::SplitCell}};
     for (const auto& [button, id] : commands)
         if (index == button) layout_->ExecCommand(id, 2);
-    if (index == 0) shell_.tbrTags_ButtonClick(22);
+    if (index == 0)
+        shell_.tableChooser.ShowAtButton(tbrTable.name(), 0, TableChooser::TableToolbar);
     if (index == 12) {
         const bool on = !tbrTable.ButtonChecked(12);
         shell_.settings().save(keys::Fuzzies, keys::ShowBorders,

@@ -132,10 +132,16 @@ void installTableChooser(ShellMDI& shell, QMainWindow& window) {
     shell.tableChooser.DropDown.ButtonPosition = [owner, perPixel](const QString& toolbar,
                                                                    int index) {
         if (!owner) return QPoint();
-        QAction* action = owner->findChild<QAction*>(toolbar + QStringLiteral("_%1").arg(index));
+        // Each document has its own table strip: the button is the one on screen.
+        const QString name = toolbar + QStringLiteral("_%1").arg(index);
         QWidget* button = nullptr;
-        for (QToolBar* bar : owner->findChildren<QToolBar*>())
-            if (action && !button) button = bar->widgetForAction(action);
+        for (QToolBar* bar : owner->findChildren<QToolBar*>()) {
+            for (QAction* action : bar->actions()) {
+                QWidget* widget =
+                    action->objectName() == name ? bar->widgetForAction(action) : nullptr;
+                if (widget && widget->isVisible() && !button) button = widget;
+            }
+        }
         const QPoint corner = button ? button->mapToGlobal(QPoint(0, 0)) : QPoint();
         return corner * perPixel;
     };

@@ -320,6 +320,19 @@ class ViewSwitchTest : public QObject {
         QCOMPARE(layout.commands.last().value, QStringLiteral("Heading 1"));
     }
 
+    void theTableStripOpensTheChooserBelowItsOwnButton() {
+        Views v;
+        v.show(2);
+        v.ts->tableChooser.DropDown.ButtonPosition = [](const QString& toolbar, int index) {
+            return toolbar == QLatin1String("tbrTable") && index == 0 ? QPoint(3000, 2000)
+                                                                      : QPoint();
+        };
+        v.doc->tbrTable.press(0);
+        QVERIFY(v.ts->tableChooser.DropDown.IsShowing());
+        QCOMPARE(v.ts->tableChooser.DropDown.left(), 3100);
+        QCOMPARE(v.ts->tableChooser.DropDown.top(), 3000);
+    }
+
     void theBrowserStripPassesOverAnEmptyHistory() {
         Views v;
         v.show(3);
