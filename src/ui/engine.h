@@ -40,7 +40,8 @@ class EnginePage {
 class Engine {
   public:
     virtual ~Engine() = default;
-    // An editable page: its own scripts don't run and its links are not followed.
+    // An editable page: its own scripts don't run and it never leaves the page the program
+    // loaded into it. A browser follows the user but not a page that moves by itself.
     virtual std::unique_ptr<EnginePage> createEditor(QWidget* parent) = 0;
     virtual std::unique_ptr<EnginePage> createBrowser(QWidget* parent) = 0;
 };

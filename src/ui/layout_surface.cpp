@@ -10,6 +10,7 @@
 #include <QJsonObject>
 #include <QLayout>
 #include <QMessageBox>
+#include <QTemporaryFile>
 #include <QTimer>
 #include <QWidget>
 #include <memory>
@@ -17,9 +18,21 @@
 namespace tsl {
 
 namespace {
-// Pages this large do not fit the engine's inline loading and go through a file instead.
-constexpr qsizetype kInlinePageLimit = 1500000;
+// The engine takes a page given inline as a percent-encoded address of at most 2 MiB; a larger
+// page shows blank. Such pages go through a file beside the document instead.
+constexpr qsizetype kInlineAddressLimit = 2 * 1024 * 1024 - 4096;
 const QString kLargePageFile = QStringLiteral("~tssln2.htm");
+
+// The length of the page as the engine's inline address, without building it.
+qsizetype inlineAddressLength(const QByteArray& utf8) {
+    qsizetype length = 0;
+    for (const char c : utf8) {
+        const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+                           (c >= '0' && c <= '9') || c == '-' || c == '.' || c == '_' || c == '~';
+        length += plain ? 1 : 3;
+    }
+    return length;
+}
 
 QString quoted(const QString& text) {
     return QString::fromUtf8(QJsonDocument(QJsonObject{{QStringLiteral("v"), text}})
@@ -92,7 +105,7 @@ void QtLayoutSurface::ensurePage() {
         QMetaObject::invokeMethod(
             this, [this, m = message.mid(4)] { onMessage(m); }, Qt::QueuedConnection);
     };
-    page_->loadFinished = [this](bool) { onLoaded(); };
+    page_->loadFinished = [this](bool ok) { onLoaded(ok); };
 }
 
 void QtLayoutSurface::scheduleLoad() {
@@ -108,21 +121,40 @@ void QtLayoutSurface::load() {
     if (!visible_) return;
     ensurePage();
     if (!page_) return;
+    loading_ = true;
     const QUrl base = folderUrl(BaseURL());
-    if (html_.size() > kInlinePageLimit && base.isLocalFile()) {
+    const QByteArray utf8 = html_.toUtf8();
+    if (inlineAddressLength(utf8) <= kInlineAddressLimit) {
+        page_->setHtml(html_, base);
+        return;
+    }
+    // Beside the document, so that relative images resolve; an untitled document, or one in a
+    // folder that cannot be written, uses a file of its own in the temporary folder.
+    if (base.isLocalFile()) {
         const QString path = base.toLocalFile() + kLargePageFile;
         try {
-            writeFileBytes(path, html_.toUtf8());
+            writeFileBytes(path, utf8);
             page_->load(QUrl::fromLocalFile(path));
             return;
         } catch (const RuntimeError&) {
-            // The folder is not writable: try the page inline all the same.
         }
     }
-    page_->setHtml(html_, base);
+    largePage_ = std::make_unique<QTemporaryFile>(QDir::tempPath() +
+                                                  QStringLiteral("/tessaline-XXXXXX.htm"));
+    if (largePage_->open() && largePage_->write(utf8) == utf8.size() && largePage_->flush()) {
+        page_->load(QUrl::fromLocalFile(largePage_->fileName()));
+        return;
+    }
+    // Nowhere to put the page: the view stays blank, and the text stays as it was.
+    loading_ = false;
 }
 
-void QtLayoutSurface::onLoaded() {
+void QtLayoutSurface::onLoaded(bool ok) {
+    // Only the program's own load counts; a page that failed to load shows nothing of the
+    // user's text and must never be read back in its place.
+    if (!loading_) return;
+    loading_ = false;
+    if (!ok) return;
     run(kLayoutScript, true);
     run(QStringLiteral("__tsl.borders(%1)").arg(ShowBorders() ? "true" : "false"), true);
     ready_ = true;
@@ -208,10 +240,10 @@ void QtLayoutSurface::NewDocument() {
     html_.clear();
     dirty_ = false;
     statuses_.clear();
-    if (page_) {
-        ready_ = false;
-        page_->setHtml(QString(), QUrl(QStringLiteral("about:blank")));
-    }
+    ready_ = false;
+    loading_ = false;
+    if (page_) page_->setHtml(QString(), QUrl(QStringLiteral("about:blank")));
+    largePage_.reset();
 }
 
 void QtLayoutSurface::SetFocus() {

@@ -12,6 +12,7 @@
 #include <QVariant>
 
 class QWidget;
+class QTemporaryFile;
 
 namespace tsl {
 
@@ -50,7 +51,7 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     void ensurePage();
     void scheduleLoad();
     void load();
-    void onLoaded();
+    void onLoaded(bool ok);
     void onMessage(const QString& message);
     // Runs a script in the page's world of the program and waits for its answer.
     QVariant evaluate(const QString& script) const;
@@ -63,7 +64,11 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     mutable bool dirty_ = false;
     bool visible_ = false;
     bool loadPending_ = false;
+    // The program's own load is under way; the page answers for the text once it has ended well.
+    bool loading_ = false;
     bool ready_ = false;
+    // A large page of a document without a writable folder.
+    std::unique_ptr<QTemporaryFile> largePage_;
     QHash<int, int> statuses_;
     QHash<int, QString> values_;
 };

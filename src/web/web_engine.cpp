@@ -14,21 +14,52 @@ class Page : public QWebEnginePage {
   public:
     Page(QObject* parent, EnginePage& owner, bool editor)
         : QWebEnginePage(parent), owner_(owner), editor_(editor) {}
+    // The program itself is about to load a page into this one.
+    void expectOwnLoad() { ownLoad_ = true; }
+    void loadEnded() {
+        ownLoad_ = false;
+        userNavigation_ = false;
+    }
 
   protected:
     void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString& message, int,
                                   const QString&) override {
         if (owner_.consoleMessage) owner_.consoleMessage(message);
     }
-    // A page being edited is not browsed: a click on a link goes nowhere.
-    bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool main) override {
-        if (editor_ && type == NavigationTypeLinkClicked) return false;
-        return QWebEnginePage::acceptNavigationRequest(url, type, main);
+    // The page being edited stays the user's page: once the program's own load has begun,
+    // nothing moves it elsewhere (a refresh, a link, a form, a script), or a Save would write
+    // that other page into the user's file. The browser follows what the user does (a link, a
+    // form, back, reload) and the redirects of that, but not a page that moves by itself.
+    bool acceptNavigationRequest(const QUrl&, NavigationType type, bool main) override {
+        if (!main) return !editor_ || type != NavigationTypeLinkClicked;
+        if (ownLoad_) {
+            // One navigation is the program's own; whatever the page does next is not.
+            ownLoad_ = false;
+            return true;
+        }
+        if (editor_) return false;
+        switch (type) {
+        case NavigationTypeLinkClicked:
+        case NavigationTypeFormSubmitted:
+        case NavigationTypeBackForward:
+        case NavigationTypeReload:
+        case NavigationTypeTyped:
+            userNavigation_ = true;
+            return true;
+        case NavigationTypeRedirect:
+            if (userNavigation_) return true;
+            break;
+        default:
+            break;
+        }
+        return false;
     }
 
   private:
     EnginePage& owner_;
     bool editor_;
+    bool ownLoad_ = false;
+    bool userNavigation_ = false;
 };
 
 class WebPage : public EnginePage {
@@ -42,14 +73,21 @@ class WebPage : public EnginePage {
             if (loadStarted) loadStarted();
         });
         QObject::connect(view_, &QWebEngineView::loadFinished, view_, [this](bool ok) {
+            page_->loadEnded();
             if (loadFinished) loadFinished(ok);
         });
     }
     ~WebPage() override { delete view_.data(); }
 
     QWidget* widget() override { return view_; }
-    void setHtml(const QString& html, const QUrl& base) override { page_->setHtml(html, base); }
-    void load(const QUrl& url) override { view_->load(url); }
+    void setHtml(const QString& html, const QUrl& base) override {
+        page_->expectOwnLoad();
+        page_->setHtml(html, base);
+    }
+    void load(const QUrl& url) override {
+        page_->expectOwnLoad();
+        view_->load(url);
+    }
     QUrl url() const override { return view_->url(); }
     void runScript(const QString& script, std::function<void(const QVariant&)> answer) override {
         // Every call takes an answer, even one nobody reads: calls without one upset the order
@@ -70,7 +108,10 @@ class WebPage : public EnginePage {
     void back() override { view_->back(); }
     void forward() override { view_->forward(); }
     void stop() override { view_->stop(); }
-    void reload() override { view_->reload(); }
+    void reload() override {
+        page_->expectOwnLoad();
+        view_->reload();
+    }
 
   private:
     // The view may go with its window before the page object does.
