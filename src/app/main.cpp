@@ -1,4 +1,5 @@
 // Tessaline: the splash while the main window loads, then the main window.
+#include "editor/file_system.h"
 #include "shell/settings_store.h"
 #include "ui/main_window.h"
 #include "ui/qt_platform.h"
@@ -27,9 +28,11 @@ int main(int argc, char* argv[]) {
     tsl::Workbench workbench(platform, settings);
     platform.setMainWindow(&workbench.window());
 
-    // The whole command line is one file name, blanks and quotes as they stand.
-    QStringList words = QApplication::arguments();
-    words.removeFirst();
+    // The whole command line is one file name, blanks and quotes as they stand, its bytes
+    // kept even where they are not valid UTF-8.
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(tsl::fileNameFromBytes(QByteArray(argv[i])));
     workbench.load(words.join(QLatin1Char(' ')));
 
     // Shown before the splash goes: finishing on a window not yet on screen waits for it.

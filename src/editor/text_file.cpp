@@ -1,8 +1,4 @@
 #include "editor/text_file.h"
-#include "runtime/runtime_error.h"
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QStringDecoder>
 
 namespace tsl {
@@ -58,24 +54,6 @@ QByteArray encodeText(const QString& text, const TextFormat& format) {
     QByteArray bytes = body.toUtf8();
     if (format.byteOrderMark) bytes.prepend(kBom);
     return bytes;
-}
-
-QByteArray readFileBytes(const QString& path) {
-    QFile file(path);
-    if (path.isEmpty() || QFileInfo(path).isDir() || !file.open(QIODevice::ReadOnly))
-        raise(ErrPathFileAccess);
-    return file.readAll();
-}
-
-void writeFileBytes(const QString& path, const QByteArray& bytes) {
-    if (path.isEmpty()) raise(ErrPathFileAccess);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) raise(ErrPathFileAccess);
-    if (file.write(bytes) != bytes.size()) {
-        file.cancelWriting();
-        raise(ErrPathFileAccess);
-    }
-    if (!file.commit()) raise(ErrPathFileAccess);
 }
 
 } // namespace tsl

@@ -1,6 +1,7 @@
 #pragma once
 // Documents are read and written as bytes that round-trip exactly. Decoding remembers what it
 // found (encoding, byte-order mark, line ends) so that encoding gives the same bytes back.
+#include "editor/file_system.h"
 #include <QByteArray>
 #include <QString>
 
@@ -22,10 +23,5 @@ struct DecodedText {
 
 DecodedText decodeText(const QByteArray& bytes);
 QByteArray encodeText(const QString& text, const TextFormat& format);
-
-// Reads a whole file; a missing or unreadable file raises the path/file access error (75).
-QByteArray readFileBytes(const QString& path);
-// Replaces a file atomically: a failed write leaves the old file whole and raises error 75.
-void writeFileBytes(const QString& path, const QByteArray& bytes);
 
 } // namespace tsl

@@ -1,4 +1,5 @@
 #include "ui/qt_platform.h"
+#include "editor/file_system.h"
 #include "platform/common_dialog.h"
 #include <QApplication>
 #include <QClipboard>
@@ -129,8 +130,38 @@ std::optional<QString> QtPlatform::inputBox(const QString& prompt, const QString
     return text;
 }
 
+namespace {
+// The toolkit's Open dialog refuses a typed name that does not exist, with a message of its
+// own. Unless the caller asks for an existing file, such a name is taken as it stands: the
+// caller has its own answer for a file that is not there.
+class FileDialog : public QFileDialog {
+  public:
+    FileDialog(QWidget* owner, bool mustExist) : QFileDialog(owner), mustExist_(mustExist) {}
+    QStringList chosen() const { return chosen_; }
+
+    void accept() override {
+        const QStringList files = selectedFiles();
+        if (acceptMode() == AcceptOpen && !mustExist_ && files.size() == 1 &&
+            !QFileInfo::exists(files.first())) {
+            chosen_ = files;
+            QDialog::accept();
+            return;
+        }
+        QFileDialog::accept();
+    }
+    void done(int result) override {
+        if (result == Accepted && chosen_.isEmpty()) chosen_ = selectedFiles();
+        QFileDialog::done(result);
+    }
+
+  private:
+    bool mustExist_;
+    QStringList chosen_;
+};
+} // namespace
+
 bool QtPlatform::showFileDialog(CommonDialog& dialog, bool save) {
-    QFileDialog box(owner());
+    FileDialog box(owner(), dialog.hasFlag(CommonDialog::FileMustExist));
     box.setWindowTitle(!dialog.DialogTitle.isEmpty()
                            ? dialog.DialogTitle
                            : (save ? QStringLiteral("Save As") : QStringLiteral("Open")));
@@ -155,8 +186,11 @@ bool QtPlatform::showFileDialog(CommonDialog& dialog, bool save) {
     if (!dialog.FileName.isEmpty()) box.selectFile(dialog.FileName);
     if (box.exec() != QDialog::Accepted) return false;
 
-    const QStringList chosen = box.selectedFiles();
+    // The toolkit shows a byte of a name it cannot read as U+FFFD; the file is found again.
+    QStringList chosen = box.chosen();
     if (chosen.isEmpty()) return false;
+    for (QString& path : chosen)
+        path = recoverFileName(path);
     dialog.FilterIndex = static_cast<int>(filters.indexOf(box.selectedNameFilter())) + 1;
     if (chosen.size() == 1) {
         dialog.FileName = QDir::toNativeSeparators(chosen.first());

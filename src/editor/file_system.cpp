@@ -1,0 +1,184 @@
+#include "editor/file_system.h"
+#include "runtime/runtime_error.h"
+#include <QRandomGenerator>
+#include <QStringList>
+#include <cerrno>
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tsl {
+
+namespace {
+constexpr char16_t kEscape = 0xDC00;
+constexpr char16_t kReplacement = 0xFFFD;
+
+// The length of the valid UTF-8 sequence at `at`, or 0 when its first byte is not one.
+int sequenceLength(const QByteArray& bytes, qsizetype at) {
+    const auto byte = [&](qsizetype i) { return static_cast<unsigned char>(bytes.at(i)); };
+    const unsigned lead = byte(at);
+    if (lead < 0x80) return 1;
+    int length = 0;
+    unsigned low = 0x80, high = 0xBF; // the range of the second byte
+    if (lead >= 0xC2 && lead <= 0xDF) {
+        length = 2;
+    } else if (lead >= 0xE0 && lead <= 0xEF) {
+        length = 3;
+        if (lead == 0xE0) low = 0xA0;
+        if (lead == 0xED) high = 0x9F; // no surrogates
+    } else if (lead >= 0xF0 && lead <= 0xF4) {
+        length = 4;
+        if (lead == 0xF0) low = 0x90;
+        if (lead == 0xF4) high = 0x8F;
+    } else {
+        return 0;
+    }
+    if (at + length > bytes.size()) return 0;
+    if (byte(at + 1) < low || byte(at + 1) > high) return 0;
+    for (int i = 2; i < length; ++i)
+        if ((byte(at + i) & 0xC0) != 0x80) return 0;
+    return length;
+}
+
+bool isEscape(QChar c) {
+    return c.unicode() >= kEscape + 0x80 && c.unicode() <= kEscape + 0xFF;
+}
+
+[[noreturn]] void fail() {
+    raise(ErrPathFileAccess);
+}
+
+QString folderOf(const QString& path) {
+    const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
+    return slash < 0 ? QStringLiteral(".") : path.left(slash == 0 ? 1 : slash);
+}
+
+QString decodedForDisplay(const QString& name) {
+    QString shown = name;
+    for (QChar& c : shown)
+        if (isEscape(c)) c = QChar(kReplacement);
+    return shown;
+}
+} // namespace
+
+QString fileNameFromBytes(const QByteArray& bytes) {
+    QString name;
+    name.reserve(bytes.size());
+    qsizetype run = 0; // start of the valid bytes not yet decoded
+    for (qsizetype at = 0; at < bytes.size();) {
+        const int length = sequenceLength(bytes, at);
+        if (length > 0) {
+            at += length;
+            continue;
+        }
+        name += QString::fromUtf8(bytes.constData() + run, at - run);
+        name += QChar(static_cast<char16_t>(kEscape + static_cast<unsigned char>(bytes.at(at))));
+        run = ++at;
+    }
+    name += QString::fromUtf8(bytes.constData() + run, bytes.size() - run);
+    return name;
+}
+
+QByteArray fileNameBytes(const QString& name) {
+    QByteArray bytes;
+    qsizetype run = 0;
+    for (qsizetype at = 0; at < name.size(); ++at) {
+        if (!isEscape(name.at(at))) continue;
+        bytes += QStringView(name).mid(run, at - run).toUtf8();
+        bytes += static_cast<char>(name.at(at).unicode() - kEscape);
+        run = at + 1;
+    }
+    bytes += QStringView(name).mid(run).toUtf8();
+    return bytes;
+}
+
+QString recoverFileName(const QString& path) {
+    if (!path.contains(QChar(kReplacement))) return path;
+    const qsizetype slash = path.lastIndexOf(QLatin1Char('/'));
+    // The folder may have lost bytes too.
+    const QString folder = slash <= 0 ? folderOf(path) : recoverFileName(path.left(slash));
+    const QString wanted = path.mid(slash + 1);
+    DIR* dir = ::opendir(fileNameBytes(folder).constData());
+    if (!dir) return path;
+    QStringList found;
+    while (const dirent* entry = ::readdir(dir)) {
+        const QString name = fileNameFromBytes(QByteArray(entry->d_name));
+        if (decodedForDisplay(name) == wanted) found.append(name);
+    }
+    ::closedir(dir);
+    if (found.size() != 1) return path;
+    if (slash < 0) return found.first();
+    return (folder.endsWith(QLatin1Char('/')) ? folder : folder + QLatin1Char('/')) + found.first();
+}
+
+QByteArray readFileBytes(const QString& path) {
+    if (path.isEmpty()) fail();
+    const int fd = ::open(fileNameBytes(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) fail();
+    struct stat info {};
+    if (::fstat(fd, &info) != 0 || S_ISDIR(info.st_mode)) {
+        ::close(fd);
+        fail();
+    }
+    QByteArray bytes;
+    bytes.reserve(static_cast<qsizetype>(info.st_size));
+    char buffer[1 << 16];
+    for (;;) {
+        const ssize_t got = ::read(fd, buffer, sizeof buffer);
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) {
+            ::close(fd);
+            fail();
+        }
+        if (got == 0) break;
+        bytes.append(buffer, got);
+    }
+    ::close(fd);
+    return bytes;
+}
+
+void writeFileBytes(const QString& path, const QByteArray& bytes) {
+    if (path.isEmpty()) fail();
+    QByteArray target = fileNameBytes(path);
+    // A link is saved through: the file it points to is replaced, the link stays.
+    if (char* real = ::realpath(target.constData(), nullptr)) {
+        target = real;
+        ::free(real);
+    }
+    struct stat old {};
+    const bool existed = ::stat(target.constData(), &old) == 0;
+    if (existed && S_ISDIR(old.st_mode)) fail();
+
+    // The new text goes to a file of its own beside the old one, which it replaces at once.
+    QByteArray temp;
+    int fd = -1;
+    for (int attempt = 0; fd < 0 && attempt < 100; ++attempt) {
+        temp = target + ".tsl-" + QByteArray::number(QRandomGenerator::global()->generate(), 36);
+        fd = ::open(temp.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd < 0 && errno != EEXIST) break;
+    }
+    if (fd < 0) fail();
+    bool ok = true;
+    if (existed) {
+        // Owner first: changing it may clear the set-id bits that the mode then restores.
+        // Only root can give the file back to another owner; anyone else owns it already.
+        [[maybe_unused]] const int owned = ::fchown(fd, old.st_uid, old.st_gid);
+        ok = ::fchmod(fd, old.st_mode & 07777) == 0;
+    }
+    for (qsizetype done = 0; ok && done < bytes.size();) {
+        const ssize_t put = ::write(fd, bytes.constData() + done, bytes.size() - done);
+        if (put < 0 && errno == EINTR) continue;
+        ok = put > 0;
+        if (ok) done += put;
+    }
+    ok = ok && ::fsync(fd) == 0;
+    ok = ::close(fd) == 0 && ok;
+    ok = ok && ::rename(temp.constData(), target.constData()) == 0;
+    if (!ok) {
+        ::unlink(temp.constData());
+        fail();
+    }
+}
+
+} // namespace tsl
