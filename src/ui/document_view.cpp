@@ -17,6 +17,7 @@ namespace tsl {
 namespace {
 QWidget* engineHost(QWidget* parent) {
     auto* host = new QWidget(parent);
+    host->setObjectName(QStringLiteral("engineHost"));
     auto* layout = new QVBoxLayout(host);
     layout->setContentsMargins(0, 0, 0, 0);
     return host;
@@ -90,6 +91,8 @@ DocumentView::DocumentView(ShellMDI& shell, codeEditor& doc, MenuBinder& menus, 
     tabs_->setShape(QTabBar::RoundedSouth);
     tabs_->setDrawBase(false);
     tabs_->setExpanding(false);
+    // A click chooses a view and leaves the keyboard with the text.
+    tabs_->setFocusPolicy(Qt::NoFocus);
     layout->addWidget(tabs_);
     syncTabs();
     connect(&doc.tabEditor, &Control::changed, this, &DocumentView::syncTabs);
@@ -108,6 +111,19 @@ void DocumentView::syncTabs() {
     tabs_->setCurrentIndex(model.SelectedTab() - 1);
     // The panel of the selected view comes to the front.
     stack_->setCurrentIndex(model.SelectedTab() - 1);
+}
+
+void DocumentView::focusView() {
+    QWidget* panel = stack_->currentWidget();
+    if (panel == source_) {
+        if (auto* pane = dynamic_cast<QtSourcePane*>(&doc_.codebox())) pane->widget()->setFocus();
+        return;
+    }
+    // The engine's view, once it is there, takes the keys of Layout and Preview.
+    const QList<QWidget*> hosts = panel->findChildren<QWidget*>(QStringLiteral("engineHost"));
+    for (QWidget* host : hosts)
+        if (host->layout() && host->layout()->count() > 0)
+            host->layout()->itemAt(0)->widget()->setFocus();
 }
 
 void DocumentView::releasePane() {

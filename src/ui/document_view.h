@@ -21,6 +21,8 @@ class DocumentView : public QWidget {
     QStackedWidget* views() const { return stack_; }
     // Gives the pane back before the window goes: the document owns it.
     void releasePane();
+    // The keyboard goes to the view in front: the Source pane, or the Layout surface.
+    void focusView();
 
   private:
     void syncTabs();

@@ -82,6 +82,7 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     tabs_->setDocumentMode(true);
     tabs_->setExpanding(false);
     tabs_->setElideMode(Qt::ElideMiddle);
+    tabs_->setFocusPolicy(Qt::NoFocus);
     mdi_ = new QMdiArea(central);
     mdi_->setObjectName(QStringLiteral("mdiArea"));
     column->addWidget(tabs_);
@@ -102,6 +103,7 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     });
     connect(&shell.TabStrip1, &Control::changed, this, &ShellWindow::syncTabs);
     connect(mdi_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
+        keepMaximised(window);
         auto* doc = qobject_cast<DocumentWindow*>(window);
         if (activating_ || !doc || !doc->document()) return;
         codeEditor* target = doc->document();
@@ -209,8 +211,10 @@ void ShellWindow::addDocument(codeEditor* doc) {
             &shell_, doc, [this](const QKeySequence& keys) { return menus_.isShortcut(keys); });
     window->setWidget(new DocumentView(shell_, *doc, menus_, window));
     window->setWindowTitle(doc->Caption());
-    connect(doc, &codeEditor::captionChanged, window,
-            [window, doc] { window->setWindowTitle(doc->Caption()); });
+    connect(doc, &codeEditor::captionChanged, window, [this, window, doc] {
+        window->setWindowTitle(doc->Caption());
+        updateTitle();
+    });
     connect(doc, &codeEditor::focusRequested, window, [this, doc, pane] {
         activateDocument(doc);
         if (pane) pane->widget()->setFocus();
@@ -218,6 +222,7 @@ void ShellWindow::addDocument(codeEditor* doc) {
     connect(doc, &codeEditor::editMenuRequested, this,
             [this] { showPopup(QStringLiteral("mnuEdit")); });
     windows_.insert(doc, window);
+    connect(window, &QMdiSubWindow::windowStateChanged, this, &ShellWindow::updateTitle);
     activating_ = true;
     mdi_->addSubWindow(window);
     // Documents open full size, as the tab strip already tells them apart.
@@ -235,6 +240,25 @@ void ShellWindow::activateDocument(codeEditor* doc) {
     activating_ = true;
     if (mdi_->activeSubWindow() != window) mdi_->setActiveSubWindow(window);
     activating_ = false;
+    // However the document came forward, typing goes on in it.
+    if (auto* view = qobject_cast<DocumentView*>(window->widget())) view->focusView();
+    updateTitle();
+}
+
+void ShellWindow::keepMaximised(QMdiSubWindow* window) {
+    if (!maximiseNext_ || !window || !windows_.key(qobject_cast<DocumentWindow*>(window))) return;
+    maximiseNext_ = false;
+    if (!window->isMaximized()) window->showMaximized();
+}
+
+void ShellWindow::updateTitle() {
+    // The toolkit names a maximised document in the title only when it is maximised, and not
+    // again when its name changes; the title is kept here instead.
+    const QMdiSubWindow* window = mdi_->activeSubWindow();
+    const QString title = window && window->isMaximized()
+                              ? QStringLiteral("Tessaline - [%1]").arg(window->windowTitle())
+                              : QStringLiteral("Tessaline");
+    if (windowTitle() != title) setWindowTitle(title);
 }
 
 void ShellWindow::removeDocument(codeEditor* doc) {
@@ -244,8 +268,13 @@ void ShellWindow::removeDocument(codeEditor* doc) {
     if (auto* pane = dynamic_cast<QtSourcePane*>(&doc->codebox()))
         pane->widget()->attach(nullptr, nullptr, {});
     if (auto* view = qobject_cast<DocumentView*>(window->widget())) view->releasePane();
+    // The window that comes forward keeps the state the documents had: maximised ones stay so.
+    maximiseNext_ = window->isMaximized();
     window->release();
     window->close();
+    QMdiSubWindow* next = mdi_->activeSubWindow();
+    if (next && next != window) keepMaximised(next);
+    updateTitle();
 }
 
 void ShellWindow::syncTabs() {
@@ -315,6 +344,14 @@ void ShellWindow::closeEvent(QCloseEvent* event) {
     } else {
         event->ignore();
     }
+}
+
+void ShellWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    // The document windows write their names into the title as they are maximised and
+    // restored; the title is put right once they have done.
+    if (event->type() == QEvent::WindowTitleChange)
+        QTimer::singleShot(0, this, &ShellWindow::updateTitle);
 }
 
 void ShellWindow::resizeEvent(QResizeEvent* event) {

@@ -57,10 +57,14 @@ class ShellWindow : public QMainWindow {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void addDocument(codeEditor* doc);
     void activateDocument(codeEditor* doc);
+    // "Tessaline", and the name of the document in front when it is maximised.
+    void updateTitle();
+    void keepMaximised(QMdiSubWindow* window);
     void removeDocument(codeEditor* doc);
     void syncTabs();
     void syncPane();
@@ -83,6 +87,8 @@ class ShellWindow : public QMainWindow {
     QList<QAction*> windowListActions_;
     QPointer<QMenu> arrowMenu_;
     bool activating_ = false;
+    // A maximised document closed: the one that comes forward next is maximised too.
+    bool maximiseNext_ = false;
     bool exiting_ = false;
 };
 

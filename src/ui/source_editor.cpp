@@ -164,6 +164,15 @@ void CodeBox::keyPressEvent(QKeyEvent* event) {
             return;
         }
     }
+    // Return with Ctrl (after its "<br>") or Shift ends the line as Return does; the editor
+    // would ignore the one and write a line separator for the other.
+    const bool returnKey = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (returnKey && (event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier))) {
+        QKeyEvent plain(QEvent::KeyPress, event->key(), Qt::NoModifier, QStringLiteral("\r"));
+        QPlainTextEdit::keyPressEvent(&plain);
+        event->accept();
+        return;
+    }
     QPlainTextEdit::keyPressEvent(event);
 }
 

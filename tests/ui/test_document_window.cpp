@@ -254,6 +254,81 @@ class DocumentWindowTest : public QObject {
         QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\n\n</body>")));
     }
 
+    void theDocumentInFrontHasTheKeyboardWhicheverWayItCame() {
+        Program p;
+        QVERIFY(QTest::qWaitForWindowActive(&p.window()));
+        QTest::keyClick(p.codebox(), Qt::Key_N, Qt::ControlModifier);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 3"));
+        QCOMPARE(QApplication::focusWidget(), p.codebox());
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("c"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ControlModifier);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(QApplication::focusWidget(), p.codebox());
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("a"));
+        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\na\n</body>")));
+        // Right moves the caret, not the view.
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+        QCOMPARE(p.active().tabEditor.SelectedTab(), 1);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ControlModifier);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
+        QCOMPARE(QApplication::focusWidget(), p.codebox());
+        // A click on a document tab.
+        emit p.window().documentTabs()->tabBarClicked(2);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 3"));
+        QCOMPARE(QApplication::focusWidget(), p.codebox());
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("d"));
+        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\ncd\n</body>")));
+    }
+
+    void closingADocumentLeavesTheOthersAsTheyWere() {
+        Program p;
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        QTest::keyClick(p.codebox(), Qt::Key_F4, Qt::ControlModifier);
+        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 1);
+        QVERIFY(p.window().mdiArea()->subWindowList().first()->isMaximized());
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        QVERIFY(p.window().mdiArea()->activeSubWindow()->isMaximized());
+        // Side by side they stay side by side.
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        p.trigger(QStringLiteral("mnuWindowTileV"));
+        QTest::keyClick(p.codebox(), Qt::Key_F4, Qt::ControlModifier);
+        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 2);
+        for (QMdiSubWindow* window : p.window().mdiArea()->subWindowList())
+            QVERIFY(!window->isMaximized());
+    }
+
+    void theTitleNamesTheDocumentInFront() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, QStringLiteral("page.htm"), "<p>x</p>");
+        Program p(path);
+        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [%1]").arg(path));
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [Document 2]"));
+        const QString saved = dir.filePath(QStringLiteral("saved.htm"));
+        p.platform.fileAnswers.enqueue(FileDialogAnswer::file(saved));
+        p.trigger(QStringLiteral("mnuFileSave"));
+        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [%1]").arg(saved));
+    }
+
+    void ctrlEnterWritesABreakAndALineEnd_data() {
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<QString>("written");
+        QTest::newRow("Ctrl+Enter") << int(Qt::ControlModifier) << QStringLiteral("<br>\n");
+        QTest::newRow("Enter") << int(Qt::NoModifier) << QStringLiteral("\n");
+        QTest::newRow("Shift+Enter") << int(Qt::ShiftModifier) << QStringLiteral("\n");
+    }
+    void ctrlEnterWritesABreakAndALineEnd() {
+        QFETCH(int, modifiers);
+        QFETCH(QString, written);
+        Program p;
+        p.active().codebox().setText(QStringLiteral("ab"));
+        p.active().codebox().setSelStart(1);
+        QTest::keyClick(p.codebox(), Qt::Key_Return, Qt::KeyboardModifiers(modifiers));
+        QCOMPARE(p.active().codebox().Text(), QStringLiteral("a") + written + QStringLiteral("b"));
+        QCOMPARE(p.active().codebox().SelStart(), 1 + written.size());
+    }
+
     void exitAsksForEveryChangedDocumentAndCancelStaysRunning() {
         Program p;
         QTest::keyClicks(p.codebox(), QStringLiteral("a"));
