@@ -1,6 +1,6 @@
 #include "dialogs/dialog_shapes.h"
 #include "runtime/resume.h"
-#include "shell/shell_mdi.h"
+#include "shell/code_editor.h"
 
 namespace tsl {
 
@@ -27,13 +27,6 @@ void hexKeyFilter(int& keyAscii) {
 void useKeyFilter(void (*filter)(int&), std::initializer_list<TextBox*> boxes) {
     for (TextBox* box : boxes)
         box->KeyPress = filter;
-}
-
-void bindSpinner(UpDown& spinner, TextBox& buddy, int min, int max) {
-    spinner.Min = min;
-    spinner.Max = max;
-    spinner.Increment = 1;
-    spinner.buddy = &buddy;
 }
 
 QString hexColour(unsigned colour) {

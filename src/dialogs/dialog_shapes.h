@@ -1,16 +1,17 @@
 #pragma once
 // What every element dialog shares: the way markup is committed to the document, Cancel, the
-// numeric and hex key filters, the colour picker, the file browse, and spinners with their
-// text boxes. A dialog derives from ElementDialog and wires its controls with these pieces.
+// numeric and hex key filters, the colour picker and the file browse. A dialog derives from
+// ElementDialog, declares its controls with their names and captions, and wires them with
+// these pieces.
 #include "gadgets/controls.h"
 #include "gadgets/form.h"
 #include "platform/common_dialog.h"
+#include "shell/dialog_context.h"
 #include <functional>
 #include <initializer_list>
 
 namespace tsl {
 
-class ShellMDI;
 class codeEditor;
 
 // Key filters for a text box's KeyPress: a dropped key is set to 0, without a sound.
@@ -20,16 +21,16 @@ void numericKeyFilter(int& keyAscii);
 void hexKeyFilter(int& keyAscii);
 void useKeyFilter(void (*filter)(int&), std::initializer_list<TextBox*> boxes);
 
-// A spinner bound to its text box, with its range.
-void bindSpinner(UpDown& spinner, TextBox& buddy, int min, int max);
-
 // A colour of the colour dialog (red in the lowest byte) as six capital hex digits, red first.
 QString hexColour(unsigned colour);
 
 class ElementDialog : public Form {
   public:
-    ElementDialog(QString formName, ShellMDI& shell) : Form(std::move(formName)), shell_(shell) {}
-    ShellMDI& shell() const { return shell_; }
+    ElementDialog(QString formName, DialogContext& shell)
+        : Form(std::move(formName)), shell_(shell) {}
+    DialogContext& shell() const { return shell_; }
+    // Most dialogs need nothing more when they load.
+    virtual void Form_Load() {}
 
   protected:
     // The commit sequence. A failure while building or inserting ends it at once, with no
@@ -44,7 +45,7 @@ class ElementDialog : public Form {
 
   private:
     void returnTo(codeEditor* doc);
-    ShellMDI& shell_;
+    DialogContext& shell_;
 };
 
 } // namespace tsl

@@ -1,7 +1,6 @@
 #include "dialogs/frm_table.h"
 #include "runtime/int16.h"
 #include "runtime/vb_strings.h"
-#include "shell/shell_mdi.h"
 #include <cmath>
 
 namespace tsl {
@@ -31,17 +30,9 @@ QString tableMarkup(const QString& tableAttributes, const QString& rowAttributes
     return markup + QStringLiteral("</table>");
 }
 
-frmTable::frmTable(ShellMDI& shell)
+frmTable::frmTable(DialogContext& shell)
     : ElementDialog(QStringLiteral("frmTable"), shell), cdTable(shell.platform()) {
-    Caption = QStringLiteral("Insert Table");
-    setCaptions();
-
-    bindSpinner(ColUpDown, ColBox, 1, 99);
-    bindSpinner(RowUpDown, RowBox, 1, 99);
-    bindSpinner(UpDownS, Spacing, 1, 50);
-    bindSpinner(UpDownP, Padding, 1, 50);
-    bindSpinner(UpDownB, BorderBox, 0, 72);
-    bindSpinner(UpDown1, WidthBox, 1, 100);
+    setCaption(QStringLiteral("Insert Table"));
     for (TextBox* box : {&ColBox, &RowBox, &Spacing, &Padding})
         box->MaxLength = 2;
     for (TextBox* box : {&txtBGColour, &txtBC, &txtLB, &txtDB})
@@ -74,37 +65,6 @@ frmTable::frmTable(ShellMDI& shell)
 
     cdTable.CancelError = true;
     wireHandlers();
-}
-
-void frmTable::setCaptions() {
-    fraLayout.setCaption(QStringLiteral("Layout"));
-    lblCols.setCaption(QStringLiteral("Columns:"));
-    lblRows.setCaption(QStringLiteral("Rows:"));
-    lblSpacing.setCaption(QStringLiteral("Cell Spacing:"));
-    lblPadding.setCaption(QStringLiteral("Cell Padding:"));
-    lblBorder.setCaption(QStringLiteral("Border Width:"));
-    lblAlignment.setCaption(QStringLiteral("Alignment:"));
-    lblHorizontal.setCaption(QStringLiteral("Horizontal:"));
-    lblVertical.setCaption(QStringLiteral("Vertical:"));
-    fraWidth.setCaption(QStringLiteral("Table Width"));
-    WidthCheck.setCaption(QStringLiteral("Custom Width"));
-    lblWidth.setCaption(QStringLiteral("Width:"));
-    PercentOpt.setCaption(QStringLiteral("In Percent"));
-    PixelsOpt.setCaption(QStringLiteral("In Pixels"));
-    fraBackground.setCaption(QStringLiteral("Background"));
-    lblBGColour.setCaption(QStringLiteral("Background Colour:"));
-    lblBackground.setCaption(QStringLiteral("Background file:"));
-    fraBorder.setCaption(QStringLiteral("Border Colours"));
-    optNone.setCaption(QStringLiteral("&None"));
-    optAllSides.setCaption(QStringLiteral("&All Sides Same Colour"));
-    optSpecLD.setCaption(QStringLiteral("Specify Lighter and Darker Borders"));
-    lblBC.setCaption(QStringLiteral("Border Colour:"));
-    lblLB.setCaption(QStringLiteral("Lighter Border:"));
-    lblDB.setCaption(QStringLiteral("Darker Border:"));
-    for (CommandButton* button : {&BGBrowse, &Browse, &cmdBC, &cmdLB, &cmdDB})
-        button->setCaption(QStringLiteral("..."));
-    OK.setCaption(QStringLiteral("OK"));
-    Cancel.setCaption(QStringLiteral("Cancel"));
 }
 
 void frmTable::wireHandlers() {
@@ -209,11 +169,8 @@ void frmTable::OK_Click() {
     commitMarkup([this] { return markup(); });
 }
 
-void ShellMDI::mnuInsertTable_Click() {
-    CurrentDocument = ActiveForm();
-    frmTable form(*this);
-    form.Form_Load();
-    forms_.showModal(form);
+void bindTableDialog(DialogContext& shell, Commands& commands) {
+    commands.bind(QStringLiteral("mnuInsertTable"), [&shell] { showDialog<frmTable>(shell); });
 }
 
 } // namespace tsl

@@ -10,69 +10,69 @@ QString tableMarkup(const QString& tableAttributes, const QString& rowAttributes
 
 class frmTable : public ElementDialog {
   public:
-    explicit frmTable(ShellMDI& shell);
+    explicit frmTable(DialogContext& shell);
 
     // Layout.
-    Label fraLayout{QStringLiteral("fraLayout")};
-    Label lblCols{QStringLiteral("lblCols")};
-    TextBox ColBox{QStringLiteral("ColBox")};
-    UpDown ColUpDown{QStringLiteral("ColUpDown")};
-    Label lblRows{QStringLiteral("lblRows")};
-    TextBox RowBox{QStringLiteral("RowBox")};
-    UpDown RowUpDown{QStringLiteral("RowUpDown")};
-    Label lblSpacing{QStringLiteral("lblSpacing")};
-    TextBox Spacing{QStringLiteral("Spacing")};
-    UpDown UpDownS{QStringLiteral("UpDownS")};
-    Label lblPadding{QStringLiteral("lblPadding")};
-    TextBox Padding{QStringLiteral("Padding")};
-    UpDown UpDownP{QStringLiteral("UpDownP")};
-    Label lblBorder{QStringLiteral("lblBorder")};
-    TextBox BorderBox{QStringLiteral("BorderBox")};
-    UpDown UpDownB{QStringLiteral("UpDownB")};
-    Label lblAlignment{QStringLiteral("lblAlignment")};
-    Label lblHorizontal{QStringLiteral("lblHorizontal")};
-    ComboBox Alignment{QStringLiteral("Alignment"), ComboBox::DropDownList};
-    Label lblVertical{QStringLiteral("lblVertical")};
-    ComboBox cmbVAlign{QStringLiteral("cmbVAlign"), ComboBox::DropDownList};
+    Label fraLayout{this, "fraLayout", "Layout"};
+    Label lblCols{this, "lblCols", "Columns:"};
+    TextBox ColBox{this, "ColBox"};
+    UpDown ColUpDown{this, "ColUpDown", ColBox, 1, 99};
+    Label lblRows{this, "lblRows", "Rows:"};
+    TextBox RowBox{this, "RowBox"};
+    UpDown RowUpDown{this, "RowUpDown", RowBox, 1, 99};
+    Label lblSpacing{this, "lblSpacing", "Cell Spacing:"};
+    TextBox Spacing{this, "Spacing"};
+    UpDown UpDownS{this, "UpDownS", Spacing, 1, 50};
+    Label lblPadding{this, "lblPadding", "Cell Padding:"};
+    TextBox Padding{this, "Padding"};
+    UpDown UpDownP{this, "UpDownP", Padding, 1, 50};
+    Label lblBorder{this, "lblBorder", "Border Width:"};
+    TextBox BorderBox{this, "BorderBox"};
+    UpDown UpDownB{this, "UpDownB", BorderBox, 0, 72};
+    Label lblAlignment{this, "lblAlignment", "Alignment:"};
+    Label lblHorizontal{this, "lblHorizontal", "Horizontal:"};
+    ComboBox Alignment{this, "Alignment", ComboBox::DropDownList};
+    Label lblVertical{this, "lblVertical", "Vertical:"};
+    ComboBox cmbVAlign{this, "cmbVAlign", ComboBox::DropDownList};
 
     // Table Width.
-    Label fraWidth{QStringLiteral("fraWidth")};
-    CheckBox WidthCheck{QStringLiteral("WidthCheck")};
-    Label lblWidth{QStringLiteral("lblWidth")};
-    TextBox WidthBox{QStringLiteral("WidthBox")};
-    UpDown UpDown1{QStringLiteral("UpDown1")};
-    OptionButton PercentOpt{QStringLiteral("PercentOpt")};
-    OptionButton PixelsOpt{QStringLiteral("PixelsOpt")};
+    Label fraWidth{this, "fraWidth", "Table Width"};
+    CheckBox WidthCheck{this, "WidthCheck", "Custom Width"};
+    Label lblWidth{this, "lblWidth", "Width:"};
+    TextBox WidthBox{this, "WidthBox"};
+    UpDown UpDown1{this, "UpDown1", WidthBox, 1, 100};
+    OptionButton PercentOpt{this, "PercentOpt", "In Percent"};
+    OptionButton PixelsOpt{this, "PixelsOpt", "In Pixels"};
 
     // Background.
-    Label fraBackground{QStringLiteral("fraBackground")};
-    Label lblBGColour{QStringLiteral("lblBGColour")};
-    TextBox txtBGColour{QStringLiteral("txtBGColour")};
-    CommandButton BGBrowse{QStringLiteral("BGBrowse")};
-    Label lblBackground{QStringLiteral("lblBackground")};
-    TextBox BackgroundBox{QStringLiteral("BackgroundBox")};
-    CommandButton Browse{QStringLiteral("Browse")};
+    Label fraBackground{this, "fraBackground", "Background"};
+    Label lblBGColour{this, "lblBGColour", "Background Colour:"};
+    TextBox txtBGColour{this, "txtBGColour"};
+    CommandButton BGBrowse{this, "BGBrowse", "..."};
+    Label lblBackground{this, "lblBackground", "Background file:"};
+    TextBox BackgroundBox{this, "BackgroundBox"};
+    CommandButton Browse{this, "Browse", "..."};
 
     // Border Colours.
-    Label fraBorder{QStringLiteral("fraBorder")};
-    OptionButton optNone{QStringLiteral("optNone")};
-    OptionButton optAllSides{QStringLiteral("optAllSides")};
-    OptionButton optSpecLD{QStringLiteral("optSpecLD")};
-    Label lblBC{QStringLiteral("lblBC")};
-    TextBox txtBC{QStringLiteral("txtBC")};
-    CommandButton cmdBC{QStringLiteral("cmdBC")};
-    Label lblLB{QStringLiteral("lblLB")};
-    TextBox txtLB{QStringLiteral("txtLB")};
-    CommandButton cmdLB{QStringLiteral("cmdLB")};
-    Label lblDB{QStringLiteral("lblDB")};
-    TextBox txtDB{QStringLiteral("txtDB")};
-    CommandButton cmdDB{QStringLiteral("cmdDB")};
+    Label fraBorder{this, "fraBorder", "Border Colours"};
+    OptionButton optNone{this, "optNone", "&None"};
+    OptionButton optAllSides{this, "optAllSides", "&All Sides Same Colour"};
+    OptionButton optSpecLD{this, "optSpecLD", "Specify Lighter and Darker Borders"};
+    Label lblBC{this, "lblBC", "Border Colour:"};
+    TextBox txtBC{this, "txtBC"};
+    CommandButton cmdBC{this, "cmdBC", "..."};
+    Label lblLB{this, "lblLB", "Lighter Border:"};
+    TextBox txtLB{this, "txtLB"};
+    CommandButton cmdLB{this, "cmdLB", "..."};
+    Label lblDB{this, "lblDB", "Darker Border:"};
+    TextBox txtDB{this, "txtDB"};
+    CommandButton cmdDB{this, "cmdDB", "..."};
 
-    CommandButton OK{QStringLiteral("OK")};
-    CommandButton Cancel{QStringLiteral("Cancel")};
+    CommandButton OK{this, "OK", "OK", CommandButton::DefaultRole};
+    CommandButton Cancel{this, "Cancel", "Cancel", CommandButton::CancelRole};
     CommonDialog cdTable;
 
-    void Form_Load();
+    void Form_Load() override;
     void OK_Click();
     void Cancel_Click() { cancelDialog(); }
     void BorderBox_Change();
@@ -87,7 +87,6 @@ class frmTable : public ElementDialog {
     QString markup() const;
 
   private:
-    void setCaptions();
     void wireHandlers();
     void setBorderColour(bool on);
     void setLighterDarker(bool on);

@@ -423,4 +423,45 @@ void ShellMDI::mnuEditRedo_Click() {
         doc.Redo();
 }
 
+void bindEditorCommands(ShellMDI& shell, Commands& commands) {
+    ShellMDI* s = &shell;
+    const std::pair<const char*, void (ShellMDI::*)()> items[] = {
+        {"mnuEditUndo", &ShellMDI::mnuEditUndo_Click},
+        {"mnuEditRedo", &ShellMDI::mnuEditRedo_Click},
+        {"mnuEditCut", &ShellMDI::mnuEditCut_Click},
+        {"mnuEditCopy", &ShellMDI::mnuEditCopy_Click},
+        {"mnuEditPaste", &ShellMDI::mnuEditPaste_Click},
+        {"mnuEditSelectall", &ShellMDI::mnuEditSelectall_Click},
+        {"mnuInsert", &ShellMDI::mnuInsert_Click},
+        {"mnuInsertBreak", &ShellMDI::mnuInsertBreak_Click},
+        {"mnuInsertParagraph", &ShellMDI::mnuInsertParagraph_Click},
+        {"mnuInsertSpace", &ShellMDI::mnuInsertSpace_Click},
+        {"mnuInsertTrade", &ShellMDI::mnuInsertTrade_Click},
+        {"mnuInsertCopyright", &ShellMDI::mnuInsertCopyright_Click},
+        {"mnuInsertGreater", &ShellMDI::mnuInsertGreater_Click},
+        {"mnuInsertLess", &ShellMDI::mnuInsertLess_Click},
+        {"mnuInsertQuote", &ShellMDI::mnuInsertQuote_Click},
+        {"mnuInsertAmpersand", &ShellMDI::mnuInsertAmpersand_Click},
+        {"mnuInsertReg", &ShellMDI::mnuInsertReg_Click},
+        {"mnuInsertComment", &ShellMDI::mnuInsertComment_Click},
+        {"mnuTagsBold", &ShellMDI::mnuTagsBold_Click},
+        {"mnuTagsItalic", &ShellMDI::mnuTagsItalic_Click},
+        {"mnuTagsUnderline", &ShellMDI::mnuTagsUnderline_Click},
+        {"mnuTagsStrike", &ShellMDI::mnuTagsStrike_Click},
+        {"mnuSub", &ShellMDI::mnuSub_Click},
+        {"mnuSup", &ShellMDI::mnuSup_Click},
+        {"mnuTagsCenter", &ShellMDI::mnuTagsCenter_Click},
+        {"mnuTagsRight", &ShellMDI::mnuTagsRight_Click},
+        {"mnuTagsBlock", &ShellMDI::mnuTagsBlock_Click},
+        {"mnuFormatRemove", &ShellMDI::mnuFormatRemove_Click},
+    };
+    for (const auto& [item, handler] : items)
+        commands.bind(QLatin1String(item), [s, handler = handler] { (s->*handler)(); });
+    for (int n = 1; n <= 6; ++n)
+        commands.bind(QStringLiteral("mnuH%1").arg(n), [s, n] { s->mnuH_Click(n); });
+    for (int n = 1; n <= 4; ++n)
+        commands.bind(QStringLiteral("mnuInsertDate%1").arg(n),
+                      [s, n] { s->mnuInsertDate_Click(n); });
+}
+
 } // namespace tsl

@@ -1,8 +1,45 @@
 #include "gadgets/controls.h"
+#include "gadgets/form.h"
 #include "runtime/runtime_error.h"
 #include <algorithm>
 
 namespace tsl {
+
+Control::Control(Form* owner, QString name) : name_(std::move(name)) {
+    if (owner) owner->controls_.push_back(this);
+}
+
+void Form::setCaption(const QString& caption) {
+    if (caption_ == caption) return;
+    caption_ = caption;
+    emit captionChanged();
+}
+
+Control* Form::control(const QString& name) const {
+    for (Control* c : controls_)
+        if (c->name() == name) return c;
+    return nullptr;
+}
+
+CommandButton* Form::defaultButton() const {
+    for (Control* c : controls_)
+        if (auto* button = dynamic_cast<CommandButton*>(c); button && button->Default)
+            return button;
+    return nullptr;
+}
+
+CommandButton* Form::cancelButton() const {
+    for (Control* c : controls_)
+        if (auto* button = dynamic_cast<CommandButton*>(c); button && button->Cancel) return button;
+    return nullptr;
+}
+
+void Form::closeBox() {
+    if (CommandButton* cancel = cancelButton())
+        cancel->press();
+    else
+        Unload();
+}
 
 void Control::setEnabled(bool on) {
     if (enabled_ == on) return;

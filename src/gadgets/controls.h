@@ -10,10 +10,14 @@
 
 namespace tsl {
 
+class Form;
+
 class Control : public QObject {
     Q_OBJECT
   public:
     explicit Control(QString name = QString()) : name_(std::move(name)) {}
+    // A control of a form: it registers with the form, which can then find it by name.
+    Control(Form* owner, QString name);
     const QString& name() const { return name_; }
 
     bool Enabled() const { return enabled_; }
@@ -36,6 +40,9 @@ class Control : public QObject {
 class Label : public Control {
   public:
     using Control::Control;
+    Label(Form* owner, QString name, const QString& caption) : Control(owner, std::move(name)) {
+        caption_ = caption;
+    }
     const QString& Caption() const { return caption_; }
     void setCaption(const QString& caption);
 
@@ -45,7 +52,14 @@ class Label : public Control {
 
 class CommandButton : public Label {
   public:
+    enum Role { NoRole = 0, DefaultRole = 1, CancelRole = 2 };
     using Label::Label;
+    CommandButton(Form* owner, QString name, const QString& caption, int roles)
+        : Label(owner, std::move(name), caption), Default(roles & DefaultRole),
+          Cancel(roles & CancelRole) {}
+    // Enter presses the default button; Escape and the window's close box the cancel button.
+    bool Default = false;
+    bool Cancel = false;
     std::function<void()> Click;
     void press() {
         if (Enabled() && Click) Click();
@@ -129,6 +143,8 @@ class ComboBox : public ListControl {
     enum Style { DropDownCombo = 0, SimpleCombo = 1, DropDownList = 2 };
     explicit ComboBox(QString name = QString(), Style style = DropDownCombo)
         : ListControl(std::move(name)), style_(style) {}
+    ComboBox(Form* owner, QString name, Style style = DropDownCombo)
+        : ListControl(owner, std::move(name)), style_(style) {}
     Style style() const { return style_; }
     QString Text() const;
     // An editable combo takes any text (and raises Change); a list combo takes only an item it
@@ -147,6 +163,9 @@ class ComboBox : public ListControl {
 class UpDown : public Control {
   public:
     using Control::Control;
+    // A spinner bound to its text box, with its range.
+    UpDown(Form* owner, QString name, TextBox& buddyBox, int min, int max)
+        : Control(owner, std::move(name)), Min(min), Max(max), buddy(&buddyBox) {}
     int Min = 0;
     int Max = 10;
     int Increment = 1;

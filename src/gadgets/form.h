@@ -1,17 +1,40 @@
 #pragma once
 // A dialog is a plain object: its controls hold its state, its handlers keep their names.
-// The view shows it modally through a FormHost and closes it when the form unloads.
+// Each control registers itself with the form that owns it, so a form can list its controls
+// and find one by name. The view shows a form through a FormHost and closes it when it unloads.
 #include <QObject>
 #include <QString>
+#include <memory>
+#include <vector>
 
 namespace tsl {
+
+class Control;
+class CommandButton;
 
 class Form : public QObject {
     Q_OBJECT
   public:
     explicit Form(QString formName) : formName_(std::move(formName)) {}
     const QString& formName() const { return formName_; }
-    QString Caption;
+
+    // The window's title; the view follows it.
+    const QString& Caption() const { return caption_; }
+    void setCaption(const QString& caption);
+
+    // The controls, in the order they were declared.
+    const std::vector<Control*>& controls() const { return controls_; }
+    // The control of that name; null when the form has none.
+    Control* control(const QString& name) const;
+    template <typename T> T* find(const QString& name) const {
+        return dynamic_cast<T*>(control(name));
+    }
+    // The buttons that Enter and Escape press (their Default and Cancel properties).
+    CommandButton* defaultButton() const;
+    CommandButton* cancelButton() const;
+    // What the window's close box and Escape do: press the Cancel button, or just unload.
+    virtual void closeBox();
+
     bool isLoaded() const { return loaded_; }
     void Unload() {
         if (!loaded_) return;
@@ -21,9 +44,13 @@ class Form : public QObject {
 
   signals:
     void unloaded();
+    void captionChanged();
 
   private:
+    friend class Control;
     QString formName_;
+    QString caption_;
+    std::vector<Control*> controls_;
     bool loaded_ = true;
 };
 
@@ -31,8 +58,11 @@ class FormHost {
   public:
     virtual ~FormHost() = default;
     // Shows the form and returns when it has unloaded (or the user closed its window, which
-    // the host treats as the form's Cancel).
+    // the host treats as the form's close box).
     virtual void showModal(Form& form) = 0;
+    // Shows the form beside the main window and returns at once. The host owns the form from
+    // now on and frees it after it unloads.
+    virtual void showModeless(std::unique_ptr<Form> form) = 0;
 };
 
 } // namespace tsl

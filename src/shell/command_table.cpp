@@ -1,193 +1,199 @@
-// The menu tree of the main window. Each item's handler is its name plus _Click; commands whose
-// work is not built yet say so instead of failing.
+// The menu tree of the main window, as data. Each subsystem binds the handlers of its own
+// items by name; commands whose work is not built yet say so instead of failing.
 #include "shell/shell_mdi.h"
 
 namespace tsl {
 
-MenuItem* ShellMDI::addMenu(std::vector<MenuNode>& parent, const QString& name,
-                            const QString& caption, const QString& shortcut,
-                            std::function<void()> click) {
-    auto item = std::make_unique<MenuItem>(name, caption, shortcut);
-    item->Click = std::move(click);
-    MenuItem* raw = item.get();
-    menuItems_[name] = std::move(item);
-    parent.push_back(MenuNode{raw, {}});
-    return raw;
-}
+namespace {
+enum RowFlag { Hidden = 1, Off = 2, Checked = 4, Literal = 8 };
 
-void ShellMDI::addSeparator(std::vector<MenuNode>& parent, const QString& name) {
-    auto item = std::make_unique<MenuItem>(name, QStringLiteral("-"), QString(), true);
-    MenuItem* raw = item.get();
-    menuItems_[name] = std::move(item);
-    parent.push_back(MenuNode{raw, {}});
+// One item of the menu tree: its depth (0 for the menu bar), name, caption ("-" a separator,
+// empty one set at run time), shortcut and starting state. A row followed by deeper rows is a
+// submenu.
+struct MenuRow {
+    int depth;
+    const char* name;
+    const char* caption;
+    const char* shortcut = "";
+    int flags = 0;
+};
+
+// clang-format off
+const MenuRow kMenuTree[] = {
+    {0, "mnuFile", "&File"},
+    {1, "mnuFileNew", "&New"},
+    {2, "mnuFileNewHTML", "&HTML Document", "Ctrl+N"},
+    {2, "mnuFileNewCSS", "&CSS Document"},
+    {1, "mnuFileOpen", "&Open...", "Ctrl+O"},
+    {1, "mnuNet", "Open online &file"},
+    {1, "mnuFileClose", "&Close"},
+    {1, "mnuFileCloseAll", "Close All"},
+    {1, "GoodOlSep", "-"},
+    {1, "mnuFileSave", "&Save", "Ctrl+S"},
+    {1, "mnuFileSaveas", "Save &As"},
+    {1, "mnuFileSaveAll", "Save All"},
+    {1, "mnuFileSep2", "-"},
+    {1, "mnuFilePrint", "&Print", "Ctrl+P"},
+    {1, "s", "-"},
+    {1, "mnuFilePreview", "Pre&view in Browser"},
+    {2, "mnuFilePrevDef", "Default Browser"},
+    {2, "mnuFilePrevSec", "Secondary Browser"},
+    {1, "sepa", "-"},
+    {1, "mnuFileMRU(0)", "", "", Hidden | Literal},
+    {1, "mnuFileMRU(1)", "", "", Hidden | Literal},
+    {1, "mnuFileMRU(2)", "", "", Hidden | Literal},
+    {1, "mnuFileMRU(3)", "", "", Hidden | Literal},
+    {1, "mnuFileBar6", "-", "", Hidden},
+    {1, "mnuFileExit", "E&xit"},
+    {0, "mnuEdit", "&Edit"},
+    {1, "mnuEditUndo", "&Undo", "", Off},
+    {1, "mnuEditRedo", "&Redo", "", Off},
+    {1, "se", "-"},
+    {1, "mnuEditCut", "&Cut"},
+    {1, "mnuEditCopy", "C&opy"},
+    {1, "mnuEditPaste", "&Paste"},
+    {1, "sep", "-"},
+    {1, "mnuEditSelectall", "&Select All", "Ctrl+A"},
+    {1, "YeOleSeppie", "-"},
+    {1, "mnuEditFind", "&Find && Replace", "Ctrl+F"},
+    {1, "mnuExtFind", "&Extended Replace"},
+    {1, "mnuEditSep", "-"},
+    {1, "mnuEditPrefs", "&Preferences"},
+    {0, "mnuInsert", "&Insert"},
+    {1, "mnuInsertImage", "&Image"},
+    {1, "mnuInsertMarquee", "&Marquee"},
+    {1, "mnuInsertHR", "Horizontal &Line"},
+    {1, "mnuInsertSep2(0)", "-"},
+    {1, "mnuInsertAnchor", "&Anchor/Bookmark"},
+    {1, "mnuInsertHyperlink", "&Hyperlink", "Ctrl+H"},
+    {1, "mnuInsertsep1", "-"},
+    {1, "mnuInsertCSS", "&Style Settings"},
+    {1, "mnuInsertLink", "L&ink to Style Sheet"},
+    {1, "mnuInsertSeppar", "-"},
+    {1, "mnuInsertFormSettings", "&Form"},
+    {1, "mnuInsertForm", "Form Com&ponent"},
+    {1, "nsep", "-"},
+    {1, "mnuInsertFrames", "F&rameset"},
+    {1, "mnuInsertBullet", "&List"},
+    {1, "mnuInsertTable", "&Table"},
+    {1, "fjiawoio", "-"},
+    {1, "mnuInsertBreak", "&Line Break"},
+    {1, "mnuInsertParagraph", "&Paragraph"},
+    {1, "mnuInsertSpace", "&Non-breaking space"},
+    {1, "mnuInsertSC", "&Special Character"},
+    {2, "mnuInsertTrade", "Trade Mark symbol"},
+    {2, "mnuInsertCopyright", "Copyright symbol"},
+    {2, "mnuInsertGreater", "> Symbol"},
+    {2, "mnuInsertLess", "< Symbol"},
+    {2, "mnuInsertQuote", "Double quote"},
+    {2, "mnuInsertAmpersand", "Ampersand"},
+    {2, "mnuInsertReg", "Registered Trade Mark symbol"},
+    {1, "mnuInsertSep3", "-"},
+    {1, "mnuInsertComment", "&Comment", "F12"},
+    {1, "mnuEditDate", "&Datestamp"},
+    {2, "mnuInsertDate1", ""},
+    {2, "mnuInsertDate2", ""},
+    {2, "mnuInsertDate3", ""},
+    {2, "mnuInsertDate4", ""},
+    {0, "mnuTags", "&Format"},
+    {1, "mnuEditProperties", "Page Properties"},
+    {1, "mnuFormatSep", "-"},
+    {1, "mnuInsertBasefont", "B&ase Font"},
+    {1, "mnuInsertFont", "&Font"},
+    {1, "mnutagssep2", "-"},
+    {1, "mnuTagsBold", "&Bold", "Ctrl+B"},
+    {1, "mnuTagsItalic", "&Italic", "Ctrl+I"},
+    {1, "mnuTagsUnderline", "&Underline", "Ctrl+U"},
+    {1, "mnuTagsStrike", "&Strikethrough"},
+    {1, "mnuSub", "Subscript"},
+    {1, "mnuSup", "Superscript"},
+    {1, "mnuFormatSep2", "-"},
+    {1, "mnuHeadings", "Headings"},
+    {2, "mnuH1", "Heading &1"},
+    {2, "mnuH2", "Heading &2"},
+    {2, "mnuH3", "Heading &3"},
+    {2, "mnuH4", "Heading &4"},
+    {2, "mnuH5", "Heading &5"},
+    {2, "mnuH6", "Heading &6"},
+    {1, "mnuTagsep", "-"},
+    {1, "mnuTagsCenter", "&Center", "Ctrl+E"},
+    {1, "mnuTagsRight", "&Right", "Ctrl+R"},
+    {1, "mnuTagsBlock", "Block&quote"},
+    {1, "mnuFormatSep3", "-"},
+    {1, "mnuFormatRemove", "&Remove Formatting", "", Off},
+    {0, "mnuView", "&View"},
+    {1, "mnuViewStdTlb", "&Standard Toolbar", "", Checked},
+    {1, "mnuViewFmtTlb", "&Formatting Toolbar", "", Checked},
+    {1, "mnuViewForms", "Forms &Toolbar"},
+    {1, "mnuViewTagList", "&Tag List"},
+    {0, "mnuWindow", "&Window"},
+    {1, "mnuWindowArrange", "&Arrange Icons"},
+    {1, "mnuWindowTileH", "Tile &Horizontally"},
+    {1, "mnuWindowTileV", "Tile &Vertically"},
+    {1, "mnuWindowCascade", "&Cascade"},
+    {0, "mnuHelp", "&Help"},
+    {1, "mnuHelpContents", "&Contents", "F1"},
+    {1, "mnuHelpSep2", "-"},
+    {1, "mnuHelpAbout", "&About..."},
+};
+// clang-format on
+} // namespace
+
+// The subsystems that bind menu items, each from its own file.
+void bindFileCommands(ShellMDI& shell, Commands& commands);
+void bindEditorCommands(ShellMDI& shell, Commands& commands);
+void bindTableDialog(DialogContext& context, Commands& commands);
+void bindOptionsDialog(DialogContext& context, Commands& commands);
+void bindAboutDialog(DialogContext& context, Commands& commands);
+
+void ShellMDI::bindViewCommands(Commands& commands) {
+    commands.bind(QStringLiteral("mnuViewStdTlb"), [this] { mnuViewStdTlb_Click(); });
+    commands.bind(QStringLiteral("mnuViewFmtTlb"), [this] { mnuViewFmtTlb_Click(); });
+    commands.bind(QStringLiteral("mnuViewForms"), [this] { mnuViewForms_Click(); });
+    commands.bind(QStringLiteral("mnuViewTagList"), [this] { mnuViewTagList_Click(); });
+    const std::pair<const char*, Arrange> arrange[] = {{"mnuWindowArrange", ArrangeIcons},
+                                                       {"mnuWindowTileH", TileHorizontal},
+                                                       {"mnuWindowTileV", TileVertical},
+                                                       {"mnuWindowCascade", Cascade}};
+    for (const auto& [item, code] : arrange)
+        commands.bind(QLatin1String(item), [this, code = code] { emit arrangeRequested(code); });
 }
 
 void ShellMDI::notAvailableYet() {
-    platform_.msgBox(QStringLiteral("This command is not available yet."), MsgIcon::Information);
+    platform_.notAvailable();
 }
 
 void ShellMDI::buildMenus() {
-    using S = QString;
-    const auto later = [this] { notAvailableYet(); };
-    const auto submenu = [this](const QString& name, const QString& caption,
-                                std::vector<MenuNode>& parent) -> std::vector<MenuNode>& {
-        addMenu(parent, name, caption);
-        return parent.back().children;
-    };
-
-    auto& file = submenu(S("mnuFile"), S("&File"), menuBar_);
-    auto& fileNew = submenu(S("mnuFileNew"), S("&New"), file);
-    addMenu(fileNew, S("mnuFileNewHTML"), S("&HTML Document"), S("Ctrl+N"),
-            [this] { mnuFileNewHTML_Click(); });
-    addMenu(fileNew, S("mnuFileNewCSS"), S("&CSS Document"), S(),
-            [this] { mnuFileNewCSS_Click(); });
-    addMenu(file, S("mnuFileOpen"), S("&Open..."), S("Ctrl+O"), [this] { mnuFileOpen_Click(); });
-    addMenu(file, S("mnuNet"), S("Open online &file"), S(), later);
-    addMenu(file, S("mnuFileClose"), S("&Close"), S(), [this] { mnuFileClose_Click(); });
-    addMenu(file, S("mnuFileCloseAll"), S("Close All"), S(), [this] { mnuFileCloseAll_Click(); });
-    addSeparator(file, S("GoodOlSep"));
-    addMenu(file, S("mnuFileSave"), S("&Save"), S("Ctrl+S"), [this] { mnuFileSave_Click(); });
-    addMenu(file, S("mnuFileSaveas"), S("Save &As"), S(), [this] { mnuFileSaveas_Click(); });
-    addMenu(file, S("mnuFileSaveAll"), S("Save All"), S(), [this] { mnuFileSaveAll_Click(); });
-    addSeparator(file, S("mnuFileSep2"));
-    addMenu(file, S("mnuFilePrint"), S("&Print"), S("Ctrl+P"), later);
-    addSeparator(file, S("s"));
-    auto& preview = submenu(S("mnuFilePreview"), S("Pre&view in Browser"), file);
-    addMenu(preview, S("mnuFilePrevDef"), S("Default Browser"), S(), later);
-    addMenu(preview, S("mnuFilePrevSec"), S("Secondary Browser"), S(), later);
-    addSeparator(file, S("sepa"));
-    for (int i = 0; i < 4; ++i) {
-        MenuItem* recent =
-            addMenu(file, S("mnuFileMRU(%1)").arg(i), S(), S(), [this, i] { mnuFileMRU_Click(i); });
-        recent->setVisible(false);
-        recent->literalCaption = true;
+    std::vector<std::vector<MenuNode>*> levels{&menuBar_};
+    for (size_t i = 0; i < std::size(kMenuTree); ++i) {
+        const MenuRow& row = kMenuTree[i];
+        const QString caption = QString::fromUtf8(row.caption);
+        const bool separator = caption == QLatin1String("-");
+        const bool submenu = i + 1 < std::size(kMenuTree) && kMenuTree[i + 1].depth > row.depth;
+        auto item = std::make_unique<MenuItem>(QString::fromUtf8(row.name), caption,
+                                               QString::fromUtf8(row.shortcut), separator);
+        item->setVisible(!(row.flags & Hidden));
+        item->setEnabled(!(row.flags & Off));
+        item->setChecked(row.flags & Checked);
+        item->literalCaption = row.flags & Literal;
+        // Until its subsystem binds it, a command says it is not there yet.
+        if (!separator && !submenu) item->Click = [this] { notAvailableYet(); };
+        std::vector<MenuNode>& parent = *levels.at(row.depth);
+        parent.push_back(MenuNode{item.get(), {}});
+        levels.resize(row.depth + 1);
+        levels.push_back(&parent.back().children);
+        menuItems_[item->name()] = std::move(item);
     }
-    addSeparator(file, S("mnuFileBar6"));
-    menu(S("mnuFileBar6")).setVisible(false);
-    addMenu(file, S("mnuFileExit"), S("E&xit"), S(), [this] { mnuFileExit_Click(); });
 
-    auto& edit = submenu(S("mnuEdit"), S("&Edit"), menuBar_);
-    addMenu(edit, S("mnuEditUndo"), S("&Undo"), S(), [this] {
-        mnuEditUndo_Click();
-    })->setEnabled(false);
-    addMenu(edit, S("mnuEditRedo"), S("&Redo"), S(), [this] {
-        mnuEditRedo_Click();
-    })->setEnabled(false);
-    addSeparator(edit, S("se"));
-    addMenu(edit, S("mnuEditCut"), S("&Cut"), S(), [this] { mnuEditCut_Click(); });
-    addMenu(edit, S("mnuEditCopy"), S("C&opy"), S(), [this] { mnuEditCopy_Click(); });
-    addMenu(edit, S("mnuEditPaste"), S("&Paste"), S(), [this] { mnuEditPaste_Click(); });
-    addSeparator(edit, S("sep"));
-    addMenu(edit, S("mnuEditSelectall"), S("&Select All"), S("Ctrl+A"),
-            [this] { mnuEditSelectall_Click(); });
-    addSeparator(edit, S("YeOleSeppie"));
-    addMenu(edit, S("mnuEditFind"), S("&Find && Replace"), S("Ctrl+F"), later);
-    addMenu(edit, S("mnuExtFind"), S("&Extended Replace"), S(), later);
-    addSeparator(edit, S("mnuEditSep"));
-    addMenu(edit, S("mnuEditPrefs"), S("&Preferences"), S(), [this] { mnuEditPrefs_Click(); });
-
-    auto& insert = submenu(S("mnuInsert"), S("&Insert"), menuBar_);
-    menu(S("mnuInsert")).Click = [this] { mnuInsert_Click(); };
-    addMenu(insert, S("mnuInsertImage"), S("&Image"), S(), later);
-    addMenu(insert, S("mnuInsertMarquee"), S("&Marquee"), S(), later);
-    addMenu(insert, S("mnuInsertHR"), S("Horizontal &Line"), S(), later);
-    addSeparator(insert, S("mnuInsertSep2(0)"));
-    addMenu(insert, S("mnuInsertAnchor"), S("&Anchor/Bookmark"), S(), later);
-    addMenu(insert, S("mnuInsertHyperlink"), S("&Hyperlink"), S("Ctrl+H"), later);
-    addSeparator(insert, S("mnuInsertsep1"));
-    addMenu(insert, S("mnuInsertCSS"), S("&Style Settings"), S(), later);
-    addMenu(insert, S("mnuInsertLink"), S("L&ink to Style Sheet"), S(), later);
-    addSeparator(insert, S("mnuInsertSeppar"));
-    addMenu(insert, S("mnuInsertFormSettings"), S("&Form"), S(), later);
-    addMenu(insert, S("mnuInsertForm"), S("Form Com&ponent"), S(), later);
-    addSeparator(insert, S("nsep"));
-    addMenu(insert, S("mnuInsertFrames"), S("F&rameset"), S(), later);
-    addMenu(insert, S("mnuInsertBullet"), S("&List"), S(), later);
-    addMenu(insert, S("mnuInsertTable"), S("&Table"), S(), [this] { mnuInsertTable_Click(); });
-    addSeparator(insert, S("fjiawoio"));
-    addMenu(insert, S("mnuInsertBreak"), S("&Line Break"), S(), [this] { mnuInsertBreak_Click(); });
-    addMenu(insert, S("mnuInsertParagraph"), S("&Paragraph"), S(),
-            [this] { mnuInsertParagraph_Click(); });
-    addMenu(insert, S("mnuInsertSpace"), S("&Non-breaking space"), S(),
-            [this] { mnuInsertSpace_Click(); });
-    auto& special = submenu(S("mnuInsertSC"), S("&Special Character"), insert);
-    addMenu(special, S("mnuInsertTrade"), S("Trade Mark symbol"), S(),
-            [this] { mnuInsertTrade_Click(); });
-    addMenu(special, S("mnuInsertCopyright"), S("Copyright symbol"), S(),
-            [this] { mnuInsertCopyright_Click(); });
-    addMenu(special, S("mnuInsertGreater"), S("> Symbol"), S(),
-            [this] { mnuInsertGreater_Click(); });
-    addMenu(special, S("mnuInsertLess"), S("< Symbol"), S(), [this] { mnuInsertLess_Click(); });
-    addMenu(special, S("mnuInsertQuote"), S("Double quote"), S(),
-            [this] { mnuInsertQuote_Click(); });
-    addMenu(special, S("mnuInsertAmpersand"), S("Ampersand"), S(),
-            [this] { mnuInsertAmpersand_Click(); });
-    addMenu(special, S("mnuInsertReg"), S("Registered Trade Mark symbol"), S(),
-            [this] { mnuInsertReg_Click(); });
-    addSeparator(insert, S("mnuInsertSep3"));
-    addMenu(insert, S("mnuInsertComment"), S("&Comment"), S("F12"),
-            [this] { mnuInsertComment_Click(); });
-    auto& dates = submenu(S("mnuEditDate"), S("&Datestamp"), insert);
-    addMenu(dates, S("mnuInsertDate1"), S(), S(), [this] { mnuInsertDate_Click(1); });
-    addMenu(dates, S("mnuInsertDate2"), S(), S(), [this] { mnuInsertDate_Click(2); });
-    addMenu(dates, S("mnuInsertDate3"), S(), S(), [this] { mnuInsertDate_Click(3); });
-    addMenu(dates, S("mnuInsertDate4"), S(), S(), [this] { mnuInsertDate_Click(4); });
-
-    auto& format = submenu(S("mnuTags"), S("&Format"), menuBar_);
-    addMenu(format, S("mnuEditProperties"), S("Page Properties"), S(), later);
-    addSeparator(format, S("mnuFormatSep"));
-    addMenu(format, S("mnuInsertBasefont"), S("B&ase Font"), S(), later);
-    addMenu(format, S("mnuInsertFont"), S("&Font"), S(), later);
-    addSeparator(format, S("mnutagssep2"));
-    addMenu(format, S("mnuTagsBold"), S("&Bold"), S("Ctrl+B"), [this] { mnuTagsBold_Click(); });
-    addMenu(format, S("mnuTagsItalic"), S("&Italic"), S("Ctrl+I"),
-            [this] { mnuTagsItalic_Click(); });
-    addMenu(format, S("mnuTagsUnderline"), S("&Underline"), S("Ctrl+U"),
-            [this] { mnuTagsUnderline_Click(); });
-    addMenu(format, S("mnuTagsStrike"), S("&Strikethrough"), S(),
-            [this] { mnuTagsStrike_Click(); });
-    addMenu(format, S("mnuSub"), S("Subscript"), S(), [this] { mnuSub_Click(); });
-    addMenu(format, S("mnuSup"), S("Superscript"), S(), [this] { mnuSup_Click(); });
-    addSeparator(format, S("mnuFormatSep2"));
-    auto& headings = submenu(S("mnuHeadings"), S("Headings"), format);
-    for (int level = 1; level <= 6; ++level)
-        addMenu(headings, S("mnuH%1").arg(level), S("Heading &%1").arg(level), S(),
-                [this, level] { mnuH_Click(level); });
-    addSeparator(format, S("mnuTagsep"));
-    addMenu(format, S("mnuTagsCenter"), S("&Center"), S("Ctrl+E"),
-            [this] { mnuTagsCenter_Click(); });
-    addMenu(format, S("mnuTagsRight"), S("&Right"), S("Ctrl+R"), [this] { mnuTagsRight_Click(); });
-    addMenu(format, S("mnuTagsBlock"), S("Block&quote"), S(), [this] { mnuTagsBlock_Click(); });
-    addSeparator(format, S("mnuFormatSep3"));
-    addMenu(format, S("mnuFormatRemove"), S("&Remove Formatting"), S(), [this] {
-        mnuFormatRemove_Click();
-    })->setEnabled(false);
-
-    auto& view = submenu(S("mnuView"), S("&View"), menuBar_);
-    addMenu(view, S("mnuViewStdTlb"), S("&Standard Toolbar"), S(), [this] {
-        mnuViewStdTlb_Click();
-    })->setChecked(true);
-    addMenu(view, S("mnuViewFmtTlb"), S("&Formatting Toolbar"), S(), [this] {
-        mnuViewFmtTlb_Click();
-    })->setChecked(true);
-    addMenu(view, S("mnuViewForms"), S("Forms &Toolbar"), S(), [this] { mnuViewForms_Click(); });
-    addMenu(view, S("mnuViewTagList"), S("&Tag List"), S(), [this] { mnuViewTagList_Click(); });
-
-    auto& window = submenu(S("mnuWindow"), S("&Window"), menuBar_);
-    addMenu(window, S("mnuWindowArrange"), S("&Arrange Icons"), S(),
-            [this] { emit arrangeRequested(ArrangeIcons); });
-    addMenu(window, S("mnuWindowTileH"), S("Tile &Horizontally"), S(),
-            [this] { emit arrangeRequested(TileHorizontal); });
-    addMenu(window, S("mnuWindowTileV"), S("Tile &Vertically"), S(),
-            [this] { emit arrangeRequested(TileVertical); });
-    addMenu(window, S("mnuWindowCascade"), S("&Cascade"), S(),
-            [this] { emit arrangeRequested(Cascade); });
-
-    auto& help = submenu(S("mnuHelp"), S("&Help"), menuBar_);
-    addMenu(help, S("mnuHelpContents"), S("&Contents"), S("F1"),
-            [this] { mnuHelpContents_Click(); });
-    addSeparator(help, S("mnuHelpSep2"));
-    addMenu(help, S("mnuHelpAbout"), S("&About..."), S(), [this] { mnuHelpAbout_Click(); });
+    Commands commands;
+    bindFileCommands(*this, commands);
+    bindEditorCommands(*this, commands);
+    bindViewCommands(commands);
+    bindTableDialog(*this, commands);
+    bindOptionsDialog(*this, commands);
+    bindAboutDialog(*this, commands);
+    for (const auto& [name, handler] : commands.handlers())
+        menu(name).Click = handler;
 
     for (const auto& [key, item] : MenuIconPairs())
         SetMenuIcon(key, item);

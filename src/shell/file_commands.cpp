@@ -27,11 +27,7 @@ bool isDocumentOneUntouched(codeEditor* doc) {
 }
 } // namespace
 
-void ShellMDI::newDocument(bool html) {
-    bNewDocument = true;
-    LockWindowUpdate(true);
-    ++nDocumentCount;
-    bNewIsHtml = html;
+codeEditor* ShellMDI::createDocumentWindow() {
     auto window =
         std::make_unique<codeEditor>(*this, surfaces_.createSourcePane(),
                                      surfaces_.createLayoutSurface(), surfaces_.createBrowser());
@@ -40,6 +36,15 @@ void ShellMDI::newDocument(bool html) {
     NewDocWindow = doc;
     documentLoaded(doc);
     doc->Form_Load();
+    return doc;
+}
+
+void ShellMDI::newDocument(bool html) {
+    bNewDocument = true;
+    LockWindowUpdate(true);
+    ++nDocumentCount;
+    bNewIsHtml = html;
+    codeEditor* doc = createDocumentWindow();
     doc->setCaption(QStringLiteral("Document ") + QString::number(nDocumentCount));
     doc->Show();
     doc->Tag = QStringLiteral("Clean");
@@ -53,14 +58,7 @@ void ShellMDI::newDocument(bool html) {
 }
 
 codeEditor* ShellMDI::OpenDocumentWindow(const QString& path) {
-    auto window =
-        std::make_unique<codeEditor>(*this, surfaces_.createSourcePane(),
-                                     surfaces_.createLayoutSurface(), surfaces_.createBrowser());
-    codeEditor* doc = window.get();
-    owned_.push_back(std::move(window));
-    NewDocWindow = doc;
-    documentLoaded(doc);
-    doc->Form_Load();
+    codeEditor* doc = createDocumentWindow();
     if (!path.isEmpty()) {
         doc->codebox().LoadFile(path, 1);
         doc->setCaption(path);
@@ -339,6 +337,22 @@ void ShellMDI::mnuFileCloseAll_Click() {
         }
     }
     bClosingAll = false;
+}
+
+void bindFileCommands(ShellMDI& shell, Commands& commands) {
+    using S = QString;
+    ShellMDI* s = &shell;
+    commands.bind(S("mnuFileNewHTML"), [s] { s->mnuFileNewHTML_Click(); });
+    commands.bind(S("mnuFileNewCSS"), [s] { s->mnuFileNewCSS_Click(); });
+    commands.bind(S("mnuFileOpen"), [s] { s->mnuFileOpen_Click(); });
+    commands.bind(S("mnuFileClose"), [s] { s->mnuFileClose_Click(); });
+    commands.bind(S("mnuFileCloseAll"), [s] { s->mnuFileCloseAll_Click(); });
+    commands.bind(S("mnuFileSave"), [s] { s->mnuFileSave_Click(); });
+    commands.bind(S("mnuFileSaveas"), [s] { s->mnuFileSaveas_Click(); });
+    commands.bind(S("mnuFileSaveAll"), [s] { s->mnuFileSaveAll_Click(); });
+    for (int i = 0; i < 4; ++i)
+        commands.bind(S("mnuFileMRU(%1)").arg(i), [s, i] { s->mnuFileMRU_Click(i); });
+    commands.bind(S("mnuFileExit"), [s] { s->mnuFileExit_Click(); });
 }
 
 } // namespace tsl

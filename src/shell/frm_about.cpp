@@ -1,19 +1,14 @@
 #include "shell/frm_about.h"
 #include "runtime/resume.h"
-#include "shell/shell_mdi.h"
+#include "shell/code_editor.h"
 
 namespace tsl {
 
 const QString frmAbout::kMailAddress = QStringLiteral("mailto:authors@tessaline.org");
 const QString frmAbout::kHomePage = QStringLiteral("https://tessaline.org/");
 
-frmAbout::frmAbout(ShellMDI& shell) : Form(QStringLiteral("frmAbout")), shell_(shell) {
-    Caption = QStringLiteral("About Tessaline");
-    lblName.setCaption(QStringLiteral("Tessaline"));
-    lblVersion.setCaption(QStringLiteral("Version 2"));
-    Label.setCaption(QStringLiteral("authors@tessaline.org"));
-    Labels.setCaption(QStringLiteral("tessaline.org"));
-    OK.setCaption(QStringLiteral("OK"));
+frmAbout::frmAbout(DialogContext& shell) : Form(QStringLiteral("frmAbout")), shell_(shell) {
+    setCaption(QStringLiteral("About Tessaline"));
     OK.Click = [this] { OK_Click(); };
 }
 
@@ -33,14 +28,12 @@ void frmAbout::OK_Click() {
     });
 }
 
-void ShellMDI::mnuHelpAbout_Click() {
-    CurrentDocument = ActiveForm();
-    frmAbout form(*this);
-    forms_.showModal(form);
-}
-
-void ShellMDI::mnuHelpContents_Click() {
-    platform_.showHelp(platform_.applicationFolder() + QStringLiteral("/tessaline.chm"));
+void bindAboutDialog(DialogContext& shell, Commands& commands) {
+    commands.bind(QStringLiteral("mnuHelpAbout"), [&shell] { showDialog<frmAbout>(shell); });
+    commands.bind(QStringLiteral("mnuHelpContents"), [&shell] {
+        Platform& platform = shell.platform();
+        platform.showHelp(platform.applicationFolder() + QStringLiteral("/tessaline.chm"));
+    });
 }
 
 } // namespace tsl

@@ -1,7 +1,7 @@
 #include "shell/frm_options.h"
 #include "runtime/resume.h"
 #include "runtime/vb_strings.h"
-#include "shell/shell_mdi.h"
+#include "shell/code_editor.h"
 
 namespace tsl {
 
@@ -24,29 +24,9 @@ double fontSizeOf(const QString& text) {
 }
 } // namespace
 
-frmOptions::frmOptions(ShellMDI& shell)
+frmOptions::frmOptions(DialogContext& shell)
     : Form(QStringLiteral("frmOptions")), Browser(shell.platform()), shell_(shell) {
-    Caption = QStringLiteral("Preferences");
-    fraEditor.setCaption(QStringLiteral("Editor Settings"));
-    fraLocations.setCaption(QStringLiteral("File Locations"));
-    lblFontFace.setCaption(QStringLiteral("Font &Name:"));
-    lblSize.setCaption(QStringLiteral("Font &Size:"));
-    chkWordWrap.setCaption(QStringLiteral("&Word Wrap"));
-    chkAutoClose.setCaption(QStringLiteral("Auto &Close Bracket"));
-    lblBrowser.setCaption(QStringLiteral("Secondary B&rowser:"));
-    lblDefaultDir.setCaption(QStringLiteral("Default Directory:"));
-    Command1.setCaption(QStringLiteral("..."));
-    Command2.setCaption(QStringLiteral("..."));
-    chkRelative.setCaption(QStringLiteral("Calculate Relative Paths"));
-    Label1.setCaption(QStringLiteral(
-        "Note: your default browser has already been defined by Tessaline, based on your "
-        "computer's associations for htm / html file types."));
-    OK.setCaption(QStringLiteral("OK"));
-    Cancel.setCaption(QStringLiteral("Cancel"));
-    UpDown1.Min = 6;
-    UpDown1.Max = 72;
-    UpDown1.Increment = 1;
-    UpDown1.buddy = &Size;
+    setCaption(QStringLiteral("Preferences"));
     Browser.CancelError = true;
     Browser.Filter = QStringLiteral("Programs|*");
 
@@ -152,11 +132,8 @@ void frmOptions::closeAndReturn() {
     resumeNext([&] { required(shell_.CurrentDocument).SetFocus(); });
 }
 
-void ShellMDI::mnuEditPrefs_Click() {
-    CurrentDocument = ActiveForm();
-    frmOptions form(*this);
-    form.Form_Load();
-    forms_.showModal(form);
+void bindOptionsDialog(DialogContext& shell, Commands& commands) {
+    commands.bind(QStringLiteral("mnuEditPrefs"), [&shell] { showDialog<frmOptions>(shell); });
 }
 
 } // namespace tsl

@@ -4,34 +4,35 @@
 #include "gadgets/controls.h"
 #include "gadgets/form.h"
 #include "platform/common_dialog.h"
+#include "shell/dialog_context.h"
 
 namespace tsl {
 
-class ShellMDI;
-
 class frmOptions : public Form {
   public:
-    explicit frmOptions(ShellMDI& shell);
+    explicit frmOptions(DialogContext& shell);
 
-    Label fraEditor{QStringLiteral("fraEditor")};
-    Label fraLocations{QStringLiteral("fraLocations")};
-    Label lblFontFace{QStringLiteral("lblFontFace")};
-    ComboBox FontFace{QStringLiteral("FontFace")};
-    Label lblSize{QStringLiteral("lblSize")};
-    TextBox Size{QStringLiteral("Size")};
-    UpDown UpDown1{QStringLiteral("UpDown1")};
-    CheckBox chkWordWrap{QStringLiteral("chkWordWrap")};
-    CheckBox chkAutoClose{QStringLiteral("chkAutoClose")};
-    Label lblBrowser{QStringLiteral("lblBrowser")};
-    TextBox Text1{QStringLiteral("Text1")};
-    CommandButton Command1{QStringLiteral("Command1")};
-    Label lblDefaultDir{QStringLiteral("lblDefaultDir")};
-    TextBox PreviewBox{QStringLiteral("PreviewBox")};
-    CommandButton Command2{QStringLiteral("Command2")};
-    CheckBox chkRelative{QStringLiteral("chkRelative")};
-    Label Label1{QStringLiteral("Label1")};
-    CommandButton OK{QStringLiteral("OK")};
-    CommandButton Cancel{QStringLiteral("Cancel")};
+    Label fraEditor{this, "fraEditor", "Editor Settings"};
+    Label fraLocations{this, "fraLocations", "File Locations"};
+    Label lblFontFace{this, "lblFontFace", "Font &Name:"};
+    ComboBox FontFace{this, "FontFace"};
+    Label lblSize{this, "lblSize", "Font &Size:"};
+    TextBox Size{this, "Size"};
+    UpDown UpDown1{this, "UpDown1", Size, 6, 72};
+    CheckBox chkWordWrap{this, "chkWordWrap", "&Word Wrap"};
+    CheckBox chkAutoClose{this, "chkAutoClose", "Auto &Close Bracket"};
+    Label lblBrowser{this, "lblBrowser", "Secondary B&rowser:"};
+    TextBox Text1{this, "Text1"};
+    CommandButton Command1{this, "Command1", "..."};
+    Label lblDefaultDir{this, "lblDefaultDir", "Default Directory:"};
+    TextBox PreviewBox{this, "PreviewBox"};
+    CommandButton Command2{this, "Command2", "..."};
+    CheckBox chkRelative{this, "chkRelative", "Calculate Relative Paths"};
+    Label Label1{this, "Label1",
+                 "Note: your default browser has already been defined by Tessaline, based on "
+                 "your computer's associations for htm / html file types."};
+    CommandButton OK{this, "OK", "OK", CommandButton::DefaultRole};
+    CommandButton Cancel{this, "Cancel", "Cancel", CommandButton::CancelRole};
     CommonDialog Browser;
 
     void Form_Load();
@@ -43,7 +44,7 @@ class frmOptions : public Form {
 
   private:
     void closeAndReturn();
-    ShellMDI& shell_;
+    DialogContext& shell_;
 };
 
 } // namespace tsl

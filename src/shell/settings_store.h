@@ -65,4 +65,29 @@ class QSettingsStore : public SettingsStore {
     mutable QMap<QString, std::shared_ptr<QSettings>> files_;
 };
 
+// The settings keys the shell reads and writes.
+namespace keys {
+inline const QString Fuzzies = QStringLiteral("Fuzzies");
+inline const QString Browser = QStringLiteral("Browser");
+inline const QString FontName = QStringLiteral("Font Name");
+inline const QString FontSize = QStringLiteral("Font Size");
+inline const QString WordWrap = QStringLiteral("Word Wrap");
+inline const QString DefaultDir = QStringLiteral("Default Dir");
+inline const QString UseRelativeAtStart = QStringLiteral("UseRelative");
+inline const QString UseRelative = QStringLiteral("Use Relative");
+inline const QString AutoCloseTag = QStringLiteral("Auto Close Tag");
+inline const QString FormsToolbarOpen = QStringLiteral("Forms Toolbar Open");
+inline const QString StandardToolbarOpen = QStringLiteral("Standard Toolbar Open");
+inline const QString TagsToolbarOpen = QStringLiteral("Tags Toolbar Open");
+inline const QString TagListOpen = QStringLiteral("TagListOpen");
+inline const QString ShowBorders = QStringLiteral("Show Borders");
+inline const QString BrowserLoc = QStringLiteral("BrowserLoc");
+} // namespace keys
+
+// A right margin of this many twips keeps lines from wrapping.
+constexpr int kNoWrapMargin = 120000;
+inline int rightMarginFor(const QString& wordWrap) {
+    return wordWrap == QLatin1String("0") ? kNoWrapMargin : 0;
+}
+
 } // namespace tsl

@@ -7,7 +7,7 @@ namespace tsl {
 
 ShellMDI::ShellMDI(Platform& platform, SettingsStore& settings, SurfaceFactory& surfaces,
                    FormHost& forms)
-    : OpenSave(platform), platform_(platform), settings_(settings), surfaces_(surfaces),
+    : DialogContext(platform), platform_(platform), settings_(settings), surfaces_(surfaces),
       forms_(forms), dispatcher_(platform) {
     TabStrip1.Click = [this] { TabStrip1_Click(); };
     Picture1.setVisible(false);

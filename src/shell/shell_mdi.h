@@ -12,6 +12,7 @@
 #include "platform/platform.h"
 #include "runtime/dispatcher.h"
 #include "shell/code_editor.h"
+#include "shell/dialog_context.h"
 #include "shell/settings_store.h"
 #include <QObject>
 #include <QStringList>
@@ -27,55 +28,20 @@ struct MenuNode {
     std::vector<MenuNode> children;
 };
 
-class ShellMDI : public QObject {
+class ShellMDI : public QObject, public DialogContext {
     Q_OBJECT
   public:
     ShellMDI(Platform& platform, SettingsStore& settings, SurfaceFactory& surfaces,
              FormHost& forms);
     ~ShellMDI() override;
 
-    Platform& platform() { return platform_; }
-    SettingsStore& settings() { return settings_; }
-    FormHost& forms() { return forms_; }
+    Platform& platform() override { return platform_; }
+    SettingsStore& settings() override { return settings_; }
+    FormHost& forms() override { return forms_; }
     Dispatcher& dispatcher() { return dispatcher_; }
     // Runs a handler the user set off; a run-time error that escapes it is shown.
     bool dispatch(const std::function<void()>& handler);
 
-    // Application-wide flags and values.
-    bool bInsertingMarkup = false;
-    bool bCaretStepTaken = false;
-    bool bLayoutActive = false;
-    bool bLoadingOnline = false;
-    bool bNewDocument = false;
-    bool bNewIsHtml = false;
-    bool bSelectingTab = false;
-    bool bClosingAll = false;
-    bool bCloseAllCancelled = false;
-    bool bFileAlreadyOpen = false;
-    bool bMainLoading = false;
-    bool bSizing = false;
-    bool bFormsToolbarOpen = false;
-    bool bStandardToolbarOpen = true;
-    bool bTagsToolbarOpen = true;
-    bool bTagListOpen = false;
-    bool bUseRelative = true;
-    bool bAutoCloseTag = true;
-    bool bCommandsDisabled = false;
-    qint32 nDocumentCount = 0;
-    // Shared values of the undo steps and drops.
-    Int16 nStepCaretAdvance = 0;
-    Int16 nStepCaretBack = 0;
-    Int16 nTagDropBack = 0;
-    bool bDropPending = false;
-    bool bTagDropPending = false;
-    codeEditor* CurrentDocument = nullptr;
-    codeEditor* NewDocWindow = nullptr;
-    QStringList FontNames;
-    // The folder of the active document, with its separator, as the last view switch found it.
-    QString sDocFolder;
-    QString sSecondaryBrowser;
-
-    CommonDialog OpenSave;
     cToolbar tbrMain{QStringLiteral("tbrMain")};
     cToolbar tbrTags{QStringLiteral("tbrTags")};
     cToolbar tbrForms{QStringLiteral("tbrForms")};
@@ -122,10 +88,10 @@ class ShellMDI : public QObject {
     const std::vector<MenuNode>& menuBar() const { return menuBar_; }
 
     // Documents, in the order they were loaded (the Forms collection less the main window).
-    const std::vector<codeEditor*>& documents() const { return documents_; }
+    const std::vector<codeEditor*>& documents() const override { return documents_; }
     int FormsCount() const { return 1 + static_cast<int>(documents_.size()); }
     // The active document window; null when there is none.
-    codeEditor* ActiveForm() const { return zOrder_.empty() ? nullptr : zOrder_.front(); }
+    codeEditor* ActiveForm() const override { return zOrder_.empty() ? nullptr : zOrder_.front(); }
 
     // Start-up and shutdown.
     void MDIForm_Load(const QString& commandLine = QString());
@@ -151,13 +117,10 @@ class ShellMDI : public QObject {
     void mnuFileClose_Click();
     void mnuFileCloseAll_Click();
     void mnuFileExit_Click();
-    void mnuEditPrefs_Click();
     void mnuViewTagList_Click();
-    void mnuHelpContents_Click();
-    void mnuHelpAbout_Click();
 
     // Markup into the active document: the Layout surface's selection, or the Source pane's.
-    void InsertMarkup(const QString& markup);
+    void InsertMarkup(const QString& markup) override;
     // Wrapping commands.
     void mnuH_Click(int level);
     void mnuH1_Click() { mnuH_Click(1); }
@@ -246,12 +209,8 @@ class ShellMDI : public QObject {
     double Rnd();
     quint32 nRndState = 327680;
     // Links relative to the active document for the dialogs' browse buttons.
-    void RelativePath(CommonDialog& dialog, TextBox& target);
-    QString txtTemp1;
-    QString txtTemp2;
-    bool bRelativeUp = false;
-    // Tables: the Insert Table dialog and the drop-down chooser.
-    void mnuInsertTable_Click();
+    void RelativePath(CommonDialog& dialog, TextBox& target) override;
+    // The drop-down chooser of a table's size.
     TableChooser tableChooser{*this};
 
     // Drawing freeze around window creation; nests.
@@ -287,10 +246,9 @@ class ShellMDI : public QObject {
     void wrap(const QString& open, const QString& close, bool addSelection, bool blockFlag);
     void singleInsert(const QString& text, char group);
     bool sendToLayout(int id);
-    MenuItem* addMenu(std::vector<MenuNode>& parent, const QString& name, const QString& caption,
-                      const QString& shortcut = QString(), std::function<void()> click = {});
-    void addSeparator(std::vector<MenuNode>& parent, const QString& name);
+    void bindViewCommands(Commands& commands);
     void newDocument(bool html);
+    codeEditor* createDocumentWindow();
     void openCommandLine(const QString& commandLine);
     void saveUntitled(codeEditor* doc, const QString& path);
     // The shared buttons that Open turns on.
@@ -316,30 +274,5 @@ class ShellMDI : public QObject {
     codeEditor* stateDocument_ = nullptr;
     QString stateKind_;
 };
-
-// The settings keys the shell reads and writes.
-namespace keys {
-inline const QString Fuzzies = QStringLiteral("Fuzzies");
-inline const QString Browser = QStringLiteral("Browser");
-inline const QString FontName = QStringLiteral("Font Name");
-inline const QString FontSize = QStringLiteral("Font Size");
-inline const QString WordWrap = QStringLiteral("Word Wrap");
-inline const QString DefaultDir = QStringLiteral("Default Dir");
-inline const QString UseRelativeAtStart = QStringLiteral("UseRelative");
-inline const QString UseRelative = QStringLiteral("Use Relative");
-inline const QString AutoCloseTag = QStringLiteral("Auto Close Tag");
-inline const QString FormsToolbarOpen = QStringLiteral("Forms Toolbar Open");
-inline const QString StandardToolbarOpen = QStringLiteral("Standard Toolbar Open");
-inline const QString TagsToolbarOpen = QStringLiteral("Tags Toolbar Open");
-inline const QString TagListOpen = QStringLiteral("TagListOpen");
-inline const QString ShowBorders = QStringLiteral("Show Borders");
-inline const QString BrowserLoc = QStringLiteral("BrowserLoc");
-} // namespace keys
-
-// A right margin of this many twips keeps lines from wrapping.
-constexpr int kNoWrapMargin = 120000;
-inline int rightMarginFor(const QString& wordWrap) {
-    return wordWrap == QLatin1String("0") ? kNoWrapMargin : 0;
-}
 
 } // namespace tsl

@@ -5,106 +5,92 @@
 
 namespace tsl {
 
+namespace {
+constexpr int N = cToolbar::Normal;
+constexpr int C = cToolbar::Check;
+constexpr int D = cToolbar::DropDown;
+
+// One button: its tool tip, image and style, and the menu item whose handler it runs. A row
+// without a tip is a separator; separators count in the indexes.
+struct Button {
+    const char* tip;
+    int image = -1;
+    int style = N;
+    const char* item = nullptr;
+};
+
+// clang-format off
+const Button kMainButtons[] = {
+    {"New", 0, D, "mnuFileNewHTML"}, {"Open", 1, N, "mnuFileOpen"},
+    {"Open On-line File", 2, N, "mnuNet"}, {"Save", 3, N, "mnuFileSave"}, {nullptr},
+    {"Print", 4, N, "mnuFilePrint"}, {nullptr},
+    {"Cut", 5, N, "mnuEditCut"}, {"Copy", 6, N, "mnuEditCopy"}, {"Paste", 7, N, "mnuEditPaste"},
+    {nullptr},
+    {"Undo", 8, N, "mnuEditUndo"}, {"Redo", 16, N, "mnuEditRedo"}, {nullptr},
+    {"Preview in Browser", 9, D, "mnuFilePrevDef"}, {nullptr},
+    {"Show Forms Toolbar", 10, C, "mnuViewForms"}, {"Show Tag List", 11, C, "mnuViewTagList"},
+    {nullptr},
+    {"Style Settings", 12, N, "mnuInsertCSS"}, {"Link to Style Sheet", 13, N, "mnuInsertLink"},
+    {nullptr},
+    {"Insert Comment", 14, N, "mnuInsertComment"}, {nullptr},
+    {"Tell the world about Tessaline!", 15}, // the badge
+};
+
+// Center and Right are check buttons: a press turns their pressed state over, and in Layout
+// view the state after the press picks the alignment. Right does nothing in Source view.
+const Button kTagsButtons[] = {
+    {"Heading Tags", 0}, {nullptr}, {"Font Settings", 2, N, "mnuInsertFont"}, {nullptr},
+    {"Bold", 3, N, "mnuTagsBold"}, {"Italic", 4, N, "mnuTagsItalic"},
+    {"Underline", 5, N, "mnuTagsUnderline"}, {nullptr},
+    {"Center", 6, C, "mnuTagsCenter"}, {"Right", 7, C}, {nullptr},
+    {"Page Properties", 8, N, "mnuEditProperties"}, {nullptr},
+    {"Insert Anchor", 9, N, "mnuInsertAnchor"}, {"Insert Hyperlink", 10, N, "mnuInsertHyperlink"},
+    {nullptr},
+    {"Insert Image", 11, N, "mnuInsertImage"}, {"Insert Marquee", 12, N, "mnuInsertMarquee"},
+    {"Insert List", 13, N, "mnuInsertBullet"}, {"Insert Blockquote", 17, N, "mnuTagsBlock"},
+    {nullptr},
+    {"Insert Table", 14, N, "mnuInsertTable"}, {"Draw Table", 15}, {nullptr},
+    {"Insert Paragraph", 16, N, "mnuInsertParagraph"},
+};
+
+const Button kFormsButtons[] = {
+    {"Insert Form", 0, N, "mnuInsertFormSettings"}, {nullptr},
+    {"Insert Button", 1}, {"Insert Checkbox", 2}, {"Insert Combo Box", 3},
+    {"Insert Radio Button", 4}, {"Insert Text Box", 5}, {"Insert Multi-row Text Box", 6},
+    {nullptr},
+    {"Insert Image", 7}, {"Insert Hidden Field", 8},
+};
+// clang-format on
+
+template <size_t n> void addButtons(cToolbar& toolbar, const char* strip, const Button (&rows)[n]) {
+    toolbar.ImageFile = QString::fromLatin1(strip);
+    toolbar.CreateToolbar(16);
+    for (const Button& button : rows) {
+        if (!button.tip)
+            toolbar.AddSeparator();
+        else
+            toolbar.AddButton(QString::fromLatin1(button.tip), button.image, button.style);
+    }
+}
+
+// The menu item a button runs; empty for a separator and the buttons with work of their own.
+template <size_t n> QString itemOf(const Button (&rows)[n], int index) {
+    if (index < 0 || index >= static_cast<int>(n) || !rows[index].item) return {};
+    return QString::fromLatin1(rows[index].item);
+}
+} // namespace
+
 void ShellMDI::buildToolbars() {
-    using S = QString;
-    tbrMain.ImageFile = S("resources/toolbar1.tbr");
-    tbrMain.CreateToolbar(16);
-    tbrMain.AddButton(S("New"), 0, cToolbar::DropDown);
-    tbrMain.AddButton(S("Open"), 1);
-    tbrMain.AddButton(S("Open On-line File"), 2);
-    tbrMain.AddButton(S("Save"), 3);
-    tbrMain.AddSeparator();
-    tbrMain.AddButton(S("Print"), 4);
-    tbrMain.AddSeparator();
-    tbrMain.AddButton(S("Cut"), 5);
-    tbrMain.AddButton(S("Copy"), 6);
-    tbrMain.AddButton(S("Paste"), 7);
-    tbrMain.AddSeparator();
-    tbrMain.AddButton(S("Undo"), 8);
-    tbrMain.AddButton(S("Redo"), 16);
-    tbrMain.AddSeparator();
-    tbrMain.AddButton(S("Preview in Browser"), 9, cToolbar::DropDown);
-    tbrMain.AddSeparator();
-    tbrMain.AddButton(S("Show Forms Toolbar"), 10, cToolbar::Check);
-    tbrMain.AddButton(S("Show Tag List"), 11, cToolbar::Check);
-    tbrMain.AddSeparator();
-    tbrMain.AddButton(S("Style Settings"), 12);
-    tbrMain.AddButton(S("Link to Style Sheet"), 13);
-    tbrMain.AddSeparator();
-    tbrMain.AddButton(S("Insert Comment"), 14);
-    tbrMain.AddSeparator();
-    tbrMain.AddButton(S("Tell the world about Tessaline!"), 15);
+    addButtons(tbrMain, "resources/toolbar1.tbr", kMainButtons);
     tbrMain.ButtonClick = [this](int index) { tbrMain_ButtonClick(index); };
     tbrMain.ButtonDropDown = [this](int index) {
         if (index == 0) emit popupMenuRequested(QStringLiteral("mnuFileNew"));
         if (index == 14) emit popupMenuRequested(QStringLiteral("mnuFilePreview"));
     };
-
-    tbrTags.ImageFile = S("resources/toolbar2.tbr");
-    tbrTags.CreateToolbar(16);
-    // Center and Right are check buttons: a press turns their pressed state over, and in
-    // Layout view the state after the press picks the alignment.
-    constexpr int N = cToolbar::Normal;
-    constexpr int C = cToolbar::Check;
-    const struct {
-        const char* tip;
-        int image;
-        int style;
-    } tags[] = {{"Heading Tags", 0, N},
-                {nullptr, -1, N},
-                {"Font Settings", 2, N},
-                {nullptr, -1, N},
-                {"Bold", 3, N},
-                {"Italic", 4, N},
-                {"Underline", 5, N},
-                {nullptr, -1, N},
-                {"Center", 6, C},
-                {"Right", 7, C},
-                {nullptr, -1, N},
-                {"Page Properties", 8, N},
-                {nullptr, -1, N},
-                {"Insert Anchor", 9, N},
-                {"Insert Hyperlink", 10, N},
-                {nullptr, -1, N},
-                {"Insert Image", 11, N},
-                {"Insert Marquee", 12, N},
-                {"Insert List", 13, N},
-                {"Insert Blockquote", 17, N},
-                {nullptr, -1, N},
-                {"Insert Table", 14, N},
-                {"Draw Table", 15, N},
-                {nullptr, -1, N},
-                {"Insert Paragraph", 16, N}};
-    for (const auto& button : tags) {
-        if (!button.tip)
-            tbrTags.AddSeparator();
-        else
-            tbrTags.AddButton(QString::fromLatin1(button.tip), button.image, button.style);
-    }
+    addButtons(tbrTags, "resources/toolbar2.tbr", kTagsButtons);
     tbrTags.ButtonClick = [this](int index) { tbrTags_ButtonClick(index); };
-
-    tbrForms.ImageFile = S("resources/toolbar3.tbr");
-    tbrForms.CreateToolbar(16);
-    const char* const forms[] = {"Insert Form",
-                                 nullptr,
-                                 "Insert Button",
-                                 "Insert Checkbox",
-                                 "Insert Combo Box",
-                                 "Insert Radio Button",
-                                 "Insert Text Box",
-                                 "Insert Multi-row Text Box",
-                                 nullptr,
-                                 "Insert Image",
-                                 "Insert Hidden Field"};
-    int image = 0;
-    for (const char* tip : forms) {
-        if (!tip)
-            tbrForms.AddSeparator();
-        else
-            tbrForms.AddButton(QString::fromLatin1(tip), image++);
-    }
+    addButtons(tbrForms, "resources/toolbar3.tbr", kFormsButtons);
     tbrForms.ButtonClick = [this](int index) { tbrForms_ButtonClick(index); };
-
     buildBands();
 }
 
@@ -117,62 +103,12 @@ void ShellMDI::buildBands() {
 }
 
 void ShellMDI::tbrMain_ButtonClick(int index) {
-    using S = QString;
-    switch (index) {
-    case 0:
-        mnuFileNewHTML_Click();
-        break;
-    case 1:
-        mnuFileOpen_Click();
-        break;
-    case 2:
-        runMenuClick(S("mnuNet"));
-        break;
-    case 3:
-        mnuFileSave_Click();
-        break;
-    case 5:
-        runMenuClick(S("mnuFilePrint"));
-        break;
-    case 7:
-        mnuEditCut_Click();
-        break;
-    case 8:
-        mnuEditCopy_Click();
-        break;
-    case 9:
-        mnuEditPaste_Click();
-        break;
-    case 11:
-        mnuEditUndo_Click();
-        break;
-    case 12:
-        mnuEditRedo_Click();
-        break;
-    case 14:
-        runMenuClick(S("mnuFilePrevDef"));
-        break;
-    case 16:
-        mnuViewForms_Click();
-        break;
-    case 17:
-        mnuViewTagList_Click();
-        break;
-    case 19:
-        runMenuClick(S("mnuInsertCSS"));
-        break;
-    case 20:
-        runMenuClick(S("mnuInsertLink"));
-        break;
-    case 22:
-        mnuInsertComment_Click();
-        break;
-    case 24:
+    if (index == 24) {
         insertBadge();
-        break;
-    default:
-        break; // separators
+        return;
     }
+    const QString item = itemOf(kMainButtons, index);
+    if (!item.isEmpty()) runMenuClick(item);
 }
 
 void ShellMDI::tbrTags_ButtonClick(int index) {
@@ -208,60 +144,16 @@ void ShellMDI::tbrTags_ButtonClick(int index) {
             break;
         }
     }
-    switch (index) {
-    case 0:
+    if (index == 0) {
         emit popupMenuRequested(QStringLiteral("mnuHeadings"));
-        break;
-    case 2:
-        runMenuClick(QStringLiteral("mnuInsertFont"));
-        break;
-    case 4:
-        mnuTagsBold_Click();
-        break;
-    case 5:
-        mnuTagsItalic_Click();
-        break;
-    case 6:
-        mnuTagsUnderline_Click();
-        break;
-    case 8:
-        mnuTagsCenter_Click();
-        break;
-    case 9:
-        break; // deliberately nothing in Source view
-    case 11:
-        runMenuClick(QStringLiteral("mnuEditProperties"));
-        break;
-    case 13:
-        runMenuClick(QStringLiteral("mnuInsertAnchor"));
-        break;
-    case 14:
-        runMenuClick(QStringLiteral("mnuInsertHyperlink"));
-        break;
-    case 16:
-        runMenuClick(QStringLiteral("mnuInsertImage"));
-        break;
-    case 17:
-        runMenuClick(QStringLiteral("mnuInsertMarquee"));
-        break;
-    case 18:
-        runMenuClick(QStringLiteral("mnuInsertBullet"));
-        break;
-    case 19:
-        mnuTagsBlock_Click();
-        break;
-    case 21:
-        mnuInsertTable_Click();
-        break;
-    case 22:
-        tableChooser.ShowAtButton(tbrTags.name(), 22, TableChooser::MainToolbar);
-        break;
-    case 24:
-        mnuInsertParagraph_Click();
-        break;
-    default:
-        break; // separators
+        return;
     }
+    if (index == 22) {
+        tableChooser.ShowAtButton(tbrTags.name(), 22, TableChooser::MainToolbar);
+        return;
+    }
+    const QString item = itemOf(kTagsButtons, index);
+    if (!item.isEmpty()) runMenuClick(item);
 }
 
 QString ShellMDI::FormsButtonKind(int index) {
@@ -275,8 +167,9 @@ QString ShellMDI::FormsButtonKind(int index) {
 }
 
 void ShellMDI::tbrForms_ButtonClick(int index) {
-    if (index == 0) {
-        runMenuClick(QStringLiteral("mnuInsertFormSettings"));
+    const QString item = itemOf(kFormsButtons, index);
+    if (!item.isEmpty()) {
+        runMenuClick(item);
         return;
     }
     const QString kind = FormsButtonKind(index);

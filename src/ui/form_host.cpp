@@ -1,23 +1,33 @@
 #include "ui/form_host.h"
 #include "shell/shell_mdi.h"
 #include <QApplication>
-#include <QMessageBox>
 
 namespace tsl {
 
-FormDialog::FormDialog(Form& form, QWidget* parent) : QDialog(parent), form_(form) {
-    setWindowTitle(form.Caption);
+FormDialog::FormDialog(Form& form, ShellMDI& shell, QWidget* parent)
+    : QDialog(parent), form_(form), shell_(shell) {
     setObjectName(form.formName());
+    setWindowTitle(form.Caption());
+    connect(&form, &Form::captionChanged, this, [this] { setWindowTitle(form_.Caption()); });
     connect(&form, &Form::unloaded, this, &QDialog::accept);
 }
 
+FormDialog::FormDialog(std::unique_ptr<Form> form, ShellMDI& shell, QWidget* parent)
+    : FormDialog(*form, shell, parent) {
+    owned_ = std::move(form);
+}
+
+FormDialog::~FormDialog() {
+    // The widgets go before the controls they are bound to.
+    for (QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        delete child;
+}
+
 void FormDialog::reject() {
-    // Escape and the close box act as the form's Cancel; the form decides when it goes.
-    if (form_.isLoaded() && onCloseBox) {
-        onCloseBox();
-        if (form_.isLoaded()) return;
+    if (form_.isLoaded()) {
+        shell_.dispatch([this] { form_.closeBox(); });
+        if (form_.isLoaded()) return; // the form decides when it goes
     }
-    form_.Unload();
     QDialog::reject();
 }
 
@@ -25,22 +35,39 @@ void QtFormHost::registerView(const QString& formName, ViewBuilder builder) {
     builders_[formName] = std::move(builder);
 }
 
+bool QtFormHost::hasView(Form& form) {
+    if (builders_.count(form.formName()) && shell_) return true;
+    if (shell_) shell_->platform().notAvailable();
+    form.Unload();
+    return false;
+}
+
 void QtFormHost::showModal(Form& form) {
-    const auto it = builders_.find(form.formName());
-    if (it == builders_.end() || !shell_) {
-        QMessageBox::information(owner_, QStringLiteral("Tessaline"),
-                                 QStringLiteral("This dialog is not available yet."));
-        form.Unload();
-        return;
-    }
+    if (!hasView(form)) return;
     QWidget* parent =
         QApplication::activeModalWidget() ? QApplication::activeModalWidget() : owner_.data();
-    FormDialog dialog(form, parent);
-    it->second(form, dialog, *shell_);
+    FormDialog dialog(form, *shell_, parent);
+    builders_[form.formName()](form, dialog, *shell_);
     if (!form.isLoaded()) return; // a view may close the form while it is built
     current_ = &dialog;
     dialog.exec();
     current_ = nullptr;
+}
+
+void QtFormHost::showModeless(std::unique_ptr<Form> form) {
+    if (!hasView(*form)) return;
+    Form& shown = *form;
+    // Owned by the main window, so it stays in front of it and goes with it.
+    auto* dialog = new FormDialog(std::move(form), *shell_, owner_.data());
+    dialog->setModal(false);
+    builders_[shown.formName()](shown, *dialog, *shell_);
+    // Freed after the handler that unloaded it has returned.
+    QObject::connect(&shown, &Form::unloaded, dialog, &QObject::deleteLater);
+    if (!shown.isLoaded()) {
+        dialog->deleteLater();
+        return;
+    }
+    dialog->show();
 }
 
 } // namespace tsl

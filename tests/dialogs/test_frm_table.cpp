@@ -330,7 +330,7 @@ class TableDialogTest : public QObject {
         ts->bLayoutActive = true;
         const QString before = ts.active().codebox().Text();
         ts.forms.then<frmTable>([](frmTable& f) { f.OK.press(); });
-        ts->mnuInsertTable_Click();
+        ts.run("mnuInsertTable");
         auto& layout = dynamic_cast<DetachedLayout&>(ts.active().DHTMLEdit1());
         QCOMPARE(layout.pasted.size(), 1);
         QVERIFY(layout.pasted[0].startsWith("<table border=\"0\" width=\"100%\">\n"));
@@ -348,7 +348,7 @@ class TableDialogTest : public QObject {
             f.OK.press();
             stayed = f.isLoaded();
         });
-        ts->mnuInsertTable_Click();
+        ts.run("mnuInsertTable");
         QVERIFY(stayed);
         QVERIFY(ts->bInsertingMarkup);
         QCOMPARE(ts.active().codebox().Text(), before);
@@ -367,7 +367,7 @@ class TableDialogTest : public QObject {
             f.OK.press();
             stayed = f.isLoaded();
         });
-        shell.mnuInsertTable_Click();
+        ts.run("mnuInsertTable");
         QVERIFY(stayed);
         QVERIFY(shell.bInsertingMarkup);
         QVERIFY(platform.messages.isEmpty());
@@ -385,7 +385,7 @@ class TableDialogTest : public QObject {
             f.Cancel.press();
             QVERIFY(!f.isLoaded());
         });
-        ts->mnuInsertTable_Click();
+        ts.run("mnuInsertTable");
         QCOMPARE(doc.codebox().Text(), before);
         QCOMPARE(doc.Tag, QStringLiteral("Clean"));
         QVERIFY(!ts->menu("mnuEditUndo").Enabled());

@@ -14,7 +14,7 @@ namespace {
 // Queues a script for the dialog and opens it from the Edit menu.
 void preferences(TestShell& ts, std::function<void(frmOptions&)> script) {
     ts.forms.then<frmOptions>(std::move(script));
-    ts->mnuEditPrefs_Click();
+    ts.run("mnuEditPrefs");
 }
 
 // What the dialog showed when it opened.
@@ -31,7 +31,7 @@ Shown look(TestShell& ts) {
         shown.size = f.Size.Text();
         shown.browser = f.Text1.Text();
         shown.defaultDir = f.PreviewBox.Text();
-        shown.caption = f.Caption;
+        shown.caption = f.Caption();
         shown.wordWrap = f.chkWordWrap.Value();
         shown.autoClose = f.chkAutoClose.Value();
         shown.relative = f.chkRelative.Value();

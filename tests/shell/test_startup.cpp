@@ -220,7 +220,7 @@ class StartupTest : public QObject {
         QSignalSpy focus(&ts.active(), &codeEditor::focusRequested);
         bool opened = false;
         ts.forms.then<frmAbout>([&](frmAbout& about) {
-            opened = about.Caption == QStringLiteral("About Tessaline");
+            opened = about.Caption() == QStringLiteral("About Tessaline");
             about.OK.press();
             QVERIFY(!about.isLoaded());
         });

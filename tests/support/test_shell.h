@@ -33,6 +33,8 @@ struct TestShell {
         return *shell;
     }
     codeEditor& active() { return *shell->ActiveForm(); }
+    // Runs a menu item's handler, as choosing it does.
+    void run(const char* item) { shell->menu(QString::fromUtf8(item)).Click(); }
     // Opens a file through File > Open and answers the active document.
     codeEditor& open(const QString& path) {
         platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
@@ -43,6 +45,11 @@ struct TestShell {
 
 inline DetachedLayout& layoutOf(codeEditor& doc) {
     return static_cast<DetachedLayout&>(doc.DHTMLEdit1());
+}
+
+// A text with `markup` put in at `caret`, as an insert at the caret leaves it.
+inline QString insertedAt(const QString& before, int caret, const QString& markup) {
+    return before.left(caret) + markup + before.mid(caret);
 }
 
 // Writes a file into a folder and answers its full path.

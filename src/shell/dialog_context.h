@@ -1,0 +1,104 @@
+#pragma once
+// What a dialog may reach of the main window: the shared flags and values by their names, the
+// active document, the path by which markup reaches it, the relative browse, the settings and
+// the desktop services. A dialog holds this, not the whole main window, so a new dialog
+// touches no shared header.
+#include "gadgets/form.h"
+#include "platform/common_dialog.h"
+#include "platform/platform.h"
+#include "runtime/int16.h"
+#include "shell/settings_store.h"
+#include <QStringList>
+#include <functional>
+#include <vector>
+
+namespace tsl {
+
+class codeEditor;
+class TextBox;
+
+// The application-wide flags and values. They rely on the single thread.
+struct ShellState {
+    explicit ShellState(Platform& platform) : OpenSave(platform) {}
+
+    bool bInsertingMarkup = false;
+    bool bCaretStepTaken = false;
+    bool bLayoutActive = false;
+    bool bLoadingOnline = false;
+    bool bNewDocument = false;
+    bool bNewIsHtml = false;
+    bool bSelectingTab = false;
+    bool bClosingAll = false;
+    bool bCloseAllCancelled = false;
+    bool bFileAlreadyOpen = false;
+    bool bMainLoading = false;
+    bool bSizing = false;
+    bool bFormsToolbarOpen = false;
+    bool bStandardToolbarOpen = true;
+    bool bTagsToolbarOpen = true;
+    bool bTagListOpen = false;
+    bool bUseRelative = true;
+    bool bAutoCloseTag = true;
+    bool bCommandsDisabled = false;
+    qint32 nDocumentCount = 0;
+    // Shared values of the undo steps and drops.
+    Int16 nStepCaretAdvance = 0;
+    Int16 nStepCaretBack = 0;
+    Int16 nTagDropBack = 0;
+    bool bDropPending = false;
+    bool bTagDropPending = false;
+    codeEditor* CurrentDocument = nullptr;
+    codeEditor* NewDocWindow = nullptr;
+    QStringList FontNames;
+    // The folder of the active document, with its separator, as the last view switch found it.
+    QString sDocFolder;
+    QString sSecondaryBrowser;
+    // The shared file dialog of the main window.
+    CommonDialog OpenSave;
+    // Scratch values of the relative browse.
+    QString txtTemp1;
+    QString txtTemp2;
+    bool bRelativeUp = false;
+};
+
+class DialogContext : public ShellState {
+  public:
+    using ShellState::ShellState;
+    virtual ~DialogContext() = default;
+    virtual Platform& platform() = 0;
+    virtual SettingsStore& settings() = 0;
+    virtual FormHost& forms() = 0;
+    // The active document window; null when there is none.
+    virtual codeEditor* ActiveForm() const = 0;
+    // The documents, in the order they were loaded.
+    virtual const std::vector<codeEditor*>& documents() const = 0;
+    // Markup into the active document: the Layout surface's selection, or the Source pane's.
+    virtual void InsertMarkup(const QString& markup) = 0;
+    // A file from `dialog` into `target`, as a link relative to txtTemp1 where it can be.
+    virtual void RelativePath(CommonDialog& dialog, TextBox& target) = 0;
+};
+
+// Handlers bound to menu items by name. Each subsystem binds its own items in its own file;
+// the menu tree itself is data, and an item nobody binds says it is not available yet.
+class Commands {
+  public:
+    void bind(const QString& item, std::function<void()> handler) {
+        handlers_.emplace_back(item, std::move(handler));
+    }
+    const std::vector<std::pair<QString, std::function<void()>>>& handlers() const {
+        return handlers_;
+    }
+
+  private:
+    std::vector<std::pair<QString, std::function<void()>>> handlers_;
+};
+
+// Shows a modal dialog of type F for the document in front, as every dialog command does.
+template <typename F> void showDialog(DialogContext& context) {
+    context.CurrentDocument = context.ActiveForm();
+    F form(context);
+    form.Form_Load();
+    context.forms().showModal(form);
+}
+
+} // namespace tsl

@@ -1,0 +1,277 @@
+#include "ui/form_kit.h"
+#include "shell/shell_mdi.h"
+#include "ui/binders.h"
+#include "ui/form_host.h"
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace tsl::kit {
+
+class Builder {
+  public:
+    explicit Builder(ShellMDI& shell) : shell(shell), bind(shell) {}
+    ShellMDI& shell;
+    Binder bind;
+
+    QLabel* label(Label& control, QWidget* buddy) {
+        auto* widget = new QLabel;
+        bind.label(control, widget);
+        if (buddy) widget->setBuddy(buddy);
+        return widget;
+    }
+    static Built field(QWidget* widget, QWidget* focus = nullptr) {
+        Built built;
+        built.widget = widget;
+        built.focus = focus ? focus : widget;
+        return built;
+    }
+    // A widget holding a row of its own parts, with no margins.
+    static QHBoxLayout* strip(QWidget* row, int spacing = -1) {
+        auto* layout = new QHBoxLayout(row);
+        layout->setContentsMargins(0, 0, 0, 0);
+        if (spacing >= 0) layout->setSpacing(spacing);
+        return layout;
+    }
+};
+
+namespace {
+void place(QBoxLayout* box, const Built& built) {
+    if (built.isStretch)
+        box->addStretch(built.stretch);
+    else if (built.layout)
+        box->addLayout(built.layout, built.stretch);
+    else if (built.widget)
+        box->addWidget(built.widget, built.stretch);
+}
+
+Item boxOf(std::function<QBoxLayout*()> make, std::vector<Item> items) {
+    return [make = std::move(make), items = std::move(items)](Builder& b) {
+        Built built;
+        auto* box = make();
+        for (const Item& item : items)
+            place(box, item(b));
+        built.layout = box;
+        return built;
+    };
+}
+
+QToolButton* arrow(Qt::ArrowType type, QWidget* parent) {
+    auto* button = new QToolButton(parent);
+    button->setArrowType(type);
+    button->setFixedSize(18, 12);
+    return button;
+}
+} // namespace
+
+Item Column(std::vector<Item> items) {
+    return boxOf([] { return new QVBoxLayout; }, std::move(items));
+}
+
+Item Row(std::vector<Item> items) {
+    return boxOf([] { return new QHBoxLayout; }, std::move(items));
+}
+
+Item Stretch(int factor) {
+    return [factor](Builder&) {
+        Built built;
+        built.isStretch = true;
+        built.stretch = factor;
+        return built;
+    };
+}
+
+Item Spacing(int pixels) {
+    return [pixels](Builder&) {
+        auto* layout = new QVBoxLayout;
+        layout->addSpacing(pixels);
+        Built built;
+        built.layout = layout;
+        return built;
+    };
+}
+
+Item Stretched(int factor, Item item) {
+    return [factor, item = std::move(item)](Builder& b) {
+        Built built = item(b);
+        built.stretch = factor;
+        return built;
+    };
+}
+
+Item Group(Label& frame, std::vector<Item> rows) {
+    return [&frame, rows = std::move(rows)](Builder& b) {
+        auto* box = new QGroupBox;
+        b.bind.frame(frame, box);
+        auto* grid = new QGridLayout(box);
+        int row = 0;
+        for (const Item& item : rows) {
+            const Built built = item(b);
+            if (built.isStretch) {
+                grid->setRowStretch(row, built.stretch);
+                continue;
+            }
+            QWidget* widget = built.widget;
+            if (!widget) { // a layout across the row
+                grid->addLayout(built.layout, row++, 0, 1, 2);
+                continue;
+            }
+            if (built.caption) {
+                grid->addWidget(b.label(*built.caption, built.focus), row, 0);
+                grid->addWidget(widget, row++, 1);
+            } else {
+                grid->addWidget(widget, row++, 0, 1, 2);
+            }
+        }
+        return Builder::field(box);
+    };
+}
+
+Item Field(Label& caption, Item field) {
+    return [&caption, field = std::move(field)](Builder& b) {
+        Built built = field(b);
+        built.caption = &caption;
+        return built;
+    };
+}
+
+Item Text(TextBox& box, int width) {
+    return [&box, width](Builder& b) {
+        auto* edit = new QLineEdit;
+        b.bind.textBox(box, edit);
+        if (width > 0) edit->setFixedWidth(width);
+        return Builder::field(edit);
+    };
+}
+
+Item Spin(TextBox& box, UpDown& spinner) {
+    return [&box, &spinner](Builder& b) {
+        auto* row = new QWidget;
+        auto* layout = Builder::strip(row, 1);
+        QWidget* edit = Text(box, 48)(b).widget;
+        layout->addWidget(edit);
+        auto* arrows = new QVBoxLayout;
+        arrows->setSpacing(0);
+        auto* up = arrow(Qt::UpArrow, row);
+        auto* down = arrow(Qt::DownArrow, row);
+        arrows->addWidget(up);
+        arrows->addWidget(down);
+        b.bind.upDown(spinner, up, down);
+        up->setObjectName(spinner.name() + QStringLiteral("Up"));
+        down->setObjectName(spinner.name() + QStringLiteral("Down"));
+        layout->addLayout(arrows);
+        layout->addStretch(1);
+        return Builder::field(row, edit);
+    };
+}
+
+Item Combo(ComboBox& box, int minimumWidth) {
+    return [&box, minimumWidth](Builder& b) {
+        auto* widget = new QComboBox;
+        if (minimumWidth > 0) widget->setMinimumWidth(minimumWidth);
+        b.bind.comboBox(box, widget);
+        return Builder::field(widget);
+    };
+}
+
+Item Check(CheckBox& box) {
+    return [&box](Builder& b) {
+        auto* widget = new QCheckBox;
+        b.bind.checkBox(box, widget);
+        return Builder::field(widget);
+    };
+}
+
+Item Option(OptionButton& option) {
+    return [&option](Builder& b) {
+        auto* widget = new QRadioButton;
+        b.bind.optionButton(option, widget);
+        return Builder::field(widget);
+    };
+}
+
+Item Picked(TextBox& box, CommandButton& button, int width) {
+    return [&box, &button, width](Builder& b) {
+        auto* row = new QWidget;
+        auto* layout = Builder::strip(row);
+        QWidget* edit = Text(box, width)(b).widget;
+        layout->addWidget(edit, width > 0 ? 0 : 1);
+        auto* push = new QPushButton;
+        push->setFixedWidth(32);
+        // Enter stays with the dialog's default button.
+        push->setAutoDefault(false);
+        b.bind.button(button, push);
+        layout->addWidget(push);
+        if (width > 0) layout->addStretch(1);
+        return Builder::field(row, edit);
+    };
+}
+
+Item Note(Label& label, int style) {
+    return [&label, style](Builder& b) {
+        QLabel* widget = b.label(label, nullptr);
+        if (style & Centered) widget->setAlignment(Qt::AlignCenter);
+        widget->setWordWrap(style & Wrapped);
+        if (style & Big) {
+            QFont big = widget->font();
+            big.setPointSizeF(big.pointSizeF() * 2);
+            big.setBold(true);
+            widget->setFont(big);
+        }
+        return Builder::field(widget);
+    };
+}
+
+Item Link(Label& label, std::function<void()> click) {
+    return [&label, click = std::move(click)](Builder& b) {
+        QLabel* widget = b.label(label, nullptr);
+        widget->setText(
+            QStringLiteral("<a href=\"#\">%1</a>").arg(label.Caption().toHtmlEscaped()));
+        widget->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+        widget->setAlignment(Qt::AlignCenter);
+        QObject::connect(widget, &QLabel::linkActivated, widget,
+                         [shell = &b.shell, click] { shell->dispatch(click); });
+        return Builder::field(widget);
+    };
+}
+
+Item Buttons(std::vector<CommandButton*> buttons) {
+    return [buttons = std::move(buttons)](Builder& b) {
+        auto* box = new QDialogButtonBox;
+        for (CommandButton* button : buttons) {
+            // A button that only cancels sits where the desktop puts Cancel.
+            const bool onlyCancel = button->Cancel && !button->Default;
+            QPushButton* push =
+                box->addButton(QString(), onlyCancel ? QDialogButtonBox::RejectRole
+                                                     : QDialogButtonBox::AcceptRole);
+            push->setDefault(button->Default);
+            b.bind.button(*button, push);
+        }
+        return Builder::field(box);
+    };
+}
+
+void build(FormDialog& dialog, ShellMDI& shell, const Item& root) {
+    Builder builder(shell);
+    const Built built = root(builder);
+    if (built.layout) {
+        dialog.setLayout(built.layout);
+    } else {
+        auto* layout = new QVBoxLayout(&dialog);
+        layout->addWidget(built.widget);
+    }
+    // The buttons run the form's handlers themselves, not the box's accept and reject.
+    for (QDialogButtonBox* box : dialog.findChildren<QDialogButtonBox*>())
+        QObject::disconnect(box, nullptr, &dialog, nullptr);
+}
+
+} // namespace tsl::kit

@@ -1,0 +1,71 @@
+#pragma once
+// The form kit: a dialog's view as a short description of its layout, a column of groups of
+// rows, each piece bound to its control as it is built. A label + field row makes its label
+// the field's buddy, which also gives the field its accessible name.
+//
+//   kit::build(dialog, shell, Column({
+//       Group(form.fraSize, {Field(form.lblCols, Spin(form.ColBox, form.ColUpDown))}),
+//       Buttons({&form.OK, &form.Cancel})}));
+#include "gadgets/controls.h"
+#include <QString>
+#include <functional>
+#include <vector>
+
+class QLayout;
+class QWidget;
+
+namespace tsl {
+
+class FormDialog;
+class ShellMDI;
+
+namespace kit {
+
+class Builder;
+
+// What one piece builds: a widget or a layout; for a field, the widget its label names.
+struct Built {
+    QWidget* widget = nullptr;
+    QLayout* layout = nullptr;
+    QWidget* focus = nullptr;
+    Label* caption = nullptr; // set on a label + field row
+    int stretch = 0;          // its share of the room left in a row or column
+    bool isStretch = false;   // room left empty
+};
+using Item = std::function<Built(Builder&)>;
+
+// Arrangement.
+Item Column(std::vector<Item> items);
+Item Row(std::vector<Item> items);
+// A frame with its caption, holding rows: label + field rows in two columns, anything else
+// across both. A Stretch among the rows takes the room below.
+Item Group(Label& frame, std::vector<Item> rows);
+Item Stretch(int factor = 1);
+Item Spacing(int pixels);
+// The item with a share of the room left in its row or column.
+Item Stretched(int factor, Item item);
+
+// Fields.
+Item Field(Label& caption, Item field);
+Item Text(TextBox& box, int width = 0);
+// A text box with its spinner's two arrows.
+Item Spin(TextBox& box, UpDown& spinner);
+Item Combo(ComboBox& box, int minimumWidth = 0);
+Item Check(CheckBox& box);
+Item Option(OptionButton& option);
+// A text box with the button that fills it: a colour picker or a browse. With a width the
+// box keeps it; without, it takes the room.
+Item Picked(TextBox& box, CommandButton& button, int width = 0);
+enum NoteStyle { Plain = 0, Centered = 1, Wrapped = 2, Big = 4 };
+// A label on its own: a heading of the rows below, or a note.
+Item Note(Label& label, int style = Plain);
+// A label that looks and acts like a link; a click runs the handler.
+Item Link(Label& label, std::function<void()> click);
+// The row of the dialog's buttons (OK, Cancel). The default button is the form's.
+Item Buttons(std::vector<CommandButton*> buttons);
+
+// Builds the layout into the dialog of a form.
+void build(FormDialog& dialog, ShellMDI& shell, const Item& root);
+
+} // namespace kit
+} // namespace tsl
