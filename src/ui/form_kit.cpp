@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -136,6 +137,25 @@ Item Group(Label& frame, std::vector<Item> rows) {
     };
 }
 
+Item FormGroup(Label& frame, std::vector<Item> rows) {
+    return [&frame, rows = std::move(rows)](Builder& b) {
+        auto* box = new QGroupBox;
+        b.bind.frame(frame, box);
+        auto* form = new QFormLayout(box);
+        for (const Item& item : rows) {
+            const Built built = item(b);
+            if (built.isStretch) continue;
+            if (built.caption)
+                form->addRow(b.label(*built.caption, built.focus), built.widget);
+            else if (built.widget)
+                form->addRow(built.widget);
+            else
+                form->addRow(built.layout);
+        }
+        return Builder::field(box);
+    };
+}
+
 Item Field(Label& caption, Item field) {
     return [&caption, field = std::move(field)](Builder& b) {
         Built built = field(b);
@@ -253,7 +273,6 @@ Item Buttons(std::vector<CommandButton*> buttons) {
             QPushButton* push =
                 box->addButton(QString(), onlyCancel ? QDialogButtonBox::RejectRole
                                                      : QDialogButtonBox::AcceptRole);
-            push->setDefault(button->Default);
             b.bind.button(*button, push);
         }
         return Builder::field(box);
@@ -272,6 +291,9 @@ void build(FormDialog& dialog, ShellMDI& shell, const Item& root) {
     // The buttons run the form's handlers themselves, not the box's accept and reject.
     for (QDialogButtonBox* box : dialog.findChildren<QDialogButtonBox*>())
         QObject::disconnect(box, nullptr, &dialog, nullptr);
+    // Enter presses the form's default button; set once the button is in its dialog.
+    if (CommandButton* button = dialog.form().defaultButton())
+        if (auto* push = dialog.findChild<QPushButton*>(button->name())) push->setDefault(true);
 }
 
 } // namespace tsl::kit

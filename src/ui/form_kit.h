@@ -40,6 +40,8 @@ Item Row(std::vector<Item> items);
 // A frame with its caption, holding rows: label + field rows in two columns, anything else
 // across both. A Stretch among the rows takes the room below.
 Item Group(Label& frame, std::vector<Item> rows);
+// The same in the desktop's form layout, with its spacing and label alignment.
+Item FormGroup(Label& frame, std::vector<Item> rows);
 Item Stretch(int factor = 1);
 Item Spacing(int pixels);
 // The item with a share of the room left in its row or column.

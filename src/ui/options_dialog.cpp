@@ -9,14 +9,15 @@ namespace tsl {
 void buildOptionsView(Form& base, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
     auto& f = static_cast<frmOptions&>(base);
-    build(dialog, shell,
-          Column({Group(f.fraEditor, {Field(f.lblFontFace, Combo(f.FontFace, 220)),
-                                      Field(f.lblSize, Spin(f.Size, f.UpDown1)),
-                                      Check(f.chkWordWrap), Check(f.chkAutoClose)}),
-                  Group(f.fraLocations, {Field(f.lblBrowser, Picked(f.Text1, f.Command1)),
-                                         Field(f.lblDefaultDir, Picked(f.PreviewBox, f.Command2)),
-                                         Check(f.chkRelative), Note(f.Label1, Wrapped)}),
-                  Buttons({&f.OK, &f.Cancel})}));
+    build(
+        dialog, shell,
+        Column({FormGroup(f.fraEditor, {Field(f.lblFontFace, Combo(f.FontFace, 220)),
+                                        Field(f.lblSize, Spin(f.Size, f.UpDown1)),
+                                        Check(f.chkWordWrap), Check(f.chkAutoClose)}),
+                FormGroup(f.fraLocations, {Field(f.lblBrowser, Picked(f.Text1, f.Command1)),
+                                           Field(f.lblDefaultDir, Picked(f.PreviewBox, f.Command2)),
+                                           Check(f.chkRelative), Note(f.Label1, Wrapped)}),
+                Buttons({&f.OK, &f.Cancel})}));
     dialog.setMinimumWidth(460);
 }
 
