@@ -1,5 +1,6 @@
-// The Insert Table dialog: its markup, the interplay of its fields, the key filters, the colour
-// picker and file browse it shares with the other dialogs, OK in both views and Cancel.
+// The Insert Table dialog's own rules: its markup, the interplay of its fields, which boxes
+// filter which keys, what its common dialog starts with, and OK from the menu. The shapes it
+// shares with every dialog are tested once, in test_dialog_shapes.
 #include "dialogs/frm_table.h"
 #include "runtime/runtime_error.h"
 #include "test_shell.h"
@@ -187,89 +188,24 @@ class TableDialogTest : public QObject {
         QCOMPARE(form.WidthBox.Text(), QStringLiteral("100"));
     }
 
-    void spinnerRanges_data() {
-        QTest::addColumn<QString>("box");
-        QTest::addColumn<int>("min");
-        QTest::addColumn<int>("max");
-        for (const auto& [box, min, max] :
-             {std::tuple{"ColBox", 1, 99}, std::tuple{"RowBox", 1, 99},
-              std::tuple{"Spacing", 1, 50}, std::tuple{"Padding", 1, 50},
-              std::tuple{"BorderBox", 0, 72}, std::tuple{"WidthBox", 1, 100}})
-            QTest::newRow(box) << QString::fromUtf8(box) << min << max;
-    }
-    void spinnerRanges() {
-        QFETCH(QString, box);
-        QFETCH(int, min);
-        QFETCH(int, max);
+    // Digits in the counts and the width, hex digits in the colours, anything in the border.
+    void whichBoxesFilterWhichKeys() {
         TestShell ts;
         frmTable form(*ts);
-        UpDown* spinner = nullptr;
-        for (UpDown* s : {&form.ColUpDown, &form.RowUpDown, &form.UpDownS, &form.UpDownP,
-                          &form.UpDownB, &form.UpDown1})
-            if (s->buddy->name() == box) spinner = s;
-        QVERIFY(spinner);
-        spinner->buddy->setText(QString::number(max));
-        spinner->stepUp();
-        QCOMPARE(spinner->buddy->Text(), QString::number(max));
-        spinner->buddy->setText(QString::number(min));
-        spinner->stepDown();
-        QCOMPARE(spinner->buddy->Text(), QString::number(min));
-        spinner->stepUp();
-        QCOMPARE(spinner->buddy->Text(), QString::number(min + 1));
+        QStringList kept;
+        for (Control* control : form.controls()) {
+            auto* box = dynamic_cast<TextBox*>(control);
+            if (!box || !box->Enabled()) continue;
+            box->setText(QString());
+            box->typeText("1aZ");
+            kept.append(box->name() + QLatin1Char('=') + box->Text());
+        }
+        QCOMPARE(kept.join(u' '), QStringLiteral("ColBox=1 RowBox=1 Spacing=1 Padding=1 "
+                                                 "BorderBox=1aZ WidthBox=1 txtBGColour=1A "
+                                                 "BackgroundBox=1aZ"));
     }
 
-    // Box, typed, shown: numbers, hex digits in upper case, each up to its length.
-    void keyFilters_data() {
-        QTest::addColumn<QString>("box");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
-        const QStringList rows =
-            QStringLiteral("ColBox|a1-b2|12|RowBox|123|12|WidthBox|6x4.0|640|"
-                           "txtBGColour|#ff00Gg|FF00|txtBC|abcdef01|ABCDEF|BorderBox|1px|1px|"
-                           "BackgroundBox|a b.gif|a b.gif")
-                .split(u'|');
-        for (int i = 0; i < rows.size(); i += 3)
-            QTest::newRow(qPrintable(rows.at(i))) << rows.at(i) << rows.at(i + 1) << rows.at(i + 2);
-    }
-    void keyFilters() {
-        QFETCH(QString, box);
-        QFETCH(QString, typed);
-        QFETCH(QString, shown);
-        TestShell ts;
-        frmTable form(*ts);
-        form.BorderBox.setText("1");
-        form.optAllSides.setValue(true);
-        TextBox* target = nullptr;
-        for (TextBox* t : {&form.ColBox, &form.RowBox, &form.WidthBox, &form.txtBGColour,
-                           &form.txtBC, &form.BorderBox, &form.BackgroundBox})
-            if (t->name() == box) target = t;
-        target->setText(QString());
-        target->typeText(typed);
-        QCOMPARE(target->Text(), shown);
-        target->typeKey(8);
-        QCOMPARE(target->Text(), shown.left(shown.size() - 1));
-    }
-
-    void theColourPicker() {
-        TestShell ts;
-        frmTable form(*ts);
-        int focused = 0;
-        connect(&form.txtBGColour, &Control::focusRequested, this, [&] { ++focused; });
-        ts.platform.colorAnswers.enqueue(0x0080FFu); // red FF, green 80, blue 00
-        form.BGBrowse.press();
-        QCOMPARE(form.txtBGColour.Text(), QStringLiteral("FF8000"));
-        QCOMPARE(focused, 1);
-        ts.platform.colorAnswers.enqueue(0x050000u); // blue alone, padded to six digits
-        form.BGBrowse.press();
-        QCOMPARE(form.txtBGColour.Text(), QStringLiteral("000005"));
-        ts.platform.colorAnswers.enqueue(std::nullopt);
-        form.BGBrowse.press();
-        QCOMPARE(form.txtBGColour.Text(), QStringLiteral("000005"));
-        QCOMPARE(focused, 2);
-        QVERIFY(ts.platform.messages.isEmpty());
-    }
-
-    void theFileBrowse() {
+    void theCommonDialogStartsWithImagesAndTheOpenFolder() {
         TestShell ts;
         ts.load();
         ts.active().codebox().setFileName("/web/site/page.htm");
@@ -278,26 +214,15 @@ class TableDialogTest : public QObject {
         frmTable form(*ts);
         form.Form_Load();
         QCOMPARE(form.cdTable.InitDir, QStringLiteral("/web/site/"));
-        // A link that climbs keeps the start folders.
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file("/web/img/bg.gif"));
-        form.Browse.press();
-        QCOMPARE(form.BackgroundBox.Text(), QStringLiteral("../img/bg.gif"));
-        QCOMPARE(ts.platform.fileDialogsShown.last().Filter,
-                 QStringLiteral("All Formats|*.gif; *.jpeg; *.jpg|GIF Format (*.gif)|*.gif|"
-                                "JPEG Format (*.jpg; *.jpeg)|*.jpg; *.jpeg"));
-        QCOMPARE(form.cdTable.InitDir, QStringLiteral("/web/site/"));
-        QVERIFY(!ts->bRelativeUp);
-        // Anything else clears them, a cancel too.
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file("/web/site/img/bg.gif"));
         form.Browse.press();
         QCOMPARE(form.BackgroundBox.Text(), QStringLiteral("img/bg.gif"));
-        QCOMPARE(form.cdTable.InitDir, QString());
-        QCOMPARE(ts->OpenSave.InitDir, QString());
-        form.cdTable.InitDir = "/x/";
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
-        form.Browse.press();
-        QCOMPARE(form.BackgroundBox.Text(), QStringLiteral("img/bg.gif"));
-        QCOMPARE(form.cdTable.InitDir, QString());
+        QCOMPARE(ts.platform.fileDialogsShown.last().Filter,
+                 QStringLiteral("All Formats|*.gif; *.jpeg; *.jpg|GIF Format (*.gif)|*.gif|"
+                                "JPEG Format (*.jpg; *.jpeg)|*.jpg; *.jpeg"));
+        ts.platform.colorAnswers.enqueue(0x0080FFu);
+        form.BGBrowse.press();
+        QCOMPARE(form.txtBGColour.Text(), QStringLiteral("FF8000"));
     }
 
     void okInsertsAtTheCaretAndRecordsAStep() {
@@ -305,6 +230,7 @@ class TableDialogTest : public QObject {
         ts.load();
         codeEditor& doc = ts.active();
         const QString before = doc.codebox().Text();
+        const int caret = doc.codebox().SelStart();
         ts.forms.then<frmTable>([](frmTable& f) {
             f.ColBox.setText("1");
             f.RowBox.setText("1");
@@ -314,7 +240,7 @@ class TableDialogTest : public QObject {
         ts->menu("mnuInsertTable").Click();
         const QString table = QStringLiteral("<table border=\"0\" width=\"100%\">\n   <tr>\n      "
                                              "<td>&nbsp;</td>\n   </tr>\n</table>");
-        QCOMPARE(doc.codebox().Text(), before.left(106) + table + before.mid(106));
+        QCOMPARE(doc.codebox().Text(), insertedAt(before, caret, table));
         QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
         QVERIFY(!ts->bInsertingMarkup);
         QVERIFY(!ts->bCaretStepTaken);
@@ -322,20 +248,6 @@ class TableDialogTest : public QObject {
         QCOMPARE(ts->CurrentDocument, &doc);
         ts->mnuEditUndo_Click();
         QCOMPARE(doc.codebox().Text(), before);
-    }
-
-    void okInLayoutViewPastesIntoTheSurface() {
-        TestShell ts;
-        ts.load();
-        ts->bLayoutActive = true;
-        const QString before = ts.active().codebox().Text();
-        ts.forms.then<frmTable>([](frmTable& f) { f.OK.press(); });
-        ts.run("mnuInsertTable");
-        auto& layout = dynamic_cast<DetachedLayout&>(ts.active().DHTMLEdit1());
-        QCOMPARE(layout.pasted.size(), 1);
-        QVERIFY(layout.pasted[0].startsWith("<table border=\"0\" width=\"100%\">\n"));
-        QCOMPARE(ts.active().codebox().Text(), before);
-        QVERIFY(!ts->bInsertingMarkup);
     }
 
     void anEmptyCountKeepsTheDialogOpenWithTheFlagSet() {
@@ -353,43 +265,6 @@ class TableDialogTest : public QObject {
         QVERIFY(ts->bInsertingMarkup);
         QCOMPARE(ts.active().codebox().Text(), before);
         QVERIFY(ts.platform.messages.isEmpty());
-    }
-
-    void aRefusedPasteKeepsTheDialogOpen() {
-        TestShell ts;
-        ShellMDI& shell = ts.load();
-        ScriptedPlatform& platform = ts.platform;
-        ScriptedForms& forms = ts.forms;
-        layoutOf(ts.active()).refusePaste = true;
-        shell.bLayoutActive = true;
-        bool stayed = false;
-        forms.then<frmTable>([&](frmTable& f) {
-            f.OK.press();
-            stayed = f.isLoaded();
-        });
-        ts.run("mnuInsertTable");
-        QVERIFY(stayed);
-        QVERIFY(shell.bInsertingMarkup);
-        QVERIFY(platform.messages.isEmpty());
-    }
-
-    void cancelChangesNothing() {
-        TestShell ts;
-        ts.load();
-        codeEditor& doc = ts.active();
-        const QString before = doc.codebox().Text();
-        int focused = 0;
-        connect(&doc, &codeEditor::focusRequested, this, [&] { ++focused; });
-        ts.forms.then<frmTable>([](frmTable& f) {
-            f.RowBox.setText("5");
-            f.Cancel.press();
-            QVERIFY(!f.isLoaded());
-        });
-        ts.run("mnuInsertTable");
-        QCOMPARE(doc.codebox().Text(), before);
-        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
-        QVERIFY(!ts->menu("mnuEditUndo").Enabled());
-        QCOMPARE(focused, 1);
     }
 
     void theDrawTableButtonsOfTheTagsBar() {

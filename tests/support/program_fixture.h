@@ -1,6 +1,7 @@
 #pragma once
 // The whole program on the offscreen platform with scripted services, for the widget tests.
 // Header only: the widget tests link the view, the rest of the support library does not.
+#include "inserted_at.h"
 #include "scripted_platform.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"

@@ -1,6 +1,7 @@
 #pragma once
 // A fresh main window on scripted services, thrown away after each test.
 #include "editor/text_pane.h"
+#include "inserted_at.h"
 #include "scripted_forms.h"
 #include "scripted_platform.h"
 #include "shell/shell_mdi.h"
@@ -45,11 +46,6 @@ struct TestShell {
 
 inline DetachedLayout& layoutOf(codeEditor& doc) {
     return static_cast<DetachedLayout&>(doc.DHTMLEdit1());
-}
-
-// A text with `markup` put in at `caret`, as an insert at the caret leaves it.
-inline QString insertedAt(const QString& before, int caret, const QString& markup) {
-    return before.left(caret) + markup + before.mid(caret);
 }
 
 // Writes a file into a folder and answers its full path.

@@ -44,6 +44,7 @@ class TableDialogWidgetTest : public QObject {
         Program p;
         p.start();
         const QString before = p.text();
+        const int caret = p.shell().ActiveForm()->codebox().SelStart();
         bool ran = false;
         QTimer::singleShot(0, [&] {
             FormDialog* d = p.bench->forms().current();
@@ -86,15 +87,17 @@ class TableDialogWidgetTest : public QObject {
         const QString row =
             QStringLiteral("   <tr align=\"right\">\n      <td>&nbsp;</td>\n   </tr>\n");
         QCOMPARE(p.text(),
-                 before.left(106) +
+                 insertedAt(
+                     before, caret,
                      QStringLiteral("<table border=\"2\" width=\"100\" bordercolor=\"C0FFEE\">\n") +
-                     row.repeated(3) + QStringLiteral("</table>") + before.mid(106));
+                         row.repeated(3) + QStringLiteral("</table>")));
     }
 
     void theChooserDropsDownUnderItsButtonAndInserts() {
         Program p;
         p.start();
         const QString before = p.text();
+        const int caret = p.shell().ActiveForm()->codebox().SelStart();
         QWidget* button = p.drawTableButton();
         QVERIFY(button);
         QTest::mouseClick(button, Qt::LeftButton);
@@ -122,8 +125,9 @@ class TableDialogWidgetTest : public QObject {
         const QString row = QStringLiteral("   <tr>\n") +
                             QStringLiteral("      <td>&nbsp;</td>\n").repeated(3) +
                             QStringLiteral("   </tr>\n");
-        QCOMPARE(p.text(), before.left(106) + QStringLiteral("<table width=\"100%\">\n") + row +
-                               row + QStringLiteral("</table>") + before.mid(106));
+        QCOMPARE(p.text(), insertedAt(before, caret,
+                                      QStringLiteral("<table width=\"100%\">\n") + row + row +
+                                          QStringLiteral("</table>")));
     }
 
     void theFileMenuShowsTheRecentFiles() {
