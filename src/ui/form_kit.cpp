@@ -27,7 +27,17 @@ class Builder {
     QLabel* label(Label& control, QWidget* buddy) {
         auto* widget = new QLabel;
         bind.label(control, widget);
-        if (buddy) widget->setBuddy(buddy);
+        if (!buddy) return widget;
+        widget->setBuddy(buddy);
+        // The field's name for assistive tools: its label, which need not stand beside it.
+        const auto name = [&control, buddy] {
+            QString text = control.Caption();
+            buddy->setAccessibleName(text.replace(QStringLiteral("&&"), QStringLiteral("\x1"))
+                                         .remove(QLatin1Char('&'))
+                                         .replace(QStringLiteral("\x1"), QStringLiteral("&")));
+        };
+        name();
+        QObject::connect(&control, &Control::changed, buddy, name);
         return widget;
     }
     static Built field(QWidget* widget, QWidget* focus = nullptr) {
