@@ -19,6 +19,8 @@ struct MessageBoxRequest {
     QString title;
     MsgIcon icon = MsgIcon::None;
     MsgButtons buttons = MsgButtons::OK;
+    // The box stays above every window of the desktop until it is answered.
+    bool systemModal = false;
 };
 
 class Platform {

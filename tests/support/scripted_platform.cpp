@@ -10,7 +10,8 @@ FileDialogAnswer FileDialogAnswer::files(const QString& folder, const QStringLis
 }
 
 MsgResult ScriptedPlatform::messageBox(const MessageBoxRequest& request) {
-    messages.append({request.text, request.title, request.icon, request.buttons});
+    messages.append(
+        {request.text, request.title, request.icon, request.buttons, request.systemModal});
     if (!messageAnswers.isEmpty()) return messageAnswers.dequeue();
     // A box with only OK needs no script.
     if (request.buttons == MsgButtons::OK) return MsgResult::OK;

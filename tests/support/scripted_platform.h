@@ -17,6 +17,7 @@ struct ShownMessage {
     QString title;
     MsgIcon icon;
     MsgButtons buttons;
+    bool systemModal = false;
 };
 
 // What a file dialog does when shown: accept with a name, or cancel.
