@@ -56,8 +56,13 @@ void finished(Platform& platform, const QString& text) {
 
 QString upperFolded(const QString& text) {
     QString folded = text;
-    for (QChar& c : folded)
-        c = c.toUpper();
+    for (QChar& c : folded) {
+        const char16_t u = c.unicode();
+        if (u < 0x80)
+            c = QChar(u >= 'a' && u <= 'z' ? char16_t(u - 32) : u);
+        else
+            c = c.toUpper();
+    }
     return folded;
 }
 
@@ -94,9 +99,13 @@ void FindNextMatch(FindState& state, SourcePane& codebox, int activeSelStart, Pl
 int ReplaceAllMatches(FindState& state, SourcePane& codebox, const QString& replacement,
                       Platform& platform) {
     Int16 count = 0;
+    // The compared text is kept in step with the pane's, replacement by replacement, rather
+    // than fetched and folded whole in every pass.
+    Pair pair = comparedPair(state, codebox);
+    const QString foldedReplacement =
+        state.FindMatchCase != 0 ? replacement : upperFolded(replacement);
     for (;;) {
         Int16 p = startPosition(state, codebox, codebox.SelStart());
-        const Pair pair = comparedPair(state, codebox);
         if (state.FindDirection == 1) {
             if (codebox.SelStart() == 0) p = toInt16(p + 1);
             p = searchDown(pair, p);
@@ -108,6 +117,7 @@ int ReplaceAllMatches(FindState& state, SourcePane& codebox, const QString& repl
         codebox.setSelStart(p - 1);
         codebox.setSelLength(toInt16(state.FindText.size()));
         codebox.setSelText(replacement);
+        pair.text.replace(p - 1, state.FindText.size(), foldedReplacement);
         count = incrementInt16(count);
         if (state.FindDirection == 0)
             codebox.setSelStart(toInt16(codebox.SelStart() - replacement.size()));
