@@ -116,6 +116,7 @@ enum Id {
     DeleteCells = 5005,
     DeleteColumns = 5006,
     DeleteRows = 5007,
+    FindText = 5008,
     FontDialog = 5009,
     GetBlockFormat = 5011,
     GetFontName = 5013,

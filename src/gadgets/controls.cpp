@@ -119,12 +119,14 @@ QString ListControl::List(int index) const {
 
 void ListControl::AddItem(const QString& item) {
     items_.append(item);
+    selected_.append(false);
     emit changed();
 }
 
 void ListControl::AddItem(const QString& item, int index) {
     if (index < 0 || index > items_.size()) raise(ErrInvalidProcedureCall);
     items_.insert(index, item);
+    selected_.insert(index, false);
     if (listIndex_ >= index) ++listIndex_;
     emit changed();
 }
@@ -132,6 +134,7 @@ void ListControl::AddItem(const QString& item, int index) {
 void ListControl::RemoveItem(int index) {
     if (index < 0 || index >= items_.size()) raise(ErrInvalidProcedureCall);
     items_.removeAt(index);
+    selected_.removeAt(index);
     if (listIndex_ == index)
         listIndex_ = -1;
     else if (listIndex_ > index)
@@ -141,6 +144,7 @@ void ListControl::RemoveItem(int index) {
 
 void ListControl::Clear() {
     items_.clear();
+    selected_.clear();
     listIndex_ = -1;
     emit changed();
 }
@@ -152,6 +156,34 @@ void ListControl::setListIndex(int index) {
     selectionChanged();
     emit changed();
     if (Click) Click();
+}
+
+bool ListControl::Selected(int index) const {
+    if (index < 0 || index >= items_.size()) raise(ErrInvalidPropertyValue);
+    return MultiSelect ? selected_.at(index) : index == listIndex_;
+}
+
+void ListControl::setSelected(int index, bool on) {
+    if (index < 0 || index >= items_.size()) raise(ErrInvalidPropertyValue);
+    if (!MultiSelect) {
+        if (on) setListIndex(index);
+        return;
+    }
+    if (selected_.at(index) == on) return;
+    selected_[index] = on;
+    emit changed();
+}
+
+int ListControl::SelCount() const {
+    if (!MultiSelect) return listIndex_ >= 0 ? 1 : 0;
+    return static_cast<int>(selected_.count(true));
+}
+
+void ProgressBar::setValue(int value) {
+    if (value < Min || value > Max) raise(ErrInvalidPropertyValue);
+    if (value == value_) return;
+    value_ = value;
+    emit changed();
 }
 
 QString ComboBox::Text() const {

@@ -26,10 +26,13 @@ class Control : public QObject {
     void setVisible(bool on);
     // Where the focus was last put by the logic; the view moves the real focus.
     void SetFocus() { emit focusRequested(); }
+    QString ToolTipText;
 
   signals:
     void changed();
     void focusRequested();
+    // A text box is asked to select all of its text.
+    void selectAllRequested();
 
   private:
     QString name_;
@@ -80,6 +83,7 @@ class TextBox : public Control {
     // A key typed by the user at the end of the text: KeyPress first, then the edit.
     void typeKey(int keyAscii);
     void typeText(const QString& text);
+    void SelectAll() { emit selectAllRequested(); }
 
   private:
     QString text_;
@@ -126,10 +130,19 @@ class ListControl : public Control {
     // A change of selection raises Click; an index outside the list is a run-time error.
     void setListIndex(int index);
     std::function<void()> Click;
+    std::function<void()> DblClick;
+
+    // A list that lets the user pick several entries; ListIndex is then the one with the
+    // focus, and Selected tells each entry apart.
+    bool MultiSelect = false;
+    bool Selected(int index) const;
+    void setSelected(int index, bool on);
+    int SelCount() const;
 
   protected:
     virtual void selectionChanged() {}
     QStringList items_;
+    QList<bool> selected_;
     int listIndex_ = -1;
 };
 
@@ -151,6 +164,8 @@ class ComboBox : public ListControl {
     // holds, selecting it, and refuses anything else with a run-time error.
     void setText(const QString& text);
     std::function<void()> Change;
+    // Key filter of the editable text: may set the key code to 0 to drop the key.
+    std::function<void(int& keyAscii)> KeyPress;
 
   protected:
     void selectionChanged() override;
@@ -158,6 +173,19 @@ class ComboBox : public ListControl {
   private:
     Style style_;
     QString text_;
+};
+
+// A bar that shows how far a long run has come.
+class ProgressBar : public Control {
+  public:
+    using Control::Control;
+    int Min = 0;
+    int Max = 100;
+    int Value() const { return value_; }
+    void setValue(int value);
+
+  private:
+    int value_ = 0;
 };
 
 class UpDown : public Control {

@@ -36,6 +36,9 @@ class Form : public QObject {
     virtual void closeBox();
 
     bool isLoaded() const { return loaded_; }
+    // Brings the window forward with the keyboard (a window shown beside the main one).
+    void Show() { emit activateRequested(); }
+    void SetFocus() { emit activateRequested(); }
     void Unload() {
         if (!loaded_) return;
         loaded_ = false;
@@ -44,6 +47,7 @@ class Form : public QObject {
 
   signals:
     void unloaded();
+    void activateRequested();
     void captionChanged();
 
   private:

@@ -21,6 +21,8 @@ QString errorDescription(int number) {
         return QStringLiteral("File not found");
     case ErrFileAlreadyOpen:
         return QStringLiteral("File already open");
+    case ErrDeviceUnavailable:
+        return QStringLiteral("Device unavailable");
     case ErrPermissionDenied:
         return QStringLiteral("Permission denied");
     case ErrPathFileAccess:

@@ -14,6 +14,7 @@ enum ErrorNumber : int {
     ErrTypeMismatch = 13,
     ErrFileNotFound = 53,
     ErrFileAlreadyOpen = 55,
+    ErrDeviceUnavailable = 68,
     ErrPermissionDenied = 70,
     ErrPathFileAccess = 75,
     ErrPathNotFound = 76,

@@ -187,7 +187,8 @@ int codeEditor::Form_QueryUnload() {
 }
 
 void codeEditor::Form_Unload() {
-    // The find dialog goes with any document; it arrives with the search commands.
+    // The find window goes with any document.
+    if (shell_.frmFind) shell_.frmFind->Unload();
     if (shell_.FormsCount() - 1 == 1) shell_.DisableDocumentCommands();
 }
 

@@ -145,6 +145,8 @@ void bindEditorCommands(ShellMDI& shell, Commands& commands);
 void bindTableDialog(DialogContext& context, Commands& commands);
 void bindOptionsDialog(DialogContext& context, Commands& commands);
 void bindAboutDialog(DialogContext& context, Commands& commands);
+void bindFindReplace(DialogContext& context, Commands& commands);
+void bindExtendedReplace(DialogContext& context, Commands& commands);
 
 void ShellMDI::bindViewCommands(Commands& commands) {
     commands.bind(QStringLiteral("mnuViewStdTlb"), [this] { mnuViewStdTlb_Click(); });
@@ -192,6 +194,8 @@ void ShellMDI::buildMenus() {
     bindTableDialog(*this, commands);
     bindOptionsDialog(*this, commands);
     bindAboutDialog(*this, commands);
+    bindFindReplace(*this, commands);
+    bindExtendedReplace(*this, commands);
     for (const auto& [name, handler] : commands.handlers())
         menu(name).Click = handler;
 

@@ -7,7 +7,9 @@
 #include "platform/common_dialog.h"
 #include "platform/platform.h"
 #include "runtime/int16.h"
+#include "search/find_replace.h"
 #include "shell/settings_store.h"
+#include <QPointer>
 #include <QStringList>
 #include <functional>
 #include <vector>
@@ -59,6 +61,12 @@ struct ShellState {
     QString txtTemp1;
     QString txtTemp2;
     bool bRelativeUp = false;
+    // The search of Find & Replace, kept while the program runs, and its open dialog.
+    FindState Search;
+    bool bFindOpen = false;
+    QPointer<Form> frmFind;
+    // The folder last shown when choosing files to replace in.
+    QString sLastChooseDir;
 };
 
 class DialogContext : public ShellState {
@@ -76,6 +84,8 @@ class DialogContext : public ShellState {
     virtual void InsertMarkup(const QString& markup) = 0;
     // A file from `dialog` into `target`, as a link relative to txtTemp1 where it can be.
     virtual void RelativePath(CommonDialog& dialog, TextBox& target) = 0;
+    // Sets bFileAlreadyOpen when a document window has exactly that path as its caption.
+    virtual void CheckFileOpen(const QString& path) = 0;
 };
 
 // Handlers bound to menu items by name. Each subsystem binds its own items in its own file;

@@ -183,7 +183,7 @@ class ShellMDI : public QObject, public DialogContext {
     // The codes of the window arrange operation.
     enum Arrange { Cascade = 0, TileHorizontal = 1, TileVertical = 2, ArrangeIcons = 3 };
     codeEditor* OpenDocumentWindow(const QString& path);
-    void CheckFileOpen(const QString& path);
+    void CheckFileOpen(const QString& path) override;
     QString StripItem(QString& s, const QString& delimiter);
     // Unloads a document window after asking it; false when it stayed.
     bool unloadDocument(codeEditor* doc);

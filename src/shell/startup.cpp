@@ -105,6 +105,8 @@ int ShellMDI::MDIForm_QueryUnload() {
 void ShellMDI::MDIForm_Unload() {}
 
 bool ShellMDI::requestExit() {
+    // The find window closes before anything else.
+    if (frmFind) frmFind->Unload();
     if (MDIForm_QueryUnload() != 0) return false;
     while (!documents_.empty()) {
         if (!unloadDocument(ActiveForm())) return false;

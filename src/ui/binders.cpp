@@ -3,28 +3,36 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QEvent>
+#include <QFileSystemModel>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QTreeView>
 #include <memory>
 
 namespace tsl {
 
 namespace {
-// Hands a text box's typed characters to its KeyPress handler, which may drop them.
+// Hands the typed characters of a text box or an editable combo to its KeyPress handler,
+// which may drop them or put another in their place.
 class KeyPressFilter : public QObject {
   public:
-    KeyPressFilter(TextBox& control, QObject* parent,
-                   std::function<void(std::function<void()>)> run)
-        : QObject(parent), control_(control), run_(std::move(run)) {}
+    using Handler = std::function<void(int&)>;
+    KeyPressFilter(const Handler& handler, std::function<void(const QString&)> setText,
+                   QObject* parent, std::function<void(std::function<void()>)> run)
+        : QObject(parent), handler_(handler), setText_(std::move(setText)), run_(std::move(run)) {}
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress || !control_.KeyPress)
+        if (event->type() != QEvent::KeyPress || !handler_)
             return QObject::eventFilter(watched, event);
         auto* key = static_cast<QKeyEvent*>(event);
         int ascii = 0;
@@ -35,17 +43,18 @@ class KeyPressFilter : public QObject {
             ascii = key->text().at(0).unicode();
         if (ascii == 0) return false; // caret keys and shortcuts are no characters
         const int typed = ascii;
-        run_([&] { control_.KeyPress(ascii); });
+        run_([&] { handler_(ascii); });
         auto* edit = qobject_cast<QLineEdit*>(watched);
         if (ascii == 0 || ascii == typed || ascii == 8 || !edit) return ascii == 0;
         // The handler put another character in place of the typed one.
         edit->insert(QString(QChar(ascii)));
-        run_([&] { control_.setText(edit->text()); });
+        run_([&] { setText_(edit->text()); });
         return true;
     }
 
   private:
-    TextBox& control_;
+    const Handler& handler_;
+    std::function<void(const QString&)> setText_;
     std::function<void(std::function<void()>)> run_;
 };
 } // namespace
@@ -64,6 +73,7 @@ void Binder::common(Control& control, QWidget* widget) {
     update();
     QObject::connect(&control, &Control::changed, widget, update);
     QObject::connect(&control, &Control::focusRequested, widget, [widget] { widget->setFocus(); });
+    if (!control.ToolTipText.isEmpty()) widget->setToolTip(control.ToolTipText);
 }
 
 void Binder::label(Label& control, QLabel* widget) {
@@ -94,7 +104,12 @@ void Binder::textBox(TextBox& control, QLineEdit* widget) {
                          shell->dispatch([&] { control.setText(text); });
                      });
     widget->installEventFilter(new KeyPressFilter(
-        control, widget, [shell = &shell_](std::function<void()> h) { shell->dispatch(h); }));
+        control.KeyPress, [&control](const QString& text) { control.setText(text); }, widget,
+        [shell = &shell_](std::function<void()> h) { shell->dispatch(h); }));
+    QObject::connect(&control, &Control::selectAllRequested, widget, [widget] {
+        widget->setFocus();
+        widget->selectAll();
+    });
 }
 
 void Binder::checkBox(CheckBox& control, QCheckBox* widget) {
@@ -151,12 +166,16 @@ void Binder::comboBox(ComboBox& control, QComboBox* widget) {
                      [shell = &shell_, &control](int index) {
                          shell->dispatch([&] { control.setListIndex(index); });
                      });
-    if (widget->isEditable())
+    if (widget->isEditable()) {
         QObject::connect(widget, &QComboBox::editTextChanged, widget,
                          [shell = &shell_, &control](const QString& text) {
                              if (text != control.Text())
                                  shell->dispatch([&] { control.setText(text); });
                          });
+        widget->lineEdit()->installEventFilter(new KeyPressFilter(
+            control.KeyPress, [&control](const QString& text) { control.setText(text); }, widget,
+            [shell = &shell_](std::function<void()> h) { shell->dispatch(h); }));
+    }
 }
 
 void Binder::button(CommandButton& control, QAbstractButton* widget) {
@@ -177,6 +196,110 @@ void Binder::upDown(UpDown& control, QAbstractButton* up, QAbstractButton* down)
                      [shell = &shell_, &control] { shell->dispatch([&] { control.stepUp(); }); });
     QObject::connect(down, &QAbstractButton::clicked, down,
                      [shell = &shell_, &control] { shell->dispatch([&] { control.stepDown(); }); });
+}
+
+} // namespace tsl
+
+namespace tsl {
+
+void Binder::listBox(ListControl& control, QListWidget* widget) {
+    common(control, widget);
+    widget->setSelectionMode(control.MultiSelect ? QAbstractItemView::ExtendedSelection
+                                                 : QAbstractItemView::SingleSelection);
+    auto shown = std::make_shared<QStringList>();
+    const auto update = [&control, widget, shown] {
+        const QSignalBlocker quiet(widget);
+        if (*shown != control.items()) {
+            *shown = control.items();
+            widget->clear();
+            widget->addItems(*shown);
+        }
+        for (int i = 0; i < widget->count(); ++i)
+            widget->item(i)->setSelected(control.Selected(i));
+        if (control.ListIndex() >= 0)
+            widget->setCurrentRow(control.ListIndex(), control.MultiSelect
+                                                           ? QItemSelectionModel::NoUpdate
+                                                           : QItemSelectionModel::ClearAndSelect);
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    QObject::connect(widget, &QListWidget::itemSelectionChanged, widget,
+                     [shell = &shell_, &control, widget] {
+                         shell->dispatch([&] {
+                             for (int i = 0; i < widget->count() && control.MultiSelect; ++i)
+                                 control.setSelected(i, widget->item(i)->isSelected());
+                             const int row = widget->currentRow();
+                             if (row >= 0 && row < control.ListCount()) control.setListIndex(row);
+                         });
+                     });
+    QObject::connect(widget, &QListWidget::itemDoubleClicked, widget,
+                     [shell = &shell_, &control, widget](QListWidgetItem* item) {
+                         shell->dispatch([&] {
+                             control.setListIndex(widget->row(item));
+                             if (control.DblClick) control.DblClick();
+                         });
+                     });
+}
+
+void Binder::progressBar(ProgressBar& control, QProgressBar* widget) {
+    common(control, widget);
+    auto clock = std::make_shared<QElapsedTimer>();
+    const auto update = [&control, widget, clock] {
+        widget->setRange(control.Min, control.Max);
+        widget->setValue(control.Value());
+        // A run holds the one thread: the bar paints at once, and a few times a second the
+        // window repaints too, taking no input meanwhile.
+        widget->repaint();
+        if (!clock->isValid() || clock->elapsed() > 100) {
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+            clock->start();
+        }
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+}
+
+void Binder::driveList(DriveListBox& control, QComboBox* widget) {
+    common(control, widget);
+    widget->addItems(control.items());
+    const auto update = [&control, widget] {
+        const QSignalBlocker quiet(widget);
+        widget->setCurrentIndex(control.ListIndex());
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    QObject::connect(widget, qOverload<int>(&QComboBox::activated), widget,
+                     [shell = &shell_, &control](int index) {
+                         shell->dispatch([&] { control.setDrive(control.List(index)); });
+                     });
+}
+
+void Binder::folderTree(DirListBox& control, QTreeView* widget) {
+    common(control, widget);
+    auto* model = new QFileSystemModel(widget);
+    model->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
+    model->setRootPath(QStringLiteral("/"));
+    widget->setModel(model);
+    widget->setHeaderHidden(true);
+    for (int column = 1; column < model->columnCount(); ++column)
+        widget->hideColumn(column);
+    const auto update = [&control, widget, model] {
+        if (control.Path().isEmpty()) return;
+        const QModelIndex index = model->index(control.Path());
+        if (index == widget->currentIndex()) return;
+        const QSignalBlocker quiet(widget->selectionModel());
+        widget->setCurrentIndex(index);
+        widget->expand(index);
+        widget->scrollTo(index);
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    QObject::connect(widget->selectionModel(), &QItemSelectionModel::currentChanged, widget,
+                     [shell = &shell_, &control, model](const QModelIndex& current) {
+                         const QString path = model->filePath(current);
+                         if (!path.isEmpty() && path != control.Path())
+                             shell->dispatch([&] { control.setPath(path); });
+                     });
 }
 
 } // namespace tsl

@@ -4,6 +4,7 @@
 // handler the user sets off runs through the shell's dispatcher. A binder may be a local of
 // the code that builds a dialog: the bindings it makes do not refer to it.
 #include "gadgets/controls.h"
+#include "gadgets/file_lists.h"
 #include <functional>
 
 class QAbstractButton;
@@ -12,6 +13,9 @@ class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
+class QListWidget;
+class QProgressBar;
+class QTreeView;
 class QRadioButton;
 class QWidget;
 
@@ -33,6 +37,13 @@ class Binder {
     void button(CommandButton& control, QAbstractButton* widget);
     // A spinner as two small arrow buttons beside its text box.
     void upDown(UpDown& control, QAbstractButton* up, QAbstractButton* down);
+    // A list, with several entries chosen where the list allows it.
+    void listBox(ListControl& control, QListWidget* widget);
+    // A progress bar that paints as the run moves, the rest of the window with it.
+    void progressBar(ProgressBar& control, QProgressBar* widget);
+    void driveList(DriveListBox& control, QComboBox* widget);
+    // The folders of the drive as a tree, the control's folder chosen.
+    void folderTree(DirListBox& control, QTreeView* widget);
 
   private:
     // Enabled, Visible and focus requests, common to all controls.

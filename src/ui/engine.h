@@ -22,6 +22,10 @@ class EnginePage {
     virtual QUrl url() const = 0;
     // Runs a script in the program's own world of the page; the answer comes later.
     virtual void runScript(const QString& script, std::function<void(const QVariant&)> answer) = 0;
+    // Selects the next occurrence of the text in the page, or the one before; `found` hears
+    // whether there was one.
+    virtual void findText(const QString& text, bool backward, bool matchCase,
+                          std::function<void(bool found)> found) = 0;
     enum Action { Copy, Cut, Paste, Undo, Redo, SelectAll };
     virtual void trigger(Action action) = 0;
     virtual bool canGoBack() const = 0;

@@ -10,6 +10,11 @@ FormDialog::FormDialog(Form& form, ShellMDI& shell, QWidget* parent)
     setWindowTitle(form.Caption());
     connect(&form, &Form::captionChanged, this, [this] { setWindowTitle(form_.Caption()); });
     connect(&form, &Form::unloaded, this, &QDialog::accept);
+    connect(&form, &Form::activateRequested, this, [this] {
+        show();
+        raise();
+        activateWindow();
+    });
 }
 
 FormDialog::FormDialog(std::unique_ptr<Form> form, ShellMDI& shell, QWidget* parent)

@@ -11,9 +11,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 namespace tsl::kit {
@@ -147,22 +150,37 @@ Item Group(Label& frame, std::vector<Item> rows) {
     };
 }
 
+namespace {
+void addRows(Builder& b, QFormLayout* form, const std::vector<Item>& rows) {
+    for (const Item& item : rows) {
+        const Built built = item(b);
+        if (built.isStretch) continue;
+        if (built.caption)
+            form->addRow(b.label(*built.caption, built.focus), built.widget);
+        else if (built.widget)
+            form->addRow(built.widget);
+        else
+            form->addRow(built.layout);
+    }
+}
+} // namespace
+
 Item FormGroup(Label& frame, std::vector<Item> rows) {
     return [&frame, rows = std::move(rows)](Builder& b) {
         auto* box = new QGroupBox;
         b.bind.frame(frame, box);
-        auto* form = new QFormLayout(box);
-        for (const Item& item : rows) {
-            const Built built = item(b);
-            if (built.isStretch) continue;
-            if (built.caption)
-                form->addRow(b.label(*built.caption, built.focus), built.widget);
-            else if (built.widget)
-                form->addRow(built.widget);
-            else
-                form->addRow(built.layout);
-        }
+        addRows(b, new QFormLayout(box), rows);
         return Builder::field(box);
+    };
+}
+
+Item Rows(std::vector<Item> rows) {
+    return [rows = std::move(rows)](Builder& b) {
+        auto* form = new QFormLayout;
+        addRows(b, form, rows);
+        Built built;
+        built.layout = form;
+        return built;
     };
 }
 
@@ -286,6 +304,50 @@ Item Buttons(std::vector<CommandButton*> buttons) {
             b.bind.button(*button, push);
         }
         return Builder::field(box);
+    };
+}
+
+Item Button(CommandButton& button) {
+    return [&button](Builder& b) {
+        auto* push = new QPushButton;
+        push->setAutoDefault(false);
+        b.bind.button(button, push);
+        if (button.Default) push->setDefault(true);
+        return Builder::field(push);
+    };
+}
+
+Item List(ListControl& list, int rows) {
+    return [&list, rows](Builder& b) {
+        auto* widget = new QListWidget;
+        b.bind.listBox(list, widget);
+        widget->setMinimumHeight(rows * widget->fontMetrics().height() + 8);
+        return Builder::field(widget);
+    };
+}
+
+Item Progress(ProgressBar& bar) {
+    return [&bar](Builder& b) {
+        auto* widget = new QProgressBar;
+        b.bind.progressBar(bar, widget);
+        return Builder::field(widget);
+    };
+}
+
+Item Drives(DriveListBox& drives) {
+    return [&drives](Builder& b) {
+        auto* widget = new QComboBox;
+        b.bind.driveList(drives, widget);
+        return Builder::field(widget);
+    };
+}
+
+Item Folders(DirListBox& folders) {
+    return [&folders](Builder& b) {
+        auto* widget = new QTreeView;
+        b.bind.folderTree(folders, widget);
+        widget->setMinimumSize(220, 200);
+        return Builder::field(widget);
     };
 }
 

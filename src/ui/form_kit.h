@@ -7,6 +7,7 @@
 //       Group(form.fraSize, {Field(form.lblCols, Spin(form.ColBox, form.ColUpDown))}),
 //       Buttons({&form.OK, &form.Cancel})}));
 #include "gadgets/controls.h"
+#include "gadgets/file_lists.h"
 #include <QString>
 #include <functional>
 #include <vector>
@@ -42,6 +43,8 @@ Item Row(std::vector<Item> items);
 Item Group(Label& frame, std::vector<Item> rows);
 // The same in the desktop's form layout, with its spacing and label alignment.
 Item FormGroup(Label& frame, std::vector<Item> rows);
+// Label + field rows in the desktop's form layout, with no frame around them.
+Item Rows(std::vector<Item> rows);
 Item Stretch(int factor = 1);
 Item Spacing(int pixels);
 // The item with a share of the room left in its row or column.
@@ -65,6 +68,14 @@ Item Note(Label& label, int style = Plain);
 Item Link(Label& label, std::function<void()> click);
 // The row of the dialog's buttons (OK, Cancel). The default button is the form's.
 Item Buttons(std::vector<CommandButton*> buttons);
+// One button standing on its own, as in a column of buttons beside the fields.
+Item Button(CommandButton& button);
+// A list of entries; `rows` gives it room for that many without scrolling.
+Item List(ListControl& list, int rows = 6);
+Item Progress(ProgressBar& bar);
+// The places a chooser starts from, the folder tree of the chosen one, and its files.
+Item Drives(DriveListBox& drives);
+Item Folders(DirListBox& folders);
 
 // Builds the layout into the dialog of a form.
 void build(FormDialog& dialog, ShellMDI& shell, const Item& root);

@@ -6,11 +6,17 @@ namespace tsl {
 void buildOptionsView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildAboutView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildTableView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildFindView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildExtFindView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildChooseFilesView(Form& form, FormDialog& dialog, ShellMDI& shell);
 
 void registerFormViews(QtFormHost& host) {
     host.registerView(QStringLiteral("frmOptions"), buildOptionsView);
     host.registerView(QStringLiteral("frmAbout"), buildAboutView);
     host.registerView(QStringLiteral("frmTable"), buildTableView);
+    host.registerView(QStringLiteral("frmFind"), buildFindView);
+    host.registerView(QStringLiteral("frmExtFind"), buildExtFindView);
+    host.registerView(QStringLiteral("frmChooseFiles"), buildChooseFilesView);
 }
 
 } // namespace tsl

@@ -1,7 +1,9 @@
 #include "ui/layout_surface.h"
 #include "editor/text_file.h"
 #include "runtime/runtime_error.h"
+#include "ui/find_bar.h"
 #include "ui/layout_script.h"
+#include <QBoxLayout>
 #include <QDir>
 #include <QEventLoop>
 #include <QFileInfo>
@@ -289,6 +291,14 @@ QString QtLayoutSurface::ExecCommand(int id, int, const QString& value) {
         return {};
     case SetForeColor:
         run(QStringLiteral("__tsl.exec(5046, %1)").arg(quoted(cssColour(value))));
+        return {};
+    case FindText:
+        if (!findBar_ && host_) {
+            findBar_ = new FindBar(host_);
+            if (auto* column = qobject_cast<QBoxLayout*>(host_->layout()))
+                column->insertWidget(0, findBar_);
+        }
+        if (findBar_) findBar_->open(page_.get());
         return {};
     default:
         run(QStringLiteral("__tsl.exec(%1, %2)").arg(id).arg(quoted(value)));

@@ -15,6 +15,10 @@ class QWidget;
 class QTemporaryFile;
 
 namespace tsl {
+class FindBar;
+}
+
+namespace tsl {
 
 class QtLayoutSurface : public QObject, public LayoutSurface {
     Q_OBJECT
@@ -67,6 +71,8 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     // The program's own load is under way; the page answers for the text once it has ended well.
     bool loading_ = false;
     bool ready_ = false;
+    // The find bar above the page, made on the first find.
+    QPointer<FindBar> findBar_;
     // A large page of a document without a writable folder.
     std::unique_ptr<QTemporaryFile> largePage_;
     QHash<int, int> statuses_;

@@ -1,6 +1,7 @@
 // The browser engine on QtWebEngine, built as a library of its own and loaded on first use.
 #include "ui/engine.h"
 #include <QPointer>
+#include <QWebEngineFindTextResult>
 #include <QWebEngineHistory>
 #include <QWebEnginePage>
 #include <QWebEngineScript>
@@ -96,6 +97,15 @@ class WebPage : public EnginePage {
                              [answer = std::move(answer)](const QVariant& value) {
                                  if (answer) answer(value);
                              });
+    }
+    void findText(const QString& text, bool backward, bool matchCase,
+                  std::function<void(bool)> found) override {
+        QWebEnginePage::FindFlags flags;
+        if (backward) flags |= QWebEnginePage::FindBackward;
+        if (matchCase) flags |= QWebEnginePage::FindCaseSensitively;
+        page_->findText(text, flags, [found = std::move(found)](const QWebEngineFindTextResult& r) {
+            if (found) found(r.numberOfMatches() > 0);
+        });
     }
     void trigger(Action action) override {
         static const QWebEnginePage::WebAction actions[] = {
