@@ -35,6 +35,7 @@ void frmFind::Form_Load() {
 
 void frmFind::Form_Unload() {
     shell_.bFindOpen = false;
+    shell_.frmFind.clear();
 }
 
 void frmFind::txtFind_Change() {

@@ -12,6 +12,7 @@ FileDialogAnswer FileDialogAnswer::files(const QString& folder, const QStringLis
 MsgResult ScriptedPlatform::messageBox(const MessageBoxRequest& request) {
     messages.append(
         {request.text, request.title, request.icon, request.buttons, request.systemModal});
+    if (onMessage) onMessage();
     if (!messageAnswers.isEmpty()) return messageAnswers.dequeue();
     // A box with only OK needs no script.
     if (request.buttons == MsgButtons::OK) return MsgResult::OK;

@@ -82,6 +82,8 @@ class ScriptedPlatform : public Platform {
 
     // The texts of the messages shown, in order.
     QStringList messageTexts() const;
+    // Runs as each message box is shown, for a test that looks at the state at that moment.
+    std::function<void()> onMessage;
     bool shellSucceeds = true;
 
   private:
