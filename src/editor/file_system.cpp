@@ -1,6 +1,7 @@
 #include "editor/file_system.h"
 #include "runtime/runtime_error.h"
 #include <QRandomGenerator>
+#include <QSet>
 #include <QStringList>
 #include <cerrno>
 #include <dirent.h>
@@ -138,7 +139,7 @@ QByteArray readFileBytes(const QString& path) {
     return bytes;
 }
 
-void writeFileBytes(const QString& path, const QByteArray& bytes) {
+void writeFileBytes(const QString& path, const QByteArray& bytes, Durability durability) {
     if (path.isEmpty()) fail();
     QByteArray target = fileNameBytes(path);
     // A link is saved through: the file it points to is replaced, the link stays.
@@ -172,12 +173,25 @@ void writeFileBytes(const QString& path, const QByteArray& bytes) {
         ok = put > 0;
         if (ok) done += put;
     }
-    ok = ok && ::fsync(fd) == 0;
+    if (durability == Durability::Now) ok = ok && ::fsync(fd) == 0;
     ok = ::close(fd) == 0 && ok;
     ok = ok && ::rename(temp.constData(), target.constData()) == 0;
     if (!ok) {
         ::unlink(temp.constData());
         fail();
+    }
+}
+
+void flushFileSystems(const QStringList& paths) {
+    QSet<QString> folders;
+    for (const QString& path : paths)
+        folders.insert(folderOf(path));
+    for (const QString& folder : folders) {
+        const int fd =
+            ::open(fileNameBytes(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (fd < 0) continue;
+        ::syncfs(fd);
+        ::close(fd);
     }
 }
 

@@ -18,7 +18,12 @@ QString recoverFileName(const QString& path);
 // Reads a whole file; a missing or unreadable file raises the path/file access error (75).
 QByteArray readFileBytes(const QString& path);
 // Replaces a file atomically, keeping its permissions (and its owner where allowed); a failed
-// write leaves the old file whole and raises error 75.
-void writeFileBytes(const QString& path, const QByteArray& bytes);
+// write leaves the old file whole and raises error 75. A durable write is on the disk when it
+// returns; a run of many writes may leave that to one flushFileSystems at its end.
+enum class Durability { Now, Later };
+void writeFileBytes(const QString& path, const QByteArray& bytes,
+                    Durability durability = Durability::Now);
+// Puts on the disk what was written to the file systems of these files.
+void flushFileSystems(const QStringList& paths);
 
 } // namespace tsl

@@ -2,6 +2,7 @@
 #include "editor/text_file.h"
 #include "platform/platform.h"
 #include "runtime/runtime_error.h"
+#include <QScopeGuard>
 
 namespace tsl {
 
@@ -49,12 +50,15 @@ QString replaceEveryMatch(const QString& text, const QString& what, const QStrin
 bool ReplaceInFiles(const QStringList& files, const QString& what, const QString& replacement,
                     int options, Platform& platform, const std::function<void(int)>& progress) {
     int index = 0;
+    // Each file is replaced whole at once; the run puts them all on the disk at its end rather
+    // than waiting for the disk after every one.
+    const auto flush = qScopeGuard([&] { flushFileSystems(files.mid(0, index)); });
     try {
         for (const QString& path : files) {
             if (progress) progress(++index);
             DecodedText decoded = decodeText(readFileBytes(path));
             const QString changed = replaceEveryMatch(decoded.text, what, replacement, options);
-            writeFileBytes(path, encodeText(changed, decoded.format));
+            writeFileBytes(path, encodeText(changed, decoded.format), Durability::Later);
         }
     } catch (const RuntimeError&) {
         platform.msgBox(QStringLiteral("There was an error replacing strings in one or more "
