@@ -24,6 +24,7 @@ test: build
 bench: build
 	bash scripts/bench-startup.sh $(BUILD)
 	$(BUILD)/bench/bench_typing
+	$(BUILD)/bench/bench_files
 
 sanitize: deps
 	cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTESSALINE_SANITIZE=ON
