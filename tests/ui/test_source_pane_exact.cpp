@@ -12,6 +12,7 @@
 #include "ui/source_editor.h"
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
@@ -193,7 +194,7 @@ class SourcePaneExactTest : public QObject {
     // drags: the pane's text always equals a model kept here on the side, and the editor shows
     // it one character for one. TSL_FUZZ_CASES and TSL_FUZZ_SEED make a long run.
     void randomEditsKeepTheExactText() {
-        const FuzzRun run(1500);
+        const FuzzRun run(3000);
         Program p;
         for (int i = 0; i < run.cases; ++i) {
             RandomDocuments random(run.caseGenerator(i));
@@ -250,7 +251,7 @@ class SourcePaneExactTest : public QObject {
         const int start = std::min(anchor, position);
         const int end = std::max(anchor, position);
         const auto replace = [&](const QString& with) { model.replace(start, end - start, with); };
-        switch (random.below(10)) {
+        switch (random.below(13)) {
         case 0: {
             const QString letter = QString(QChar(u'a' + random.below(26)));
             QTest::keyClicks(p.box(), letter);
@@ -309,6 +310,30 @@ class SourcePaneExactTest : public QObject {
             if (copied != model.mid(start, end - start) && start != end)
                 problem = QStringLiteral("the copy held ") + QString::fromLatin1(hexOf(copied));
             return QStringLiteral("copy");
+        }
+        case 9:
+        case 10: {
+            // The editor's word deletion takes the selection, or else the way to the start or
+            // the end of the word as its own cursor moves.
+            const bool back = random.chance(50);
+            QTextCursor word = p.box()->textCursor();
+            if (!word.hasSelection())
+                word.movePosition(back ? QTextCursor::PreviousWord : QTextCursor::NextWord,
+                                  QTextCursor::KeepAnchor);
+            const int from = word.selectionStart();
+            const int to = word.selectionEnd();
+            p.key(back ? Qt::Key_Backspace : Qt::Key_Delete, Qt::ControlModifier);
+            model.remove(from, to - from);
+            return back ? QStringLiteral("Ctrl+Backspace") : QStringLiteral("Ctrl+Delete");
+        }
+        case 11: {
+            const QString committed =
+                random.chance(50) ? QStringLiteral("\u00E9t\u00E9") : QStringLiteral("\u20AC");
+            QInputMethodEvent event;
+            event.setCommitString(committed);
+            QApplication::sendEvent(p.box(), &event);
+            replace(committed);
+            return QStringLiteral("input method");
         }
         default: {
             const QString piece = random.textPiece();
