@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps build run test bench sanitize format clean
+.PHONY: all deps build run test bench fuzz sanitize format clean
 
 all: build
 
@@ -21,9 +21,23 @@ run: build
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
+# The round-trip property tests at length: FUZZ_CASES random files, and random edits of them in
+# the real Source pane, from FUZZ_SEED (the same seed repeats the same cases).
+FUZZ_CASES ?= 300000
+ifndef FUZZ_SEED
+FUZZ_SEED := $(shell date +%s)
+endif
+fuzz: build
+	@echo "fuzz seed $(FUZZ_SEED), $(FUZZ_CASES) cases"
+	cd $(BUILD)/tests && TSL_FUZZ_CASES=$(FUZZ_CASES) TSL_FUZZ_SEED=$(FUZZ_SEED) \
+		./test_text_file randomFilesRoundTrip
+	cd $(BUILD)/tests && TSL_FUZZ_CASES=$(FUZZ_CASES) TSL_FUZZ_SEED=$(FUZZ_SEED) \
+		QT_QPA_PLATFORM=offscreen ./test_source_pane_exact randomEditsKeepTheExactText
+
 bench: build
 	bash scripts/bench-startup.sh $(BUILD)
 	$(BUILD)/bench/bench_typing
+	$(BUILD)/bench/bench_files
 	$(BUILD)/bench/bench_search
 
 sanitize: deps

@@ -1,19 +1,61 @@
 #include "editor/text_file.h"
 #include <QStringDecoder>
+#include <algorithm>
+#include <cstring>
 
 namespace tsl {
 
 namespace {
 const QByteArray kBom("\xEF\xBB\xBF", 3);
 
-bool everyLineFeedAfterCarriageReturn(const QByteArray& bytes) {
+// memchr finds line ends several times faster than a loop over the bytes (QByteArray::count
+// and std::count look at one byte at a time).
+const char* nextLineFeed(const char* from, const char* end) {
+    if (from >= end) return nullptr;
+    return static_cast<const char*>(std::memchr(from, '\n', size_t(end - from)));
+}
+
+bool everyLineFeedAfterCarriageReturn(QByteArrayView bytes) {
+    const char* const begin = bytes.data();
+    const char* const end = begin + bytes.size();
     bool anyLineFeed = false;
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        if (bytes.at(i) != '\n') continue;
-        if (i == 0 || bytes.at(i - 1) != '\r') return false;
+    for (const char* at = nextLineFeed(begin, end); at; at = nextLineFeed(at + 1, end)) {
+        if (at == begin || at[-1] != '\r') return false;
         anyLineFeed = true;
     }
     return anyLineFeed;
+}
+
+// Line ends are changed in one pass each way: a replace whose new text is longer or shorter
+// than the old moves the rest of the text at every match in this Qt, which is quadratic.
+void dropCarriageReturnsBeforeLineFeeds(QString& text) {
+    QChar* data = text.data();
+    const qsizetype size = text.size();
+    qsizetype kept = 0;
+    for (qsizetype i = 0; i < size; ++i) {
+        if (data[i] == u'\r' && i + 1 < size && data[i + 1] == u'\n') continue;
+        data[kept++] = data[i];
+    }
+    text.truncate(kept);
+}
+
+// The bytes with a carriage return before every line feed, behind a prefix.
+QByteArray withCarriageReturns(const QByteArray& bytes, const QByteArray& prefix) {
+    const char* from = bytes.constData();
+    const char* const end = from + bytes.size();
+    qsizetype lineFeeds = 0;
+    for (const char* at = nextLineFeed(from, end); at; at = nextLineFeed(at + 1, end))
+        ++lineFeeds;
+    QByteArray out(prefix.size() + bytes.size() + lineFeeds, Qt::Uninitialized);
+    char* to = std::copy(prefix.cbegin(), prefix.cend(), out.data());
+    while (const char* lineFeed = nextLineFeed(from, end)) {
+        to = std::copy(from, lineFeed, to);
+        *to++ = '\r';
+        *to++ = '\n';
+        from = lineFeed + 1;
+    }
+    std::copy(from, end, to);
+    return out;
 }
 
 bool fitsLatin1(const QString& text) {
@@ -25,12 +67,14 @@ bool fitsLatin1(const QString& text) {
 
 DecodedText decodeText(const QByteArray& bytes) {
     DecodedText result;
-    QByteArray body = bytes;
+    QByteArrayView body(bytes);
     if (body.startsWith(kBom)) {
         result.format.byteOrderMark = true;
-        body.remove(0, kBom.size());
+        body = body.sliced(kBom.size());
     }
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    // A second mark is text: the decoder must not take it away as well.
+    QStringDecoder utf8(QStringDecoder::Utf8,
+                        QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     QString text = utf8.decode(body);
     if (utf8.hasError()) {
         // Not UTF-8: an 8-bit reading in which every byte stands for one character.
@@ -40,19 +84,24 @@ DecodedText decodeText(const QByteArray& bytes) {
     }
     if (everyLineFeedAfterCarriageReturn(bytes)) {
         result.format.crlf = true;
-        text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        dropCarriageReturnsBeforeLineFeeds(text);
     }
     result.text = std::move(text);
     return result;
 }
 
 QByteArray encodeText(const QString& text, const TextFormat& format) {
-    QString body = text;
-    if (format.crlf) body.replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    QByteArray bytes;
+    QByteArray prefix;
     // Text typed beyond the 8-bit range would be lost in Latin-1, so such a file becomes UTF-8.
-    if (format.encoding == TextFormat::Latin1 && fitsLatin1(body)) return body.toLatin1();
-    QByteArray bytes = body.toUtf8();
-    if (format.byteOrderMark) bytes.prepend(kBom);
+    if (format.encoding == TextFormat::Latin1 && fitsLatin1(text)) {
+        bytes = text.toLatin1();
+    } else {
+        bytes = text.toUtf8();
+        if (format.byteOrderMark) prefix = kBom;
+    }
+    if (format.crlf) return withCarriageReturns(bytes, prefix);
+    if (!prefix.isEmpty()) bytes.prepend(prefix);
     return bytes;
 }
 

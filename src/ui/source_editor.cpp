@@ -13,17 +13,56 @@ namespace tsl {
 
 namespace {
 // A carriage return on its own would become a line break in the editor and shift every
-// position after it; it is shown as its control picture instead, one character for one.
+// position after it; it is shown as its control picture instead, one character for one. The
+// editor makes a paragraph end of a line feed, a paragraph separator and the two
+// noncharacters it uses as frame marks, and hands each back as a paragraph separator.
 constexpr char16_t kReturnPicture = 0x240D;
 constexpr char16_t kParagraph = 0x2029;
+
+QChar shownAs(QChar c) {
+    switch (c.unicode()) {
+    case u'\r':
+        return QChar(kReturnPicture);
+    case u'\n':
+    case kParagraph:
+    case 0xFDD0:
+    case 0xFDD1:
+        return QChar(kParagraph);
+    default:
+        return c;
+    }
+}
 
 QString forDisplay(QString text) {
     return text.replace(QLatin1Char('\r'), QChar(kReturnPicture));
 }
 
-QString fromDocument(QString text) {
+// Whether exact text from `at` to `end` is shown as the editor's text from `shownAt` on.
+bool shownSame(const QString& exact, int at, int end, const QString& shown, int shownAt) {
+    for (; at < end; ++at, ++shownAt)
+        if (shownAs(exact.at(at)) != shown.at(shownAt)) return false;
+    return true;
+}
+
+// Text the editor put in by itself, from a key: its paragraph ends are line feeds.
+QString typedText(QString text) {
     return text.replace(QChar(kParagraph), QLatin1Char('\n'));
 }
+
+QString documentText(QTextDocument* document, int from, int to) {
+    if (from >= to) return QString();
+    QTextCursor cursor(document);
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    return cursor.selectedText();
+}
+
+// Mime data made by a pane, so that a drop can tell a drag within the same pane.
+class PaneMimeData : public QMimeData {
+  public:
+    explicit PaneMimeData(const CodeBox* origin) : origin(origin) {}
+    const CodeBox* const origin;
+};
 
 // Pixels of the screen for twips (1440 to the inch).
 int twipsToPixels(int twips, const QWidget* widget) {
@@ -169,11 +208,15 @@ void CodeBox::keyPressEvent(QKeyEvent* event) {
     const bool returnKey = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (returnKey && (event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier))) {
         QKeyEvent plain(QEvent::KeyPress, event->key(), Qt::NoModifier, QStringLiteral("\r"));
+        editingAtCaret_ = true;
         QPlainTextEdit::keyPressEvent(&plain);
+        editingAtCaret_ = false;
         event->accept();
         return;
     }
+    editingAtCaret_ = true;
     QPlainTextEdit::keyPressEvent(event);
+    editingAtCaret_ = false;
 }
 
 void CodeBox::keyReleaseEvent(QKeyEvent* event) {
@@ -214,18 +257,56 @@ void CodeBox::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
 }
 
+QMimeData* CodeBox::createMimeDataFromSelection() const {
+    if (!pane_) return QPlainTextEdit::createMimeDataFromSelection();
+    const QTextCursor cursor = textCursor();
+    auto* mime = new PaneMimeData(this);
+    mime->setText(pane_->exactText(cursor.selectionStart(), cursor.selectionEnd()));
+    return mime;
+}
+
+void CodeBox::insertFromMimeData(const QMimeData* source) {
+    if (!pane_ || !source->hasText()) return QPlainTextEdit::insertFromMimeData(source);
+    const QTextCursor cursor = textCursor();
+    pane_->replaceByUser(cursor.selectionStart(), cursor.selectionEnd(), source->text());
+}
+
 void CodeBox::dropEvent(QDropEvent* event) {
+    const QMimeData* mime = event->mimeData();
+    if (!pane_ || isReadOnly() || !mime->hasText()) return QPlainTextEdit::dropEvent(event);
+    const auto* own = dynamic_cast<const PaneMimeData*>(mime);
+    const bool fromHere = own && own->origin == this;
+    const int at = cursorForPosition(event->position().toPoint()).position();
+    const QTextCursor selection = textCursor();
+    const bool move = fromHere && event->dropAction() == Qt::MoveAction;
+    const bool ontoItself =
+        move && at >= selection.selectionStart() && at <= selection.selectionEnd();
+    // The drop caret goes away as it does when a drag leaves.
+    QDragLeaveEvent leave;
+    QPlainTextEdit::dragLeaveEvent(&leave);
+    // The pane makes the move itself: the drag must not take the text away again.
+    event->acceptProposedAction();
+    setFocus();
+    if (ontoItself) return;
     // Text dragged within the pane is moved in one edit: the document hears of the drag and
     // of its end before that one change, which it then takes as the drop.
-    if (event->source() == this && docGuard_) {
+    if (fromHere && docGuard_) {
         codeEditor* doc = doc_;
         dispatch([doc] {
             doc->codebox_OLEStartDrag();
             doc->codebox_OLECompleteDrag();
         });
     }
-    QPlainTextEdit::dropEvent(event);
-    setFocus();
+    if (move)
+        pane_->moveByUser(selection.selectionStart(), selection.selectionEnd(), at);
+    else
+        pane_->replaceByUser(at, at, mime->text());
+}
+
+void CodeBox::inputMethodEvent(QInputMethodEvent* event) {
+    editingAtCaret_ = true;
+    QPlainTextEdit::inputMethodEvent(event);
+    editingAtCaret_ = false;
 }
 
 void CodeBox::selectionMoved() {
@@ -237,37 +318,126 @@ void CodeBox::selectionMoved() {
 // ---- the pane ----
 
 QtSourcePane::QtSourcePane() : edit_(new CodeBox) {
+    edit_->pane_ = this;
     QTextDocument* doc = edit_->document();
     connect(doc, &QTextDocument::contentsChange, this, &QtSourcePane::onContentsChange);
     connect(edit_, &QPlainTextEdit::textChanged, this, [this] {
         if (!writing_) edit_->dispatch([this] { raiseChange(); });
     });
+    connect(edit_, &QPlainTextEdit::cursorPositionChanged, this, &QtSourcePane::noteSelection);
+    connect(edit_, &QPlainTextEdit::selectionChanged, this, &QtSourcePane::noteSelection);
 }
 
 QtSourcePane::~QtSourcePane() {
-    if (edit_) edit_->deleteLater();
+    if (edit_) {
+        edit_->pane_ = nullptr;
+        edit_->deleteLater();
+    }
 }
 
+void QtSourcePane::noteSelection() {
+    const QTextCursor cursor = edit_->textCursor();
+    selStart_ = cursor.selectionStart();
+    selEnd_ = cursor.selectionEnd();
+}
+
+// The editor reports its own edits (keys, an input method, a drag taken out) as a range it
+// changed. The copy takes only what was put in from the editor; the characters around it stay
+// as they are in the copy, since the editor shows some of them as other characters.
 void QtSourcePane::onContentsChange(int position, int removed, int added) {
     if (writing_) return;
-    const int newLength = edit_->document()->characterCount() - 1;
-    const int delta = newLength - static_cast<int>(text_.size());
-    // The document counts its final block end in some reports; trim that to the real text.
-    const int realRemoved = std::min(removed, static_cast<int>(text_.size()) - position);
-    const int realAdded = realRemoved + delta;
-    if (position < 0 || realRemoved < 0 || realAdded < 0 || realAdded > added + 1) {
-        resync();
-        return;
+    QTextDocument* doc = edit_->document();
+    const int oldLength = static_cast<int>(text_.size());
+    const int newLength = doc->characterCount() - 1;
+    // The document counts its final paragraph end in some reports; that is not text.
+    int from = position;
+    int oldEnd = std::min(position + removed, oldLength);
+    int newEnd = oldEnd + newLength - oldLength;
+    if (from < 0 || from > oldEnd || newEnd < from || newEnd > position + added) {
+        from = 0; // a report that does not fit: the whole text is compared
+        oldEnd = oldLength;
+        newEnd = newLength;
     }
-    QTextCursor cursor(edit_->document());
-    cursor.setPosition(position);
-    cursor.setPosition(position + realAdded, QTextCursor::KeepAnchor);
-    text_.replace(position, realRemoved, fromDocument(cursor.selectedText()));
+    const QString now = documentText(doc, from, newEnd);
+    if (!takeEditAtCaret(from, oldEnd, now)) takeDifference(from, oldEnd, now);
+    noteSelection();
 }
 
-void QtSourcePane::resync() {
-    text_ = fromDocument(edit_->document()->toRawText());
-    text_.replace(QChar(kReturnPicture), QLatin1Char('\r'));
+// The editor edits at its cursor: it replaces the selection it had, or without one puts text
+// in at the caret or takes it away beside it, and leaves the caret behind what it put in.
+// False when the report is not such an edit.
+bool QtSourcePane::takeEditAtCaret(int from, int oldEnd, const QString& now) {
+    const int delta = static_cast<int>(now.size()) - (oldEnd - from);
+    const int caret = edit_->textCursor().position();
+    int start = selStart_;
+    int end = selEnd_;
+    if (start == end && delta < 0) {
+        start = caret;
+        end = caret - delta;
+    }
+    const int insertedEnd = end + delta;
+    if (start < from || end > oldEnd || insertedEnd < start || caret != insertedEnd) return false;
+    if (!shownSame(text_, from, start, now, 0) ||
+        !shownSame(text_, end, oldEnd, now, insertedEnd - from))
+        return false;
+    // A report in which nothing visible changed is the editor's bookkeeping, unless a key made
+    // it (Return over a selected paragraph separator).
+    if (!edit_->editingAtCaret() && insertedEnd == end &&
+        shownSame(text_, start, end, now, start - from))
+        return true;
+    text_.replace(start, end - start, typedText(now.mid(start - from, insertedEnd - start)));
+    return true;
+}
+
+// Any other change: what stayed the same at both ends keeps its exact characters.
+void QtSourcePane::takeDifference(int from, int oldEnd, const QString& now) {
+    int newEnd = from + static_cast<int>(now.size());
+    int start = from;
+    while (start < oldEnd && start < newEnd && shownAs(text_.at(start)) == now.at(start - from))
+        ++start;
+    while (oldEnd > start && newEnd > start &&
+           shownAs(text_.at(oldEnd - 1)) == now.at(newEnd - 1 - from)) {
+        --oldEnd;
+        --newEnd;
+    }
+    text_.replace(start, oldEnd - start, typedText(now.mid(start - from, newEnd - start)));
+}
+
+void QtSourcePane::replaceExact(int start, int end, const QString& text) {
+    text_.replace(start, end - start, text);
+    QTextCursor cursor(edit_->document());
+    cursor.setPosition(start);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    cursor.insertText(forDisplay(text));
+}
+
+void QtSourcePane::replaceByUser(int start, int end, const QString& text) {
+    writing_ = true;
+    replaceExact(start, end, text);
+    writing_ = false;
+    QTextCursor caret = edit_->textCursor();
+    caret.setPosition(start + static_cast<int>(text.size()));
+    edit_->setTextCursor(caret);
+    noteSelection();
+    edit_->dispatch([this] { raiseChange(); });
+}
+
+void QtSourcePane::moveByUser(int start, int end, int to) {
+    if (to >= start && to <= end) return; // onto itself: nothing moves
+    const QString moved = text_.mid(start, end - start);
+    const int target = to > end ? to - (end - start) : to;
+    QTextCursor block(edit_->document());
+    writing_ = true;
+    block.beginEditBlock();
+    replaceExact(start, end, QString());
+    replaceExact(target, target, moved);
+    block.endEditBlock();
+    writing_ = false;
+    QTextCursor caret = edit_->textCursor();
+    caret.setPosition(target + static_cast<int>(moved.size()));
+    edit_->setTextCursor(caret);
+    noteSelection();
+    edit_->dispatch([this] { raiseChange(); });
 }
 
 void QtSourcePane::setText(const QString& text) {
@@ -275,6 +445,7 @@ void QtSourcePane::setText(const QString& text) {
     writing_ = true;
     edit_->setPlainText(forDisplay(text));
     writing_ = false;
+    noteSelection();
     raiseChange();
 }
 
@@ -315,6 +486,7 @@ void QtSourcePane::setSelText(const QString& text) {
     cursor.insertText(forDisplay(text));
     edit_->setTextCursor(cursor);
     writing_ = false;
+    noteSelection();
     raiseChange();
 }
 

@@ -9,6 +9,7 @@
 namespace tsl {
 
 class codeEditor;
+class QtSourcePane;
 class ShellMDI;
 
 // Key codes and shift bits of the logic from a Qt key event.
@@ -26,6 +27,13 @@ class CodeBox : public QPlainTextEdit {
     // Runs a handler as a user's event: through the shell's dispatcher once attached.
     bool dispatch(const std::function<void()>& handler);
 
+    // Text leaves and enters the editor as the exact text of its pane, never as the text the
+    // editor shows: copy, cut, drag, drop and paste all come here.
+    QMimeData* createMimeDataFromSelection() const override;
+    void insertFromMimeData(const QMimeData* source) override;
+    // True while the editor handles a key or an input method's text, which edit at the caret.
+    bool editingAtCaret() const { return editingAtCaret_; }
+
   protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -34,8 +42,10 @@ class CodeBox : public QPlainTextEdit {
     void contextMenuEvent(QContextMenuEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
 
   private:
+    friend class QtSourcePane;
     // Runs KeyDown of the window and of the pane; false when they swallowed the key.
     bool runKeyDown(QKeyEvent* event);
     void selectionMoved();
@@ -46,6 +56,8 @@ class CodeBox : public QPlainTextEdit {
     // The key press whose KeyDown already ran at the shortcut stage.
     bool keyDownDone_ = false;
     bool swallowKey_ = false;
+    bool editingAtCaret_ = false;
+    QtSourcePane* pane_ = nullptr;
 };
 
 class QtSourcePane : public QObject, public SourcePane {
@@ -71,12 +83,25 @@ class QtSourcePane : public QObject, public SourcePane {
     void setSelIndent(int twips) override;
     void SetFocus() override;
 
+    QString exactText(int start, int end) const { return text_.mid(start, end - start); }
+    // Edits made by the user through the editor's own routes (drop, paste of mime data):
+    // the exact text goes in and one Change is raised as for a typed key.
+    void replaceByUser(int start, int end, const QString& text);
+    void moveByUser(int start, int end, int to);
+
   private:
+    // Puts exact text in place of a range, in the copy and in the editor; raises nothing.
+    void replaceExact(int start, int end, const QString& text);
     void onContentsChange(int position, int removed, int added);
-    void resync();
+    bool takeEditAtCaret(int from, int oldEnd, const QString& now);
+    void takeDifference(int from, int oldEnd, const QString& now);
+    void noteSelection();
     QPointer<CodeBox> edit_;
     QString text_;
     bool writing_ = false;
+    // The editor's selection before its next edit of its own.
+    int selStart_ = 0;
+    int selEnd_ = 0;
 };
 
 } // namespace tsl

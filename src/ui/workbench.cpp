@@ -4,6 +4,8 @@
 #include "ui/main_window.h"
 #include "ui/source_editor.h"
 #include "ui/table_chooser.h"
+#include <QGuiApplication>
+#include <QStyleHints>
 
 namespace tsl {
 
@@ -20,6 +22,9 @@ std::unique_ptr<BrowserSurface> QtSurfaceFactory::createBrowser() {
 }
 
 Workbench::Workbench(Platform& platform, SettingsStore& settings) {
+    // Carets do not blink. A blink repaints the caret's line, and the editor lays a line out
+    // anew for each repaint: a page of one long line would keep a core busy while nobody types.
+    QGuiApplication::styleHints()->setCursorFlashTime(0);
     shell_ = std::make_unique<ShellMDI>(platform, settings, surfaces_, forms_);
     window_ = std::make_unique<ShellWindow>(*shell_);
     forms_.setShell(shell_.get());

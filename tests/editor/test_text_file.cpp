@@ -3,6 +3,7 @@
 // SaveFile on top of them.
 #include "editor/text_file.h"
 #include "editor/text_pane.h"
+#include "random_documents.h"
 #include "test_rows.h"
 #include "test_shell.h"
 #include <QDir>
@@ -59,6 +60,17 @@ class TextFileTest : public QObject {
         QTest::newRow("UTF-8 with BOM")
             << QByteArray("\xEF\xBB\xBF<p>\xC3\xA9</p>\r\n")
             << QString::fromUtf8("<p>\xC3\xA9</p>\n") << utf8 << true << true;
+        QTest::newRow("two BOMs: the second is text")
+            << QByteArray("\xEF\xBB\xBF\xEF\xBB\xBF<p>x</p>\n")
+            << QString(QChar(0xFEFF)) + QStringLiteral("<p>x</p>\n") << utf8 << true << false;
+        QTest::newRow("three BOMs, CRLF")
+            << QByteArray("\xEF\xBB\xBF\xEF\xBB\xBF\xEF\xBB\xBF"
+                          "a\r\n")
+            << QString(QChar(0xFEFF)) + QChar(0xFEFF) + QStringLiteral("a\n") << utf8 << true
+            << true;
+        QTest::newRow("separators and noncharacters")
+            << QByteArray("\xE2\x80\xA8\xE2\x80\xA9\xEF\xB7\x90\xEF\xB7\x91\xEF\xBF\xBE")
+            << QString::fromUtf16(u"\u2028\u2029\uFDD0\uFDD1\uFFFE") << utf8 << false << false;
         QTest::newRow("BOM alone")
             << QByteArray("\xEF\xBB\xBF") << QString() << utf8 << true << false;
         QTest::newRow("BOM inside the text stays text")
@@ -90,6 +102,24 @@ class TextFileTest : public QObject {
         QTEST(decoded.format.byteOrderMark, "bom");
         QTEST(decoded.format.crlf, "crlf");
         QCOMPARE(encodeText(decoded.text, decoded.format), bytes);
+    }
+
+    // Any file comes back byte for byte: random mixtures of line ends, marks, separators,
+    // valid and invalid UTF-8 and 8-bit text. TSL_FUZZ_CASES and TSL_FUZZ_SEED make a long run.
+    void randomFilesRoundTrip() {
+        const FuzzRun run(5000);
+        for (int i = 0; i < run.cases; ++i) {
+            RandomDocuments random(run.caseGenerator(i));
+            const QByteArray bytes = random.fileBytes();
+            const DecodedText decoded = decodeText(bytes);
+            const QByteArray written = encodeText(decoded.text, decoded.format);
+            if (written != bytes)
+                QFAIL(qPrintable(QStringLiteral("seed %1 case %2: %3 came back as %4")
+                                     .arg(run.seed)
+                                     .arg(i)
+                                     .arg(QString::fromLatin1(hexOf(bytes)),
+                                          QString::fromLatin1(hexOf(written)))));
+        }
     }
 
     void editedTextKeepsTheFileFormat() {
