@@ -2,6 +2,7 @@
 // the buttons Enter and Escape press, the commit sequence in both views, Cancel, the key
 // filters, the colour picker, the file browse, and a modeless form's lifetime.
 #include "frm_tiny.h"
+#include "test_rows.h"
 #include "test_shell.h"
 #include <QPointer>
 #include <QTest>
@@ -130,9 +131,7 @@ class DialogShapesTest : public QObject {
 
     // Box, typed, shown: digits only; hex digits in capitals, up to the box's length.
     void keyFilters_data() {
-        QTest::addColumn<QString>("box");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
+        columns<QString, QString, QString>({"box", "typed", "shown"});
         QTest::newRow("numeric") << "txtSize"
                                  << "a1-b2.3"
                                  << "123";

@@ -38,16 +38,9 @@ class InsertCommandsTest : public QObject {
     // works on the pane), whether Layout clears the flags and takes the focus, and whether a
     // position past 16 bits fails silently.
     void wraps_data() {
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("open");
-        QTest::addColumn<QString>("close");
-        QTest::addColumn<bool>("addsSelection");
-        QTest::addColumn<bool>("entryMarkup");
-        QTest::addColumn<bool>("entryCaret");
-        QTest::addColumn<QString>("layout");
-        QTest::addColumn<bool>("layoutClears");
-        QTest::addColumn<bool>("layoutFocus");
-        QTest::addColumn<bool>("silent");
+        columns<QString, QString, QString, bool, bool, bool, QString, bool, bool, bool>(
+            {"item", "open", "close", "addsSelection", "entryMarkup", "entryCaret", "layout",
+             "layoutClears", "layoutFocus", "silent"});
         const char* const rows[] = {"mnuH1|<h1>|</h1>|1|1|0|5043,2,Heading 1|0|0|1",
                                     "mnuH2|<h2>|</h2>|1|0|1|5043,2,Heading 2|0|0|1",
                                     "mnuH3|<h3>|</h3>|1|0|1|5043,2,Heading 3|0|0|1",
@@ -71,117 +64,94 @@ class InsertCommandsTest : public QObject {
         }
     }
 
-    void wrapSelection_data() { wraps_data(); }
-    void wrapSelection() {
+    void wraps() {
         QFETCH(QString, item);
         QFETCH(QString, open);
         QFETCH(QString, close);
-        QFETCH(bool, addsSelection);
-        TestShell ts;
-        codeEditor& doc = twoStepDocument(ts);
-        select(doc, 4, 3);
-        click(ts, item);
-        const QString wrapped = QStringLiteral("one ") + open + QStringLiteral("two") + close +
-                                QStringLiteral(" three");
-        QCOMPARE(doc.codebox().Text(), wrapped);
-        QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
-        QCOMPARE(doc.codebox().SelLength(), 3);
-        QCOMPARE(doc.nDoneIndex, Int16(3));
-        QVERIFY(!ts->bInsertingMarkup);
-        QVERIFY(!ts->bCaretStepTaken);
-        doc.Undo();
-        if (addsSelection) {
-            QCOMPARE(doc.codebox().Text(), kText);
-            QCOMPARE(doc.codebox().SelStart(), 4);
-            QCOMPARE(doc.codebox().SelLength(), 3);
-            doc.Redo();
+        QFETCH(bool, entryMarkup);
+        QFETCH(QString, layout);
+        QFETCH(bool, layoutClears);
+        QFETCH(bool, silent);
+        const QString wrapped = "one " + open + "two" + close + " three";
+        { // A selection: wrapped and kept, a step added.
+            TestShell ts;
+            codeEditor& doc = twoStepDocument(ts);
+            select(doc, 4, 3);
+            click(ts, item);
             QCOMPARE(doc.codebox().Text(), wrapped);
             QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
             QCOMPARE(doc.codebox().SelLength(), 3);
-        } else {
-            // No selection saved below: one press passes over that step as well.
-            QCOMPARE(doc.codebox().Text(), QStringLiteral("one two thre"));
-            QCOMPARE(doc.codebox().SelStart(), 12);
+            QCOMPARE(doc.nDoneIndex, Int16(3));
+            QVERIFY(!ts->bInsertingMarkup && !ts->bCaretStepTaken);
+            doc.Undo();
+            QFETCH(bool, addsSelection);
+            if (addsSelection) {
+                QCOMPARE(doc.codebox().Text(), kText);
+                QCOMPARE(doc.codebox().SelStart(), 4);
+                QCOMPARE(doc.codebox().SelLength(), 3);
+                doc.Redo();
+                QCOMPARE(doc.codebox().Text(), wrapped);
+                QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
+                QCOMPARE(doc.codebox().SelLength(), 3);
+            } else {
+                // No selection saved below: one press passes over that step as well.
+                QCOMPARE(doc.codebox().Text(), QStringLiteral("one two thre"));
+                QCOMPARE(doc.codebox().SelStart(), 12);
+            }
         }
-    }
-
-    void wrapEmptyPair_data() { wraps_data(); }
-    void wrapEmptyPair() {
-        QFETCH(QString, item);
-        QFETCH(QString, open);
-        QFETCH(QString, close);
-        TestShell ts;
-        codeEditor& doc = twoStepDocument(ts);
-        doc.codebox().setSelStart(4);
-        click(ts, item);
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one ") + open + close + "two three");
-        QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
-        QCOMPARE(doc.nDoneIndex, Int16(3));
-        QCOMPARE(doc.Steps[3].SelStart, 4 + open.size() + close.size());
-        QCOMPARE(doc.Steps[3].CaretBack, close.size());
-        QCOMPARE(ts->nStepCaretAdvance, Int16(0));
-        QCOMPARE(ts->nStepCaretBack, Int16(0));
-        doc.Undo();
-        QCOMPARE(doc.codebox().SelStart(), 4);
-        doc.Redo();
-        QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
-    }
-
-    // After a caret move the step is added outright only when the first write kept the caret
-    // flag, which it does when the markup flag was set on entry.
-    void caretFlagAtEntry_data() { wraps_data(); }
-    void caretFlagAtEntry() {
-        QFETCH(QString, item);
-        QFETCH(QString, open);
-        QFETCH(QString, close);
-        QFETCH(bool, entryMarkup);
-        TestShell ts;
-        // The step below already holds the result: CheckToAddStep would add nothing.
-        codeEditor& doc = documentWith(ts, QStringLiteral("one ") + open + close + "two three");
-        doc.codebox().setText(kText);
-        doc.codebox().setSelStart(4);
-        doc.AddStep();
-        ts->bCaretStepTaken = true;
-        click(ts, item);
-        QCOMPARE(doc.nDoneIndex, Int16(entryMarkup ? 3 : 2));
-    }
-
-    void wrapInLayoutView_data() { wraps_data(); }
-    void wrapInLayoutView() {
-        QFETCH(QString, item);
-        QFETCH(QString, layout);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 4);
-        ts->bLayoutActive = true;
-        ts->bCaretStepTaken = true;
-        click(ts, item);
-        QCOMPARE(layoutCommands(doc), layout);
-        QTEST(layoutOf(doc).focusCount == 1, "layoutFocus");
-        QCOMPARE(doc.codebox().Text() == kText, !layout.isEmpty());
-        QFETCH(bool, layoutClears);
-        QFETCH(bool, entryMarkup);
-        QCOMPARE(ts->bInsertingMarkup, !layoutClears && entryMarkup);
-        QCOMPARE(ts->bCaretStepTaken, !layoutClears);
-    }
-
-    // A selection starting past 32767 fails after the collapse and before any tag.
-    void wrapBeyond16Bits_data() { wraps_data(); }
-    void wrapBeyond16Bits() {
-        QFETCH(QString, item);
-        QFETCH(bool, silent);
-        TestShell ts;
-        const QString big(40000, QLatin1Char('x'));
-        codeEditor& doc = documentWith(ts, big);
-        select(doc, 33000, 5);
-        ts->dispatch([&] { click(ts, item); });
-        QCOMPARE(ts.platform.messages.size(), silent ? 0 : 1);
-        if (!silent)
-            QVERIFY(ts.platform.messages[0].text.startsWith(QStringLiteral("Run-time error '6'")));
-        QCOMPARE(doc.codebox().Text(), big);
-        QCOMPARE(doc.codebox().SelStart(), 33000);
-        QCOMPARE(doc.codebox().SelLength(), 0);
-        QTEST(ts->bInsertingMarkup, "entryMarkup");
-        QTEST(ts->bCaretStepTaken, "entryCaret");
+        { // No selection: an empty pair, the caret between, the step ends past the close.
+            TestShell ts;
+            codeEditor& doc = twoStepDocument(ts);
+            doc.codebox().setSelStart(4);
+            click(ts, item);
+            QCOMPARE(doc.codebox().Text(), "one " + open + close + "two three");
+            QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
+            QCOMPARE(doc.nDoneIndex, Int16(3));
+            QCOMPARE(doc.Steps[3].SelStart, 4 + open.size() + close.size());
+            QCOMPARE(doc.Steps[3].CaretBack, close.size());
+            QCOMPARE(ts->nStepCaretAdvance + ts->nStepCaretBack, 0);
+            doc.Undo();
+            QCOMPARE(doc.codebox().SelStart(), 4);
+            doc.Redo();
+            QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
+        }
+        { // After a caret move, with the result already one step below, a step is added
+            // outright only when the markup flag was set on entry.
+            TestShell ts;
+            codeEditor& doc = documentWith(ts, "one " + open + close + "two three");
+            doc.codebox().setText(kText);
+            doc.codebox().setSelStart(4);
+            doc.AddStep();
+            ts->bCaretStepTaken = true;
+            click(ts, item);
+            QCOMPARE(doc.nDoneIndex, Int16(entryMarkup ? 3 : 2));
+        }
+        { // Layout view: the surface's command, or the pane's wrap when there is none.
+            TestShell ts;
+            codeEditor& doc = documentWith(ts, kText, 4);
+            ts->bLayoutActive = true;
+            ts->bCaretStepTaken = true;
+            click(ts, item);
+            QCOMPARE(layoutCommands(doc), layout);
+            QTEST(layoutOf(doc).focusCount == 1, "layoutFocus");
+            QCOMPARE(doc.codebox().Text() == kText, !layout.isEmpty());
+            QCOMPARE(ts->bInsertingMarkup, !layoutClears && entryMarkup);
+            QCOMPARE(ts->bCaretStepTaken, !layoutClears);
+        }
+        { // A selection starting past 32767 fails after the collapse and before any tag.
+            TestShell ts;
+            const QString big(40000, QLatin1Char('x'));
+            codeEditor& doc = documentWith(ts, big);
+            select(doc, 33000, 5);
+            ts->dispatch([&] { click(ts, item); });
+            QCOMPARE(ts.platform.messages.size(), silent ? 0 : 1);
+            if (!silent) QVERIFY(ts.platform.messages[0].text.startsWith("Run-time error '6'"));
+            QCOMPARE(doc.codebox().Text(), big);
+            QCOMPARE(doc.codebox().SelStart(), 33000);
+            QCOMPARE(doc.codebox().SelLength(), 0);
+            QTEST(ts->bInsertingMarkup, "entryMarkup");
+            QTEST(ts->bCaretStepTaken, "entryCaret");
+        }
     }
 
     void paragraph() {
@@ -206,8 +176,7 @@ class InsertCommandsTest : public QObject {
 
     // Without a caret step the step call first looks at the step below.
     void stepCallLooksBelow_data() {
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("result");
+        columns<QString, QString>({"item", "result"});
         for (const auto& [item, result] : {std::pair{"mnuInsertParagraph", "one <p>two three"},
                                            std::pair{"mnuInsertBreak", "one <br>\ntwo three"},
                                            std::pair{"mnuInsertComment", "one <!--  -->two three"},
@@ -245,9 +214,7 @@ class InsertCommandsTest : public QObject {
     // The single inserts by group: A adds no step after a caret move, B and C do; C saves
     // no selection.
     void singleInserts_data() {
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("group");
+        columns<QString, QString, QString>({"item", "text", "group"});
         const QStringList rows =
             words("mnuInsertAmpersand &amp; A mnuInsertCopyright &copy; A mnuInsertGreater &gt; A "
                   "mnuInsertLess &lt; A mnuInsertQuote &quot; B mnuInsertReg &reg; B "
@@ -255,56 +222,50 @@ class InsertCommandsTest : public QObject {
         for (int i = 0; i < rows.size(); i += 3)
             QTest::newRow(qPrintable(rows.at(i))) << rows.at(i) << rows.at(i + 1) << rows.at(i + 2);
     }
-    // As after a paste, which leaves the markup flag, and a caret move.
-    void singleInsertAfterCaretMove() {
+    void singleInserts() {
         QFETCH(QString, item);
         QFETCH(QString, text);
         QFETCH(QString, group);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        select(doc, 4, 3);
-        ts->bInsertingMarkup = true;
-        ts->bCaretStepTaken = true;
-        click(ts, item);
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one ") + text + QStringLiteral(" three"));
         const bool full = group != QLatin1String("A");
-        QCOMPARE(doc.nDoneIndex, Int16(full ? 2 : 1));
-        QCOMPARE(ts->bInsertingMarkup, !full);
-        QCOMPARE(ts->bCaretStepTaken, !full);
-        QCOMPARE(doc.Steps[1].SelLen, group == QLatin1String("C") ? 0 : 3);
+        { // As after a paste, which leaves the markup flag, and a caret move.
+            TestShell ts;
+            codeEditor& doc = documentWith(ts, kText);
+            select(doc, 4, 3);
+            ts->bInsertingMarkup = true;
+            ts->bCaretStepTaken = true;
+            click(ts, item);
+            QCOMPARE(doc.codebox().Text(), "one " + text + " three");
+            QCOMPARE(doc.nDoneIndex, Int16(full ? 2 : 1));
+            QCOMPARE(ts->bInsertingMarkup, !full);
+            QCOMPARE(ts->bCaretStepTaken, !full);
+            QCOMPARE(doc.Steps[1].SelLen, group == QLatin1String("C") ? 0 : 3);
+        }
+        { // With both flags clear every group adds its step.
+            TestShell ts;
+            codeEditor& doc = documentWith(ts, kText, 4);
+            click(ts, item);
+            QCOMPARE(doc.nDoneIndex, Int16(2));
+            QVERIFY(!ts->bInsertingMarkup);
+        }
+        { // Layout view: pasted on the surface.
+            TestShell ts;
+            codeEditor& doc = documentWith(ts, kText, 4);
+            ts->bLayoutActive = true;
+            ts->bCaretStepTaken = true;
+            click(ts, item);
+            QCOMPARE(layoutOf(doc).pasted, QStringList{text});
+            QCOMPARE(doc.codebox().Text(), kText);
+            QCOMPARE(ts->bCaretStepTaken, !full);
+            QVERIFY(!ts->bInsertingMarkup);
+        }
     }
-    void singleInsertAfterCaretMove_data() { singleInserts_data(); }
-
-    void singleInsertWithFlagsClear() {
-        QFETCH(QString, item);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 4);
-        click(ts, item);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        QVERIFY(!ts->bInsertingMarkup);
-    }
-    void singleInsertWithFlagsClear_data() { singleInserts_data(); }
-
-    void singleInsertInLayoutView() {
-        QFETCH(QString, item);
-        QFETCH(QString, text);
-        QFETCH(QString, group);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 4);
-        ts->bLayoutActive = true;
-        ts->bCaretStepTaken = true;
-        click(ts, item);
-        QCOMPARE(layoutOf(doc).pasted, QStringList{text});
-        QCOMPARE(doc.codebox().Text(), kText);
-        QCOMPARE(ts->bCaretStepTaken, group == QLatin1String("A"));
-        QVERIFY(!ts->bInsertingMarkup);
-    }
-    void singleInsertInLayoutView_data() { singleInserts_data(); }
 
     void dates() {
         TestShell ts;
-        ts.platform.clock = QDateTime(QDate(2026, 3, 5), QTime(7, 5, 9));
         codeEditor& doc = documentWith(ts, kText);
+        // The captions follow the clock each time the menu opens; the first date's state
+        // goes to all four.
+        ts.platform.clock = QDateTime(QDate(2026, 3, 5), QTime(7, 5, 9));
         const QLocale locale = QLocale::system();
         const QString longDate = locale.dayName(4) + QStringLiteral(" 5 ") + locale.monthName(3) +
                                  QStringLiteral(" 2026");
@@ -333,10 +294,7 @@ class InsertCommandsTest : public QObject {
     }
 
     void comment_data() {
-        QTest::addColumn<QString>("cssDoc");
-        QTest::addColumn<int>("selLength");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("selStart");
+        columns<QString, int, QString, int>({"cssDoc", "selLength", "text", "selStart"});
         QTest::newRow("HTML") << "No" << 0 << "one <!--  -->two three" << 9;
         QTest::newRow("HTML, selection") << "No" << 3 << "one <!-- two --> three" << 9;
         QTest::newRow("CSS") << "Yes" << 0 << "one /*  */two three" << 7;
@@ -415,9 +373,7 @@ class InsertCommandsTest : public QObject {
 
     // Item, Layout command, and whether the surface takes the focus.
     void editCommandsInLayoutView_data() {
-        QTest::addColumn<QString>("item");
-        QTest::addColumn<QString>("layout");
-        QTest::addColumn<bool>("focus");
+        columns<QString, QString, bool>({"item", "layout", "focus"});
         const QStringList rows =
             words("mnuEditCut 5003,0, 1 mnuEditCopy 5002,0, 1 mnuEditPaste 5032,0, 1 "
                   "mnuEditSelectall 5035,0, 0 mnuEditUndo 5049,0, 0 mnuEditRedo 5033,0, 0 "

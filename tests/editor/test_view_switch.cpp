@@ -1,6 +1,7 @@
 // The three views of a document with engine-free surfaces: what each switch does to the text,
 // the temporary file, the undo history and the commands, and how the Layout surface's state
 // reaches the toolbars.
+#include "test_rows.h"
 #include "test_shell.h"
 #include <QDir>
 #include <QTemporaryDir>
@@ -67,8 +68,7 @@ class ViewSwitchTest : public QObject {
     }
 
     void showBordersReadsItsSetting_data() {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<bool>("on");
+        columns<QString, bool>({"stored", "on"});
         QTest::newRow("never written") << QString() << true;
         QTest::newRow("No") << QStringLiteral("No") << false;
         QTest::newRow("no") << QStringLiteral("no") << true;
@@ -134,8 +134,7 @@ class ViewSwitchTest : public QObject {
     }
 
     void aStyleSheetHasNoLayoutAndNoPreview_data() {
-        QTest::addColumn<int>("view");
-        QTest::addColumn<QString>("message");
+        columns<int, QString>({"view", "message"});
         QTest::newRow("Layout") << 2
                                 << QStringLiteral(
                                        "Layout view can not be used with CSS documents.");
@@ -199,10 +198,7 @@ class ViewSwitchTest : public QObject {
     }
 
     void displayChangedBringsTheToolbarsUpToDate_data() {
-        QTest::addColumn<int>("command");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<bool>("expected");
+        columns<int, int, QString, bool>({"command", "status", "target", "expected"});
         const auto row = [](const char* name, int command, int status, const char* target,
                             bool expected) {
             QTest::newRow(name) << command << status << QString::fromLatin1(target) << expected;

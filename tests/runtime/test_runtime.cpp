@@ -70,19 +70,6 @@ class RuntimeTest : public QObject {
         QVERIFY(QByteArray(e.what()).contains(QByteArray::number(number)));
     }
 
-    void ownDescriptionWins() {
-        const RuntimeError e(ErrPathFileAccess, QStringLiteral("The disk is gone"));
-        QCOMPARE(e.number(), 75);
-        QCOMPARE(e.description(), QStringLiteral("The disk is gone"));
-        try {
-            raise(ErrCancelled);
-            QFAIL("raise returned");
-        } catch (const RuntimeError& raised) {
-            QCOMPARE(raised.number(), 32755);
-            QCOMPARE(raised.description(), QStringLiteral("Cancel was selected."));
-        }
-    }
-
     void resumeNextGoesOn() {
         QStringList ran;
         QList<int> errors;

@@ -131,47 +131,67 @@ class NewOpenTest : public QObject {
         }
     }
 
-    void openFileAlreadyOpen() {
+    // The same rules through File > Open and the recent file list: only a lower-case ".css"
+    // makes a style sheet; a file already open is not opened twice; a missing file leaves
+    // "Document 1" alone, each door with its own message.
+    void theDoorsToAFile_data() {
+        columns<bool, QString, int, QString, QString, int>(
+            {"recent", "name", "opens", "cssDoc", "message", "icon"});
+        for (const bool recent : {false, true}) {
+            const char* door = recent ? "recent" : "open";
+            QTest::addRow("%s style.css", door) << recent << "style.css" << 1 << "Yes"
+                                                << "" << 0;
+            QTest::addRow("%s STYLE.CSS", door) << recent << "STYLE.CSS" << 1 << "No"
+                                                << "" << 0;
+            QTest::addRow("%s twice", door) << recent << "page.htm" << 2 << "No"
+                                            << "File is already open." << int(MsgIcon::Information);
+        }
+        QTest::newRow("open missing")
+            << false << "" << 1 << "No"
+            << "The file  could not be found." << int(MsgIcon::Exclamation);
+        QTest::newRow("recent missing") << true << "" << 2 << "No"
+                                        << "File could not be found." << int(MsgIcon::Critical);
+    }
+    void theDoorsToAFile() {
+        QFETCH(bool, recent);
+        QFETCH(QString, name);
+        QFETCH(int, opens);
+        QFETCH(QString, message);
         QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", "x");
+        const QString path =
+            name.isEmpty() ? QStringLiteral("/nowhere/gone.htm") : writeFile(dir, name, "body {}");
         TestShell ts;
+        if (recent) ts.settings.save("Recent File List", "1stRecentFile", path);
         ts.load();
-        ts.open(path);
-        ts.open(path);
+        for (int i = 0; i < opens; ++i) {
+            if (recent)
+                ts->mnuFileMRU_Click(0);
+            else
+                ts.open(path);
+        }
         QCOMPARE(ts->documents().size(), size_t(1));
-        QCOMPARE(ts.platform.messages.size(), 1);
-        QCOMPARE(ts.platform.messages[0].text, QStringLiteral("File is already open."));
-        QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
+        QCOMPARE(ts->TabStrip1.count(), 1);
+        QTEST(ts.active().CSSDoc, "cssDoc");
+        QCOMPARE(ts.active().Caption(), name.isEmpty() ? QStringLiteral("Document 1") : path);
+        QStringList told(name.isEmpty() ? opens : opens - 1, message); // each time
+        QCOMPARE(ts.platform.messageTexts(), message.isEmpty() ? QStringList() : told);
+        for (const ShownMessage& m : ts.platform.messages)
+            QTEST(int(m.icon), "icon");
         QVERIFY(!ts->bFileAlreadyOpen);
+        // A missing recent file stays on the list.
+        if (name.isEmpty())
+            QCOMPARE(ts.settings.get("Recent File List", "1stRecentFile"),
+                     recent ? path : QString());
     }
 
-    // A cancelled Open changes nothing; a missing file is reported.
-    void openMissingFile() {
+    // A cancelled Open changes nothing.
+    void aCancelledOpen() {
         TestShell ts;
         ts.load();
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
         ts->mnuFileOpen_Click();
         QVERIFY(ts.platform.messages.isEmpty());
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file("/nonexistent/gone.htm"));
-        ts->mnuFileOpen_Click();
-        QCOMPARE(ts.platform.messageTexts(), QStringList{"The file  could not be found."});
-        QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Exclamation);
-        QCOMPARE(ts->documents().size(), size_t(1));
-        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(ts->TabStrip1.count(), 1);
         QCOMPARE(ts->TabStrip1.tab(0).Key, QStringLiteral("Document 1"));
-    }
-
-    // Only a lower-case ".css" makes a style sheet.
-    void cssDocByExactExtension() {
-        for (const auto& [name, cssDoc] :
-             {std::pair{"style.css", "Yes"}, std::pair{"STYLE.CSS", "No"},
-              std::pair{"page.htm", "No"}}) {
-            QTemporaryDir dir;
-            TestShell ts;
-            ts.load();
-            QCOMPARE(ts.open(writeFile(dir, name, "body {}")).CSSDoc, QString::fromLatin1(cssDoc));
-        }
     }
 
     void openSeveralFiles() {

@@ -1,6 +1,7 @@
 // The Preferences dialog: what it shows from the store, what OK writes and does to the open
-// documents, the 72 point rule, the browse buttons, and the keys that nothing writes.
+// documents, the 72 point rule, the browse buttons, and Cancel.
 #include "shell/frm_options.h"
+#include "test_rows.h"
 #include "test_shell.h"
 #include <QTest>
 #include <optional>
@@ -17,29 +18,39 @@ void preferences(TestShell& ts, std::function<void(frmOptions&)> script) {
     ts.run("mnuEditPrefs");
 }
 
-// What the dialog showed when it opened.
-struct Shown {
-    QString fontFace, size, browser, defaultDir, caption;
-    int wordWrap = -1, autoClose = -1, relative = -1, spinner = -1;
-    QStringList fonts;
-};
-
-Shown look(TestShell& ts) {
-    Shown shown;
+// Opens the dialog, presses OK after the given changes.
+void okWith(TestShell& ts, std::function<void(frmOptions&)> change) {
     preferences(ts, [&](frmOptions& f) {
-        shown.fontFace = f.FontFace.Text();
-        shown.size = f.Size.Text();
-        shown.browser = f.Text1.Text();
-        shown.defaultDir = f.PreviewBox.Text();
-        shown.caption = f.Caption();
-        shown.wordWrap = f.chkWordWrap.Value();
-        shown.autoClose = f.chkAutoClose.Value();
-        shown.relative = f.chkRelative.Value();
-        shown.spinner = f.UpDown1.Value();
-        shown.fonts = f.FontFace.items();
+        change(f);
+        f.OK.press();
+        QVERIFY(!f.isLoaded());
+    });
+}
+
+// What the dialog shows when it opens: font|size|spinner|wrap|auto close|relative|browser|dir.
+QString look(TestShell& ts) {
+    QString shown;
+    preferences(ts, [&](frmOptions& f) {
+        shown = QStringList{f.FontFace.Text(),
+                            f.Size.Text(),
+                            QString::number(f.UpDown1.Value()),
+                            QString::number(f.chkWordWrap.Value()),
+                            QString::number(f.chkAutoClose.Value()),
+                            QString::number(f.chkRelative.Value()),
+                            f.Text1.Text(),
+                            f.PreviewBox.Text()}
+                    .join(u'|');
         f.Cancel.press();
     });
     return shown;
+}
+
+// The font, size and right margin of a document's Source pane.
+QString paneOf(const codeEditor* doc) {
+    return QStringLiteral("%1 %2 %3")
+        .arg(doc->codebox().FontName())
+        .arg(doc->codebox().FontSize())
+        .arg(doc->codebox().RightMargin());
 }
 
 const QString kTooLarge = QStringLiteral(
@@ -53,38 +64,16 @@ class PreferencesTest : public QObject {
     void emptyStoreDefaults() {
         TestShell ts;
         ts.load();
-        const Shown shown = look(ts);
+        // The wrap box stands clear while the documents wrap.
+        QCOMPARE(look(ts), QStringLiteral("Courier New|9|9|0|1|1|None|"));
         QCOMPARE(ts.forms.shown, QStringList({"frmOptions"}));
-        QCOMPARE(shown.caption, QStringLiteral("Preferences"));
-        QCOMPARE(shown.fontFace, QStringLiteral("Courier New"));
-        QCOMPARE(shown.size, QStringLiteral("9"));
-        QCOMPARE(shown.spinner, 9);
-        QCOMPARE(shown.wordWrap, 0);                      // the box stands clear...
-        QCOMPARE(ts.active().codebox().RightMargin(), 0); // ...while the document wraps
-        QCOMPARE(shown.autoClose, 1);
-        QCOMPARE(shown.relative, 1);
-        QCOMPARE(shown.browser, QStringLiteral("None"));
-        QCOMPARE(shown.defaultDir, QString());
-        QCOMPARE(shown.fonts, ts.platform.fonts);
-        // A new document wraps too, in the default font.
         ts->mnuFileNewHTML_Click();
-        QCOMPARE(ts.active().codebox().RightMargin(), 0);
-        QCOMPARE(ts.active().codebox().FontName(), QStringLiteral("Courier New"));
-        QCOMPARE(ts.active().codebox().FontSize(), 9.0);
+        for (const codeEditor* doc : ts->documents())
+            QCOMPARE(paneOf(doc), QStringLiteral("Courier New 9 0"));
         QCOMPARE(ts.settings.writeCount(), 0);
-    }
-
-    void spinnerRange() {
-        TestShell ts;
-        ts.load();
-        preferences(ts, [](frmOptions& f) {
-            QCOMPARE(f.UpDown1.Min, 6);
-            QCOMPARE(f.UpDown1.Max, 72);
-            QCOMPARE(f.UpDown1.Increment, 1);
-            f.UpDown1.stepUp();
-            QCOMPARE(f.Size.Text(), QStringLiteral("10"));
-            f.UpDown1.setValue(200);
-            QCOMPARE(f.Size.Text(), QStringLiteral("72"));
+        preferences(ts, [&](frmOptions& f) {
+            QCOMPARE(f.Caption(), QStringLiteral("Preferences"));
+            QCOMPARE(f.FontFace.items(), ts.platform.fonts);
             f.Cancel.press();
         });
     }
@@ -99,58 +88,33 @@ class PreferencesTest : public QObject {
         ts.settings.save("Fuzzies", "Use Relative", "No");
         ts.settings.save("Browser", "BrowserLoc", "/usr/bin/lynx");
         ts.load();
-        const Shown shown = look(ts);
-        QCOMPARE(shown.fontFace, QStringLiteral("Arial"));
-        QCOMPARE(shown.size, QStringLiteral("12"));
-        QCOMPARE(shown.spinner, 12);
-        QCOMPARE(shown.wordWrap, 1);
-        QCOMPARE(shown.autoClose, 0);
-        QCOMPARE(shown.relative, 0);
-        QCOMPARE(shown.browser, QStringLiteral("/usr/bin/lynx"));
-        QCOMPARE(shown.defaultDir, QStringLiteral("/srv/www"));
-    }
-
-    void aStoredSizeIsShownAsStored() {
-        // Sizes under the spinner's range get through OK; the box shows them again as they are.
-        TestShell ts;
-        ts.load();
-        preferences(ts, [](frmOptions& f) {
-            f.Size.setText("4");
-            f.OK.press();
-        });
-        QCOMPARE(ts.settings.get("Fuzzies", "Font Size"), QStringLiteral("4"));
-        QCOMPARE(look(ts).size, QStringLiteral("4"));
+        QCOMPARE(look(ts), QStringLiteral("Arial|12|12|1|0|0|/usr/bin/lynx|/srv/www"));
     }
 
     void captions() {
         const QStringList expected =
             QStringLiteral(
-                "lblFontFace|Font &Name:|lblSize|Font &Size:|chkWordWrap|&Word Wrap|"
-                "chkAutoClose|Auto &Close Bracket|lblBrowser|Secondary B&rowser:|"
-                "lblDefaultDir|Default Directory:|chkRelative|Calculate Relative Paths|"
-                "Label1|Note: your default browser has already been defined by Tessaline, based "
-                "on your computer's associations for htm / html file types.|"
-                "fraEditor|Editor Settings|fraLocations|File Locations")
+                "Font &Name:|Font &Size:|&Word Wrap|Auto &Close Bracket|Secondary B&rowser:|"
+                "Default Directory:|Calculate Relative Paths|Note: your default browser has "
+                "already been defined by Tessaline, based on your computer's associations for "
+                "htm / html file types.|Editor Settings|File Locations")
                 .split(u'|');
         TestShell ts;
         ts.load();
         preferences(ts, [&](frmOptions& f) {
-            const QList<Label*> labels = {
-                &f.lblFontFace,   &f.lblSize,     &f.chkWordWrap, &f.chkAutoClose, &f.lblBrowser,
-                &f.lblDefaultDir, &f.chkRelative, &f.Label1,      &f.fraEditor,    &f.fraLocations};
-            QCOMPARE(labels.size() * 2, expected.size());
-            for (int i = 0; i < labels.size(); ++i) {
-                QCOMPARE(labels.at(i)->name(), expected.at(2 * i));
-                QCOMPARE(labels.at(i)->Caption(), expected.at(2 * i + 1));
-            }
+            QStringList captions;
+            for (const Label* label : std::initializer_list<const Label*>{
+                     &f.lblFontFace, &f.lblSize, &f.chkWordWrap, &f.chkAutoClose, &f.lblBrowser,
+                     &f.lblDefaultDir, &f.chkRelative, &f.Label1, &f.fraEditor, &f.fraLocations})
+                captions.append(label->Caption());
+            QCOMPARE(captions, expected);
             f.Cancel.press();
         });
     }
 
     // Digits and backspace pass the size box; anything else is dropped.
     void sizeKeyPress_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<bool>("passes");
+        columns<int, bool>({"key", "passes"});
         for (int key : {int('0'), int('5'), int('9'), 8})
             QTest::addRow("%d", key) << key << true;
         for (int key : {int('a'), int('X'), int('/'), int(':'), int('.'), int('-'), int(' '), 9})
@@ -176,153 +140,110 @@ class PreferencesTest : public QObject {
         });
     }
 
+    // Font, size, the three boxes, browser, folder: the keys written, the open documents.
     void okWritesEveryKey_data() {
-        QTest::addColumn<QString>("font");
-        QTest::addColumn<QString>("size");
-        QTest::addColumn<int>("wrap");
-        QTest::addColumn<int>("autoClose");
-        QTest::addColumn<int>("relative");
-        QTest::addColumn<QString>("browser");
-        QTest::addColumn<QString>("dir");
-        QTest::addColumn<int>("margin");
-        QTest::newRow("ticked") << "Arial"
-                                << "14" << 1 << 1 << 1 << "/usr/bin/lynx"
-                                << "/srv/www" << 0;
-        QTest::newRow("cleared") << "Times New Roman"
-                                 << "6" << 0 << 0 << 0 << "/opt/b/browser"
-                                 << "/home/me/my pages" << 120000;
+        columns<QString, QString, int, QString>({"values", "stored", "margin", "shown"});
+        QTest::newRow("ticked") << "Arial|14|1|1|1|/usr/bin/lynx|/srv/www"
+                                << "Arial|14|1|Yes|Yes|/srv/www|/usr/bin/lynx" << 0
+                                << "Arial|14|14|1|1|1|/usr/bin/lynx|/srv/www";
+        QTest::newRow("cleared") << "Times New Roman|6|0|0|0|/opt/b/browser|/home/me/my pages"
+                                 << "Times New Roman|6|0|No|No|/home/me/my pages|/opt/b/browser"
+                                 << 120000
+                                 << "Times New Roman|6|6|0|0|0|/opt/b/browser|/home/me/my pages";
     }
     void okWritesEveryKey() {
-        QFETCH(QString, font);
-        QFETCH(QString, size);
-        QFETCH(int, wrap);
-        QFETCH(int, autoClose);
-        QFETCH(int, relative);
-        QFETCH(QString, browser);
-        QFETCH(QString, dir);
+        QFETCH(QString, values);
         QFETCH(int, margin);
+        const QStringList v = values.split(u'|');
         TestShell ts;
         ts.load();
         ts->mnuFileNewCSS_Click();
         ts->mnuFileNewHTML_Click();
-        preferences(ts, [&](frmOptions& f) {
-            f.FontFace.setText(font);
-            f.Size.setText(size);
+        okWith(ts, [&](frmOptions& f) {
+            f.FontFace.setText(v.at(0));
+            f.Size.setText(v.at(1));
             // Start each box from its other state, so that every value is set on purpose.
-            f.chkWordWrap.setValue(1 - wrap);
-            f.chkWordWrap.setValue(wrap);
-            f.chkAutoClose.setValue(1 - autoClose);
-            f.chkAutoClose.setValue(autoClose);
-            f.chkRelative.setValue(1 - relative);
-            f.chkRelative.setValue(relative);
-            f.Text1.setText(browser);
-            f.PreviewBox.setText(dir);
-            f.OK.press();
-            QVERIFY(!f.isLoaded());
+            for (auto [box, value] : {std::pair{&f.chkWordWrap, v.at(2).toInt()},
+                                      std::pair{&f.chkAutoClose, v.at(3).toInt()},
+                                      std::pair{&f.chkRelative, v.at(4).toInt()}}) {
+                box->setValue(1 - value);
+                box->setValue(value);
+            }
+            f.Text1.setText(v.at(5));
+            f.PreviewBox.setText(v.at(6));
         });
-        const auto yesNo = [](int v) { return v ? QStringLiteral("Yes") : QStringLiteral("No"); };
-        QCOMPARE(ts.settings.get("Fuzzies", "Font Name"), font);
-        QCOMPARE(ts.settings.get("Fuzzies", "Font Size"), size);
-        QCOMPARE(ts.settings.get("Fuzzies", "Word Wrap"), QString::number(wrap));
-        QCOMPARE(ts.settings.get("Fuzzies", "Auto Close Tag"), yesNo(autoClose));
-        QCOMPARE(ts.settings.get("Fuzzies", "Use Relative"), yesNo(relative));
-        QCOMPARE(ts.settings.get("Fuzzies", "Default Dir"), dir);
-        QCOMPARE(ts.settings.get("Browser", "BrowserLoc"), browser);
+        QStringList stored;
+        for (const char* key : {"Font Name", "Font Size", "Word Wrap", "Auto Close Tag",
+                                "Use Relative", "Default Dir"})
+            stored.append(ts.settings.get("Fuzzies", key));
+        stored.append(ts.settings.get("Browser", "BrowserLoc"));
+        QTEST(stored.join(u'|'), "stored");
         QCOMPARE(ts.settings.writeCount(), 7);
-        QCOMPARE(ts->bAutoCloseTag, autoClose == 1);
-        QCOMPARE(ts->bUseRelative, relative == 1);
-        QCOMPARE(ts->sSecondaryBrowser, browser);
-        QCOMPARE(ts->OpenSave.InitDir, dir);
+        QCOMPARE(ts->bAutoCloseTag, v.at(3) == QLatin1String("1"));
+        QCOMPARE(ts->bUseRelative, v.at(4) == QLatin1String("1"));
+        QCOMPARE(ts->sSecondaryBrowser, v.at(5));
+        QCOMPARE(ts->OpenSave.InitDir, v.at(6));
         // Every open document takes the font and the wrap at once.
         QCOMPARE(ts->documents().size(), size_t(3));
-        for (codeEditor* doc : ts->documents()) {
-            QCOMPARE(doc->codebox().FontName(), font);
-            QCOMPARE(doc->codebox().FontSize(), size.toDouble());
-            QCOMPARE(doc->codebox().RightMargin(), margin);
-        }
-        // And the box shows what was stored.
-        const Shown shown = look(ts);
-        QCOMPARE(shown.fontFace, font);
-        QCOMPARE(shown.size, size);
-        QCOMPARE(shown.wordWrap, wrap);
-        QCOMPARE(shown.autoClose, autoClose);
-        QCOMPARE(shown.relative, relative);
-        QCOMPARE(shown.browser, browser);
-        QCOMPARE(shown.defaultDir, dir);
+        for (const codeEditor* doc : ts->documents())
+            QCOMPARE(paneOf(doc), QStringLiteral("%1 %2 %3").arg(v.at(0), v.at(1)).arg(margin));
+        QTEST(look(ts), "shown");
     }
 
-    void sizeAbove72IsStoredAsNine() {
-        TestShell ts;
-        ts.load();
-        ts->mnuFileNewHTML_Click();
-        preferences(ts, [](frmOptions& f) {
-            f.Size.setText("100");
-            f.OK.press();
-        });
-        QCOMPARE(ts.platform.messages.size(), 1);
-        QCOMPARE(ts.platform.messages[0].text, kTooLarge);
-        QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
-        QCOMPARE(ts.platform.messages[0].buttons, MsgButtons::OK);
-        QCOMPARE(ts.platform.messages[0].title, QString());
-        QCOMPARE(ts.settings.get("Fuzzies", "Font Size"), QStringLiteral("9"));
-        // The open documents take the size as typed; only new ones get 9.
-        for (codeEditor* doc : ts->documents())
-            QCOMPARE(doc->codebox().FontSize(), 100.0);
-        ts->mnuFileNewHTML_Click();
-        QCOMPARE(ts.active().codebox().FontSize(), 9.0);
-        QCOMPARE(look(ts).size, QStringLiteral("9"));
+    // The size typed: what is stored, whether the 72 point message shows, the size the open
+    // documents take, and a new one's. Under the spinner's range gets through; nonsense
+    // fails unseen, and the statements after it still run.
+    void sizeRules_data() {
+        columns<QString, QString, bool, double, double>({"typed", "stored", "told", "open", "new"});
+        QTest::newRow("4") << "4"
+                           << "4" << false << 4.0 << 4.0;
+        QTest::newRow("72") << "72"
+                            << "72" << false << 72.0 << 72.0;
+        QTest::newRow("100") << "100"
+                             << "9" << true << 100.0 << 9.0;
+        QTest::newRow("big") << "big"
+                             << "big" << false << 9.0 << 9.0;
     }
-
-    void size72IsAllowed() {
+    void sizeRules() {
+        QFETCH(QString, typed);
+        QFETCH(QString, stored);
+        QFETCH(bool, told);
         TestShell ts;
         ts.load();
-        preferences(ts, [](frmOptions& f) {
-            f.Size.setText("72");
-            f.OK.press();
-        });
-        QVERIFY(ts.platform.messages.isEmpty());
-        QCOMPARE(ts.settings.get("Fuzzies", "Font Size"), QStringLiteral("72"));
-        QCOMPARE(ts.active().codebox().FontSize(), 72.0);
-        ts->mnuFileNewHTML_Click();
-        QCOMPARE(ts.active().codebox().FontSize(), 72.0);
-    }
-
-    void pastedNonsenseSizeFailsUnseen() {
-        TestShell ts;
-        ts.load();
-        preferences(ts, [](frmOptions& f) {
-            f.Size.setText("big");
+        okWith(ts, [&](frmOptions& f) {
+            f.Size.setText(typed);
             f.FontFace.setText("Arial");
-            f.OK.press();
         });
-        QVERIFY(ts.platform.messages.isEmpty());
-        // The statements after the failing one still ran.
+        QCOMPARE(ts.platform.messages.size(), told ? 1 : 0);
+        if (told) {
+            const ShownMessage& m = ts.platform.messages[0];
+            QCOMPARE(m.text, kTooLarge);
+            QCOMPARE(m.icon, MsgIcon::Information);
+            QCOMPARE(m.buttons, MsgButtons::OK);
+            QCOMPARE(m.title, QString());
+        }
+        QCOMPARE(ts.settings.get("Fuzzies", "Font Size"), stored);
         QCOMPARE(ts.settings.get("Fuzzies", "Font Name"), QStringLiteral("Arial"));
         QCOMPARE(ts.active().codebox().FontName(), QStringLiteral("Arial"));
-        QCOMPARE(ts.active().codebox().FontSize(), 9.0);
+        QTEST(ts.active().codebox().FontSize(), "open");
+        ts->mnuFileNewHTML_Click();
+        QTEST(ts.active().codebox().FontSize(), "new");
+        QCOMPARE(look(ts).section(u'|', 1, 1), stored);
     }
 
     void emptyBrowserStoresNone() {
         TestShell ts;
         ts.load();
-        preferences(ts, [](frmOptions& f) {
-            f.Text1.setText("");
-            f.OK.press();
-        });
+        okWith(ts, [](frmOptions& f) { f.Text1.setText(""); });
         QCOMPARE(ts.settings.get("Browser", "BrowserLoc"), QStringLiteral("None"));
         QCOMPARE(ts->sSecondaryBrowser, QString());
-        QCOMPARE(look(ts).browser, QStringLiteral("None"));
+        QCOMPARE(look(ts).section(u'|', 6, 6), QStringLiteral("None"));
     }
 
     void relativePathsOffForThisRunOnly() {
         TestShell ts;
         ts.load();
-        QVERIFY(ts->bUseRelative);
-        preferences(ts, [](frmOptions& f) {
-            QCOMPARE(f.chkRelative.Caption(), QStringLiteral("Calculate Relative Paths"));
-            f.chkRelative.setValue(0);
-            f.OK.press();
-        });
+        okWith(ts, [](frmOptions& f) { f.chkRelative.setValue(0); });
         QCOMPARE(ts.settings.get("Fuzzies", "Use Relative"), QStringLiteral("No"));
         QVERIFY(!ts->bUseRelative);
         // The next run, on the same store, reads "UseRelative" and calculates again...
@@ -332,7 +253,7 @@ class PreferencesTest : public QObject {
         QCOMPARE(ts.settings.get("Fuzzies", "UseRelative", "unwritten"),
                  QStringLiteral("unwritten"));
         // ...while the box shows the stored "Use Relative", clear.
-        QCOMPARE(look(ts).relative, 0);
+        QCOMPARE(look(ts).section(u'|', 5, 5), QStringLiteral("0"));
     }
 
     void defaultDirSetsTheFileDialogOnlyWhenChanged() {
@@ -342,26 +263,19 @@ class PreferencesTest : public QObject {
         QCOMPARE(ts->OpenSave.InitDir, QStringLiteral("/srv/www"));
         // The shared dialog has moved on since (as an Open does).
         ts->OpenSave.InitDir = QStringLiteral("/home/me/elsewhere");
-        preferences(ts, [](frmOptions& f) { f.OK.press(); });
+        okWith(ts, [](frmOptions&) {});
         QCOMPARE(ts->OpenSave.InitDir, QStringLiteral("/home/me/elsewhere"));
-        QCOMPARE(ts.settings.get("Fuzzies", "Default Dir"), QStringLiteral("/srv/www"));
-        preferences(ts, [](frmOptions& f) {
-            f.PreviewBox.setText("/srv/new");
-            f.OK.press();
-        });
+        okWith(ts, [](frmOptions& f) { f.PreviewBox.setText("/srv/new"); });
         QCOMPARE(ts->OpenSave.InitDir, QStringLiteral("/srv/new"));
         QCOMPARE(ts.settings.get("Fuzzies", "Default Dir"), QStringLiteral("/srv/new"));
     }
 
     void command2PicksTheDefaultFolder_data() {
-        QTest::addColumn<std::optional<QString>>("chosen");
-        QTest::addColumn<QString>("shown");
+        columns<std::optional<QString>, QString>({"chosen", "shown"});
         const QString longPath = QStringLiteral("/") + QString(300, QLatin1Char('d'));
-        QTest::newRow("a folder") << std::optional<QString>("/home/me/site")
-                                  << QStringLiteral("/home/me/site");
-        QTest::newRow("cut at NUL")
-            << std::optional<QString>(QStringLiteral("/home/me/site") + QChar(0) + "garbage")
-            << QStringLiteral("/home/me/site");
+        const QString site = QStringLiteral("/home/me/site");
+        QTest::newRow("a folder") << std::optional<QString>(site) << site;
+        QTest::newRow("cut at NUL") << std::optional<QString>(site + QChar(0) + "garbage") << site;
         QTest::newRow("at most 260") << std::optional<QString>(longPath) << longPath.left(260);
         QTest::newRow("nothing chosen") << std::optional<QString>() << QStringLiteral("/srv/www");
     }
@@ -373,10 +287,9 @@ class PreferencesTest : public QObject {
         ts.load();
         ts.platform.folderAnswers.enqueue(chosen);
         QString box;
-        preferences(ts, [&](frmOptions& f) {
+        okWith(ts, [&](frmOptions& f) {
             f.Command2.press();
             box = f.PreviewBox.Text();
-            f.OK.press();
         });
         QCOMPARE(ts.platform.folderTitles, QStringList({"Please select a default folder"}));
         QCOMPARE(box, shown);
@@ -385,39 +298,41 @@ class PreferencesTest : public QObject {
 
     // Browsing for the secondary browser: a file chosen fills the box and leaves the shared
     // dialog at the document's folder; cancelled, nothing changes.
+    void command1BrowsesForTheSecondaryBrowser_data() {
+        columns<bool, QString, QString>({"choose", "box", "initDir"});
+        QTest::newRow("chosen") << true << "/usr/bin/lynx"
+                                << "/home/me/site/";
+        QTest::newRow("cancelled") << false << "/usr/bin/old"
+                                   << "/srv/www";
+    }
     void command1BrowsesForTheSecondaryBrowser() {
-        for (const bool choose : {true, false}) {
-            TestShell ts;
-            ts.settings.save("Browser", "BrowserLoc", "/usr/bin/old");
-            ts.load();
-            codeEditor& doc = ts.active();
-            doc.txtFileName = QStringLiteral("/home/me/site/index.htm");
-            doc.txtFileTitle = QStringLiteral("index.htm");
-            ts->OpenSave.InitDir = QStringLiteral("/srv/www");
-            const int writes = ts.settings.writeCount();
-            ts.platform.fileAnswers.enqueue(choose ? FileDialogAnswer::file("/usr/bin/lynx")
-                                                   : FileDialogAnswer::cancel());
-            QString box;
-            preferences(ts, [&](frmOptions& f) {
-                f.Command1.press();
-                box = f.Text1.Text();
-                f.Cancel.press();
-            });
-            QCOMPARE(ts.platform.fileDialogsShown.size(), 1);
-            QVERIFY(ts.platform.fileDialogsShown[0].CancelError);
-            QCOMPARE(box,
-                     choose ? QStringLiteral("/usr/bin/lynx") : QStringLiteral("/usr/bin/old"));
-            QCOMPARE(ts->OpenSave.InitDir,
-                     choose ? QStringLiteral("/home/me/site/") : QStringLiteral("/srv/www"));
-            QCOMPARE(ts.settings.writeCount(), writes);
-            QVERIFY(ts.platform.messages.isEmpty());
-        }
+        QFETCH(bool, choose);
+        TestShell ts;
+        ts.settings.save("Browser", "BrowserLoc", "/usr/bin/old");
+        ts.load();
+        ts.active().txtFileName = QStringLiteral("/home/me/site/index.htm");
+        ts.active().txtFileTitle = QStringLiteral("index.htm");
+        ts->OpenSave.InitDir = QStringLiteral("/srv/www");
+        const int writes = ts.settings.writeCount();
+        ts.platform.fileAnswers.enqueue(choose ? FileDialogAnswer::file("/usr/bin/lynx")
+                                               : FileDialogAnswer::cancel());
+        QString box;
+        preferences(ts, [&](frmOptions& f) {
+            f.Command1.press();
+            box = f.Text1.Text();
+            f.Cancel.press();
+        });
+        QCOMPARE(ts.platform.fileDialogsShown.size(), 1);
+        QVERIFY(ts.platform.fileDialogsShown[0].CancelError);
+        QTEST(box, "box");
+        QTEST(ts->OpenSave.InitDir, "initDir");
+        QCOMPARE(ts.settings.writeCount(), writes);
+        QVERIFY(ts.platform.messages.isEmpty());
     }
 
     void cancelWritesNothing() {
         TestShell ts;
         ts.load();
-        const int writes = ts.settings.writeCount();
         preferences(ts, [](frmOptions& f) {
             f.FontFace.setText("Arial");
             f.Size.setText("100");
@@ -429,30 +344,11 @@ class PreferencesTest : public QObject {
             f.Cancel.press();
             QVERIFY(!f.isLoaded());
         });
-        QCOMPARE(ts.settings.writeCount(), writes);
+        QCOMPARE(ts.settings.writeCount(), 0);
         QVERIFY(ts.platform.messages.isEmpty());
-        QVERIFY(ts->bAutoCloseTag);
-        QVERIFY(ts->bUseRelative);
+        QVERIFY(ts->bAutoCloseTag && ts->bUseRelative);
         QCOMPARE(ts->OpenSave.InitDir, QString());
-        QCOMPARE(ts.active().codebox().FontName(), QStringLiteral("Courier New"));
-        QCOMPARE(ts.active().codebox().FontSize(), 9.0);
-        QCOMPARE(ts.active().codebox().RightMargin(), 0);
-    }
-
-    void tagsToolbarOpenIsNeverWritten() {
-        TestShell ts;
-        ts.load();
-        preferences(ts, [](frmOptions& f) {
-            f.chkWordWrap.setValue(1);
-            f.OK.press();
-        });
-        ts->mnuViewTagList_Click();
-        ts->mnuViewTagList_Click();
-        ts->MDIForm_QueryUnload();
-        const QString unwritten = QStringLiteral("unwritten");
-        QCOMPARE(ts.settings.get("Fuzzies", "Tags Toolbar Open", unwritten), unwritten);
-        QCOMPARE(ts.settings.get("Fuzzies", "UseRelative", unwritten), unwritten);
-        QVERIFY(ts.settings.writeCount() > 0); // the others were written
+        QCOMPARE(paneOf(&ts.active()), QStringLiteral("Courier New 9 0"));
     }
 };
 

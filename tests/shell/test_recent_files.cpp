@@ -118,48 +118,7 @@ class RecentFilesTest : public QObject {
         QVERIFY(ts.platform.messages.isEmpty());
     }
 
-    void anUpperCaseCssEndingIsNoStyleSheet() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "SITE.CSS", "x");
-        TestShell ts;
-        storeList(ts.settings, {path});
-        ts.load();
-        ts->mnuFileMRU_Click(0);
-        QCOMPARE(ts.active().CSSDoc, QStringLiteral("No"));
-    }
-
-    void anOpenEntryIsNotOpenedTwice() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "a.htm", "x");
-        TestShell ts;
-        storeList(ts.settings, {path});
-        ts.load();
-        ts->mnuFileMRU_Click(0);
-        ts->mnuFileMRU_Click(0);
-        QCOMPARE(ts->documents().size(), size_t(1));
-        QCOMPARE(ts.platform.messages.size(), 1);
-        QCOMPARE(ts.platform.messages[0].text, QStringLiteral("File is already open."));
-        QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
-        QVERIFY(!ts->bFileAlreadyOpen);
-    }
-
-    void aMissingFileLeavesTheListAndNoWindow() {
-        TestShell ts;
-        storeList(ts.settings, {"/nowhere/a.htm", "/nowhere/gone.htm"});
-        ts.load();
-        ts.active().codebox().setSelText(QStringLiteral("typed"));
-        for (int click = 0; click < 2; ++click) {
-            ts->mnuFileMRU_Click(1);
-            QCOMPARE(ts.platform.messages.size(), click + 1);
-            QCOMPARE(ts.platform.messages.last().text, QStringLiteral("File could not be found."));
-            QCOMPARE(ts.platform.messages.last().icon, MsgIcon::Critical);
-        }
-        QCOMPARE(ts->documents().size(), size_t(1));
-        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(ts->TabStrip1.count(), 1);
-        QCOMPARE(storedList(ts.settings),
-                 (QStringList{"/nowhere/a.htm", "/nowhere/gone.htm", "", ""}));
-    }
+    // A style sheet's ending, an entry already open and a missing file are the open tests'.
 
     // The title is the text after the last "/"; a backslash is part of the name.
     void fileTitles() {

@@ -1,6 +1,7 @@
 // Links relative to the active document: the string steps with either separator, and the
 // routine with its file dialog, the setting and the climbing flag.
 #include "shell/relative_path.h"
+#include "test_rows.h"
 #include "test_shell.h"
 #include <QTest>
 
@@ -45,11 +46,7 @@ class RelativePathTest : public QObject {
     // another drive, unless the document is on the network too; the climb compares one
     // character short of the folder name; a sub-folder keeps its spelling.
     void links_data() {
-        QTest::addColumn<QString>("separator");
-        QTest::addColumn<QString>("document");
-        QTest::addColumn<QString>("chosen");
-        QTest::addColumn<QString>("link");
-        QTest::addColumn<bool>("up");
+        columns<QString, QString, QString, QString, bool>({"separator", "document", "chosen", "link", "up"});
         const char* const rows[] = {
             R"(C:\web\site\page.htm|C:\web\site\a.gif|a.gif|0)",
             R"(C:\web\site\page.htm|C:\web\site\img\a.gif|img/a.gif|0)",

@@ -12,17 +12,11 @@ class StartupTest : public QObject {
     Q_OBJECT
 
   private slots:
+    // The bands and the pane at start are the view toggles' tests.
     void startWithNoSettings() {
         TestShell ts;
         ts.load();
-        QVERIFY(ts->bStandardToolbarOpen);
-        QVERIFY(ts->bTagsToolbarOpen);
-        QVERIFY(!ts->bFormsToolbarOpen);
-        QVERIFY(!ts->bTagListOpen);
-        QVERIFY(!ts->Picture1.Visible());
-        QVERIFY(ts->bUseRelative);
-        QVERIFY(ts->bAutoCloseTag);
-        QVERIFY(!ts->bMainLoading);
+        QVERIFY(ts->bUseRelative && ts->bAutoCloseTag && !ts->bMainLoading);
         QCOMPARE(ts->documents().size(), size_t(1));
         QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
         QCOMPARE(ts.active().codebox().SelStart(), 106);
@@ -30,23 +24,14 @@ class StartupTest : public QObject {
         QCOMPARE(ts.settings.writeCount(), 0); // nothing is written at first start
     }
 
-    void viewStateFromSettings() {
+    void storedSettingsAtStart() {
         TestShell ts;
-        ts.settings.save("Fuzzies", "Forms Toolbar Open", "Yes");
-        ts.settings.save("Fuzzies", "Standard Toolbar Open", "No");
-        ts.settings.save("Fuzzies", "TagListOpen", "Yes");
         ts.settings.save("Fuzzies", "Auto Close Tag", "No");
         ts.settings.save("Fuzzies", "Default Dir", "/home/me/pages");
         ts.settings.save("Fuzzies", "Word Wrap", "0");
         ts.settings.save("Fuzzies", "Use Relative", "No"); // relative paths are on at every start
         ts.load();
-        QVERIFY(ts->bUseRelative);
-        QVERIFY(ts->bFormsToolbarOpen);
-        QVERIFY(!ts->bStandardToolbarOpen);
-        QVERIFY(ts->bTagListOpen);
-        QVERIFY(ts->Picture1.Visible());
-        QVERIFY(ts->menu("mnuViewTagList").Checked());
-        QVERIFY(!ts->bAutoCloseTag);
+        QVERIFY(ts->bUseRelative && !ts->bAutoCloseTag);
         QCOMPARE(ts->OpenSave.InitDir, QStringLiteral("/home/me/pages"));
         QCOMPARE(ts.active().codebox().RightMargin(), 120000);
     }
@@ -142,17 +127,6 @@ class StartupTest : public QObject {
         ts->imgSizer_MouseUp();
         QCOMPARE(ts->Picture1Width, width);
         QVERIFY(!ts->bSizing);
-    }
-
-    void tagListToggleWritesAtOnce() {
-        TestShell ts;
-        ts.load();
-        ts->mnuViewTagList_Click();
-        QVERIFY(ts->Picture1.Visible());
-        QVERIFY(ts->bTagListOpen);
-        QCOMPARE(ts.settings.get("Fuzzies", "TagListOpen"), QStringLiteral("Yes"));
-        ts->mnuViewTagList_Click();
-        QCOMPARE(ts.settings.get("Fuzzies", "TagListOpen"), QStringLiteral("No"));
     }
 
     void exitWritesTheViewStateFirst() {
