@@ -184,6 +184,15 @@ Item Rows(std::vector<Item> rows) {
     };
 }
 
+Item Named(const QString& name, Item field) {
+    return [name, field = std::move(field)](Builder& b) {
+        Built built = field(b);
+        if (QWidget* target = built.focus ? built.focus : built.widget)
+            target->setAccessibleName(name);
+        return built;
+    };
+}
+
 Item Field(Label& caption, Item field) {
     return [&caption, field = std::move(field)](Builder& b) {
         Built built = field(b);

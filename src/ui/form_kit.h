@@ -35,6 +35,10 @@ struct Built {
 };
 using Item = std::function<Built(Builder&)>;
 
+// A field whose label stands elsewhere (an option above it, a frame around it) gets its
+// name for assistive tools here.
+Item Named(const QString& name, Item field);
+
 // Arrangement.
 Item Column(std::vector<Item> items);
 Item Row(std::vector<Item> items);

@@ -40,10 +40,12 @@ void buildChooseFilesView(Form& base, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
     auto& f = static_cast<frmChooseFiles&>(base);
     build(dialog, shell,
-          Column({Row({Column({Drives(f.drvDrive), Folders(f.dirHTML)}),
-                       Column({List(f.fileList, 10), Rows({Field(f.Label3, Combo(f.txtFilter))})}),
+          Column({Row({Column({Named(QStringLiteral("Drive"), Drives(f.drvDrive)),
+                               Named(QStringLiteral("Folders"), Folders(f.dirHTML))}),
+                       Column({Named(QStringLiteral("Files"), List(f.fileList, 10)),
+                               Rows({Field(f.Label3, Combo(f.txtFilter))})}),
                        Column({Stretch(), Button(f.cmdAdd), Button(f.cmdDelete2), Stretch()}),
-                       List(f.lstHTMLFiles, 10)}),
+                       Named(QStringLiteral("Chosen files"), List(f.lstHTMLFiles, 10))}),
                   Buttons({&f.cmdOK, &f.cmdCancel})}));
     dialog.resize(900, 420);
 }
