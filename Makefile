@@ -39,6 +39,7 @@ bench: build
 	$(BUILD)/bench/bench_typing
 	$(BUILD)/bench/bench_files
 	$(BUILD)/bench/bench_search
+	bash scripts/bench-memory.sh $(BUILD)
 
 sanitize: deps
 	cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DTESSALINE_SANITIZE=ON

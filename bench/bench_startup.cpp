@@ -40,7 +40,6 @@ int main(int argc, char* argv[]) {
         std::printf("  %-28s %.1f ms\n", what, (nowNanoseconds() - started) / 1e6);
     };
     mark("main entered");
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication app(argc, argv);
     mark("application made");
     QSplashScreen splash(tsl::splashPicture());

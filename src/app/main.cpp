@@ -12,8 +12,6 @@
 int main(int argc, char* argv[]) {
     // The browser engine refuses to start its sandbox for the superuser.
     if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
-    // The browser views, made later on demand, share their graphics contexts.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tessaline"));
     QApplication::setOrganizationName(QStringLiteral("Tessaline"));

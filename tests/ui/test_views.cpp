@@ -249,8 +249,6 @@ class ViewsTest : public QObject {
 };
 
 int main(int argc, char* argv[]) {
-    // As the program does: the engine, loaded later, shares its graphics contexts.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication app(argc, argv);
     ViewsTest test;
     return QTest::qExec(&test, argc, argv);
