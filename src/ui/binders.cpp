@@ -57,6 +57,15 @@ class KeyPressFilter : public QObject {
     std::function<void(const QString&)> setText_;
     std::function<void(std::function<void()>)> run_;
 };
+// Fills a list widget or a combo with the control's entries when they differ from those shown.
+// The list shown is kept to compare: a list that has not changed shares its data, so the test
+// costs nothing on the frequent updates of the text or the selection alone.
+template <typename W> void showItems(const ListControl& control, W* widget, QStringList& shown) {
+    if (shown == control.items()) return;
+    shown = control.items();
+    widget->clear();
+    widget->addItems(shown);
+}
 } // namespace
 
 void Binder::common(Control& control, QWidget* widget) {
@@ -146,16 +155,10 @@ void Binder::optionButton(OptionButton& control, QRadioButton* widget) {
 void Binder::comboBox(ComboBox& control, QComboBox* widget) {
     common(control, widget);
     widget->setEditable(control.style() != ComboBox::DropDownList);
-    // The list shown, kept to compare: a list that has not changed shares its data, so the
-    // test costs nothing on the frequent updates of the text alone.
     auto shown = std::make_shared<QStringList>();
     const auto update = [&control, widget, shown] {
         const QSignalBlocker quiet(widget);
-        if (*shown != control.items()) {
-            *shown = control.items();
-            widget->clear();
-            widget->addItems(*shown);
-        }
+        showItems(control, widget, *shown);
         widget->setCurrentIndex(control.ListIndex());
         if (widget->isEditable() && widget->currentText() != control.Text())
             widget->setEditText(control.Text());
@@ -209,11 +212,7 @@ void Binder::listBox(ListControl& control, QListWidget* widget) {
     auto shown = std::make_shared<QStringList>();
     const auto update = [&control, widget, shown] {
         const QSignalBlocker quiet(widget);
-        if (*shown != control.items()) {
-            *shown = control.items();
-            widget->clear();
-            widget->addItems(*shown);
-        }
+        showItems(control, widget, *shown);
         for (int i = 0; i < widget->count(); ++i)
             widget->item(i)->setSelected(control.Selected(i));
         if (control.ListIndex() >= 0)

@@ -135,8 +135,11 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
 
 ShellWindow::~ShellWindow() {
     // QWidget's destructor closes the window, which hides the document windows: the area then
-    // reports a new active window to a ShellWindow that is already gone. Stop listening first.
+    // reports a new active window, and the windows new states, to a ShellWindow that is already
+    // gone. Stop listening first.
     mdi_->disconnect(this);
+    for (QMdiSubWindow* window : mdi_->subWindowList())
+        window->disconnect(this);
 }
 
 void ShellWindow::arrange(int code) {
