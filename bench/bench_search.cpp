@@ -86,7 +86,7 @@ int main(int argc, char* argv[]) {
 
     QString text;
     while (text.size() < 32000)
-        text += QStringLiteral("<p>a line of the page with a word foo in it</p>\n");
+        text += QStringLiteral("<p>a line with foo in it, foo twice</p>\n");
     tsl::TextPane pane;
     pane.setText(text);
     tsl::FindState state;
