@@ -147,6 +147,7 @@ void bindOptionsDialog(DialogContext& context, Commands& commands);
 void bindAboutDialog(DialogContext& context, Commands& commands);
 void bindFindReplace(DialogContext& context, Commands& commands);
 void bindExtendedReplace(DialogContext& context, Commands& commands);
+void bindStyleDialog(DialogContext& context, Commands& commands);
 
 void ShellMDI::bindViewCommands(Commands& commands) {
     commands.bind(QStringLiteral("mnuViewStdTlb"), [this] { mnuViewStdTlb_Click(); });
@@ -196,6 +197,7 @@ void ShellMDI::buildMenus() {
     bindAboutDialog(*this, commands);
     bindFindReplace(*this, commands);
     bindExtendedReplace(*this, commands);
+    bindStyleDialog(*this, commands);
     for (const auto& [name, handler] : commands.handlers())
         menu(name).Click = handler;
 
