@@ -1,5 +1,6 @@
 #include "stylesheets/css_rule.h"
 #include "editor/surfaces.h"
+#include "runtime/runtime_error.h"
 #include "stylesheets/frm_style.h"
 
 namespace tsl {
@@ -192,8 +193,10 @@ RulePlace placeRule(SourcePane& source, bool styleSheet, const QString& selector
             ? source.Find(selector + QStringLiteral(" {"), 0, -1, SourcePane::WholeWord)
             : source.Find(selector + QLatin1Char('.') + className + QStringLiteral(" {"), 0);
     const auto replace = [&] {
-        // A rule whose "}" is missing gives a negative length, which the surface refuses.
+        // A rule with no "}" behind it is left alone: the command ends there, the text as it
+        // was, rather than guessing how much of the page to overwrite.
         const int close = source.Find(QStringLiteral("}"), match);
+        if (close < 0) raise(ErrInvalidPropertyValue);
         source.setSelStart(match);
         source.setSelLength(close - match + 1);
         source.setSelText(rule.mid(2));
