@@ -8,7 +8,9 @@
 //       Buttons({&form.OK, &form.Cancel})}));
 #include "gadgets/controls.h"
 #include "gadgets/file_lists.h"
+#include "gadgets/tab_control.h"
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <vector>
 
@@ -17,6 +19,7 @@ class QWidget;
 
 namespace tsl {
 
+class cToolbar;
 class FormDialog;
 class ShellMDI;
 
@@ -80,6 +83,17 @@ Item Progress(ProgressBar& bar);
 // The places a chooser starts from, the folder tree of the chosen one, and its files.
 Item Drives(DriveListBox& drives);
 Item Folders(DirListBox& folders);
+
+// Tabs: one page for each tab of the control, in its order; the control follows the tab shown
+// and the tab shown follows the control.
+Item Tabs(TabControl& tabs, std::vector<Item> pages);
+// Several fields on one line, as one field: a label of the line names its first part. A part
+// with a name in `names` gets it as its accessible name.
+Item Inline(std::vector<Item> parts, QStringList names = {});
+// A label right before its field on a line, the label the field's buddy.
+Item Beside(Label& caption, Item field);
+// The buttons of a toolbar model, with the pictures of its strip.
+Item Toolbar(cToolbar& toolbar);
 
 // Builds the layout into the dialog of a form.
 void build(FormDialog& dialog, ShellMDI& shell, const Item& root);

@@ -9,6 +9,8 @@ void buildTableView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildFindView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildExtFindView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildChooseFilesView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildStyleView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildATagView(Form& form, FormDialog& dialog, ShellMDI& shell);
 
 void registerFormViews(QtFormHost& host) {
     host.registerView(QStringLiteral("frmOptions"), buildOptionsView);
@@ -17,6 +19,8 @@ void registerFormViews(QtFormHost& host) {
     host.registerView(QStringLiteral("frmFind"), buildFindView);
     host.registerView(QStringLiteral("frmExtFind"), buildExtFindView);
     host.registerView(QStringLiteral("frmChooseFiles"), buildChooseFilesView);
+    host.registerView(QStringLiteral("frmStyle"), buildStyleView);
+    host.registerView(QStringLiteral("frmATag"), buildATagView);
 }
 
 } // namespace tsl
