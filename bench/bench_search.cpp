@@ -3,6 +3,8 @@
 // offscreen.
 #include "editor/text_pane.h"
 #include "platform/platform.h"
+#include "platform/printer_device.h"
+#include "platform/url_transfer.h"
 #include "search/find_replace.h"
 #include "search/replace_in_files.h"
 #include "ui/source_editor.h"
@@ -32,6 +34,12 @@ class SilentPlatform : public tsl::Platform {
     QDateTime now() override { return QDateTime::currentDateTime(); }
     bool shellOpen(const QString&) override { return false; }
     bool startProgram(const QString&, const QStringList&) override { return false; }
+    bool startCommandLine(const QString&) override { return false; }
+    struct NoTransfer : tsl::UrlTransfer {
+        QString OpenURL(const QString&) override { fail(QStringLiteral("No network")); }
+    } transfer_;
+    tsl::UrlTransfer& transfer() override { return transfer_; }
+    std::unique_ptr<tsl::PrinterDevice> defaultPrinter() override { return nullptr; }
     void showHelp(const QString&) override {}
     QString tempFolder() override { return QDir::tempPath(); }
     QStringList fontNames() override { return {}; }

@@ -94,6 +94,8 @@ class LayoutSurface {
     virtual int QueryStatus(int id) const = 0;
     // Replaces the surface's selection by markup.
     virtual void pasteHTML(const QString& markup) = 0;
+    // Prints the page as the surface shows it, on the default printer.
+    virtual void PrintDocument() = 0;
     // Raised at each change of caret or content.
     std::function<void()> DisplayChanged;
 
@@ -186,6 +188,8 @@ class DetachedLayout : public LayoutSurface {
     bool refusePaste = false;
     void pasteHTML(const QString& markup) override;
     void SetFocus() override { ++focusCount; }
+    int printed = 0;
+    void PrintDocument() override { ++printed; }
     void NewDocument() override {
         ++newDocuments;
         setDocumentHTML(QString());
@@ -208,6 +212,10 @@ class BrowserSurface {
     virtual void Refresh() = 0;
     virtual bool Visible() const = 0;
     virtual void setVisible(bool on) = 0;
+    // Runs a command of the browser; printing with the prompt shows the browser's own dialog.
+    enum { OLECMDID_PRINT = 6 };
+    enum { OLECMDEXECOPT_DODEFAULT = 0, OLECMDEXECOPT_PROMPTUSER = 1 };
+    virtual void ExecWB(int command, int option) = 0;
     // Raised before the browser goes to a new address.
     std::function<void()> BeforeNavigate2;
 };
@@ -227,6 +235,9 @@ class DetachedBrowser : public BrowserSurface {
     void GoForward() override { history(QStringLiteral("GoForward")); }
     void Stop() override { calls.append(QStringLiteral("Stop")); }
     void Refresh() override { calls.append(QStringLiteral("Refresh")); }
+    void ExecWB(int command, int option) override {
+        calls.append(QStringLiteral("ExecWB %1 %2").arg(command).arg(option));
+    }
     bool Visible() const override { return visible_; }
     void setVisible(bool on) override { visible_ = on; }
 

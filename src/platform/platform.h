@@ -4,11 +4,14 @@
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
+#include <memory>
 #include <optional>
 
 namespace tsl {
 
 class CommonDialog;
+class PrinterDevice;
+class UrlTransfer;
 
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
 enum class MsgButtons { OK, OKCancel, AbortRetryIgnore, YesNoCancel, YesNo, RetryCancel };
@@ -66,6 +69,13 @@ class Platform {
     virtual bool shellOpen(const QString& fileOrUrl) = 0;
     // Starts a program with arguments; false when it could not be started.
     virtual bool startProgram(const QString& program, const QStringList& arguments) = 0;
+    // Starts a program by a command line, as typed: the program and its arguments separated by
+    // blanks. False when it could not be started.
+    virtual bool startCommandLine(const QString& commandLine) = 0;
+    // The internet transfer of the main window.
+    virtual UrlTransfer& transfer() = 0;
+    // A job on the system's default printer; null when the system has no printer.
+    virtual std::unique_ptr<PrinterDevice> defaultPrinter() = 0;
     virtual void showHelp(const QString& helpFile) = 0;
 
     virtual QString tempFolder() = 0;

@@ -148,6 +148,8 @@ void bindAboutDialog(DialogContext& context, Commands& commands);
 void bindFindReplace(DialogContext& context, Commands& commands);
 void bindExtendedReplace(DialogContext& context, Commands& commands);
 void bindStyleDialog(DialogContext& context, Commands& commands);
+void bindBrowserPreview(ShellMDI& shell, Commands& commands);
+void bindPrinting(ShellMDI& shell, Commands& commands);
 
 void ShellMDI::bindViewCommands(Commands& commands) {
     commands.bind(QStringLiteral("mnuViewStdTlb"), [this] { mnuViewStdTlb_Click(); });
@@ -198,6 +200,8 @@ void ShellMDI::buildMenus() {
     bindFindReplace(*this, commands);
     bindExtendedReplace(*this, commands);
     bindStyleDialog(*this, commands);
+    bindBrowserPreview(*this, commands);
+    bindPrinting(*this, commands);
     for (const auto& [name, handler] : commands.handlers())
         menu(name).Click = handler;
 

@@ -6,6 +6,7 @@
 #include "gadgets/form.h"
 #include "gadgets/menu_item.h"
 #include "gadgets/rebar.h"
+#include "gadgets/status_bar.h"
 #include "gadgets/tab_strip.h"
 #include "gadgets/toolbar.h"
 #include "platform/common_dialog.h"
@@ -70,6 +71,8 @@ class ShellMDI : public QObject, public DialogContext {
     static constexpr int kCssFilterIndex = 2;
     // ---- end of command table ----
     ListBox List1{QStringLiteral("List1")};
+    // The status bar; its first panel shows the progress of a transfer.
+    StatusBar StatusBar1{QStringLiteral("StatusBar1")};
 
     // The tag list pane and its sizer, in twips.
     static constexpr int kPaneMinWidth = 2000;

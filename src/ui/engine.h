@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 
+class QPrinter;
 class QWidget;
 
 namespace tsl {
@@ -34,6 +35,8 @@ class EnginePage {
     virtual void forward() = 0;
     virtual void stop() = 0;
     virtual void reload() = 0;
+    // Prints the page on the printer; `done` hears when the job has been handed over.
+    virtual void print(QPrinter* printer, std::function<void(bool ok)> done) = 0;
 
     std::function<void()> loadStarted;
     std::function<void(bool ok)> loadFinished;

@@ -3,6 +3,7 @@
 #include "runtime/runtime_error.h"
 #include "ui/find_bar.h"
 #include "ui/layout_script.h"
+#include "ui/qt_printer.h"
 #include <QBoxLayout>
 #include <QDir>
 #include <QEventLoop>
@@ -12,6 +13,8 @@
 #include <QJsonObject>
 #include <QLayout>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QTemporaryFile>
 #include <QTimer>
 #include <QWidget>
@@ -348,6 +351,29 @@ void QtBrowserSurface::Stop() {
 
 void QtBrowserSurface::Refresh() {
     if (page_) page_->reload();
+}
+
+} // namespace tsl
+
+namespace tsl {
+
+// ---- printing ----
+
+void QtLayoutSurface::PrintDocument() {
+    if (!page_ || !ready_) return;
+    std::shared_ptr<QPrinter> printer = makeDefaultPrinter();
+    if (printer) printEnginePage(*page_, printer);
+}
+
+void QtBrowserSurface::ExecWB(int command, int option) {
+    if (command != OLECMDID_PRINT || !page_) return;
+    std::shared_ptr<QPrinter> printer = makeDefaultPrinter();
+    if (!printer) printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    if (option == OLECMDEXECOPT_PROMPTUSER) {
+        QPrintDialog dialog(printer.get(), host_);
+        if (dialog.exec() != QDialog::Accepted) raise(ErrCancelled);
+    }
+    printEnginePage(*page_, printer);
 }
 
 } // namespace tsl

@@ -45,6 +45,7 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     QString ExecCommand(int id, int option, const QString& value) override;
     int QueryStatus(int id) const override { return statuses_.value(id, NotSupported); }
     void pasteHTML(const QString& markup) override;
+    void PrintDocument() override;
     // The page has loaded and answers: for tests.
     bool isReady() const { return ready_; }
 
@@ -93,6 +94,7 @@ class QtBrowserSurface : public QObject, public BrowserSurface {
     void Refresh() override;
     bool Visible() const override { return visible_; }
     void setVisible(bool on) override { visible_ = on; }
+    void ExecWB(int command, int option) override;
 
   signals:
     void loadFinished(bool ok);

@@ -96,6 +96,12 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
 
     status_ = new QLabel(this);
     statusBar()->addWidget(status_, 1);
+    status_->setObjectName(QStringLiteral("StatusBar1"));
+    connect(&shell.StatusBar1, &Control::changed, this, [this] {
+        status_->setText(shell_.StatusBar1.PanelText(1));
+        // Shown at once, even while a command waits for a transfer.
+        status_->repaint();
+    });
 
     connect(tabs_, &QTabBar::tabBarClicked, this, [this](int index) {
         if (index < 0) return;

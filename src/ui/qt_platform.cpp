@@ -1,6 +1,7 @@
 #include "ui/qt_platform.h"
 #include "editor/file_system.h"
 #include "platform/common_dialog.h"
+#include "ui/qt_printer.h"
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
@@ -11,9 +12,11 @@
 #include <QFontDatabase>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPrinter>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSplashScreen>
+#include <QStandardPaths>
 #include <QUrl>
 
 namespace tsl {
@@ -253,6 +256,32 @@ bool QtPlatform::shellOpen(const QString& fileOrUrl) {
 
 bool QtPlatform::startProgram(const QString& program, const QStringList& arguments) {
     return QProcess::startDetached(program, arguments);
+}
+
+bool QtPlatform::startCommandLine(const QString& commandLine) {
+    const QStringList words = splitCommandLine(commandLine);
+    if (words.isEmpty()) return false;
+    return QProcess::startDetached(words.first(), words.mid(1));
+}
+
+QStringList splitCommandLine(const QString& commandLine) {
+    const QString line = commandLine.trimmed();
+    for (qsizetype end = line.size(); end > 0; end = line.lastIndexOf(u' ', end - 1)) {
+        const QString program = line.left(end);
+        const QFileInfo file(program);
+        if (file.isFile() && file.isExecutable())
+            return QStringList{program} + QProcess::splitCommand(line.mid(end));
+    }
+    const QStringList words = QProcess::splitCommand(line);
+    if (words.isEmpty()) return {};
+    const QString found = QStandardPaths::findExecutable(words.first());
+    return QStringList{found.isEmpty() ? words.first() : found} + words.mid(1);
+}
+
+std::unique_ptr<PrinterDevice> QtPlatform::defaultPrinter() {
+    std::unique_ptr<QPrinter> printer = makeDefaultPrinter();
+    if (!printer) return nullptr;
+    return std::make_unique<QtPrinterDevice>(std::move(printer));
 }
 
 void QtPlatform::showHelp(const QString& helpFile) {

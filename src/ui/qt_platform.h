@@ -1,6 +1,7 @@
 #pragma once
 // The desktop services of the real program, on Qt.
 #include "platform/platform.h"
+#include "ui/net_transfer.h"
 #include <QObject>
 #include <QPointer>
 
@@ -32,6 +33,9 @@ class QtPlatform : public QObject, public Platform {
     QDateTime now() override;
     bool shellOpen(const QString& fileOrUrl) override;
     bool startProgram(const QString& program, const QStringList& arguments) override;
+    bool startCommandLine(const QString& commandLine) override;
+    UrlTransfer& transfer() override { return transfer_; }
+    std::unique_ptr<PrinterDevice> defaultPrinter() override;
     void showHelp(const QString& helpFile) override;
     QString tempFolder() override;
     QStringList fontNames() override;
@@ -43,6 +47,12 @@ class QtPlatform : public QObject, public Platform {
     QPointer<QWidget> mainWindow_;
     // Kept current from the clipboard's own signal: the caret reads it on every move.
     QString clipboard_;
+    NetTransfer transfer_;
 };
+
+// A command line as a program and its arguments. The program is the longest run of words from
+// the start that names a program file, so that a program in a folder with blanks in its name
+// needs no quotes; the rest is split at blanks, as the program would split it.
+QStringList splitCommandLine(const QString& commandLine);
 
 } // namespace tsl

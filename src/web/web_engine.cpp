@@ -122,6 +122,15 @@ class WebPage : public EnginePage {
         page_->expectOwnLoad();
         view_->reload();
     }
+    void print(QPrinter* printer, std::function<void(bool)> done) override {
+        auto once = std::make_shared<QMetaObject::Connection>();
+        *once = QObject::connect(view_, &QWebEngineView::printFinished, view_,
+                                 [once, done = std::move(done)](bool ok) {
+                                     QObject::disconnect(*once);
+                                     if (done) done(ok);
+                                 });
+        view_->print(printer);
+    }
 
   private:
     // The view may go with its window before the page object does.

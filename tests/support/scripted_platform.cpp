@@ -69,3 +69,74 @@ QStringList ScriptedPlatform::messageTexts() const {
 }
 
 } // namespace tsl::test
+
+namespace tsl::test {
+
+bool ScriptedPlatform::startCommandLine(const QString& commandLine) {
+    commandLines.append(commandLine);
+    return shellSucceeds;
+}
+
+namespace {
+// The job handed out: the test keeps the printer and reads what was printed on it.
+class SharedPrinter : public PrinterDevice {
+  public:
+    explicit SharedPrinter(std::shared_ptr<ScriptedPrinter> p) : p_(std::move(p)) {}
+    void Print(const QString& text) override { p_->Print(text); }
+    int Width() const override { return p_->Width(); }
+    int Height() const override { return p_->Height(); }
+    int ScaleWidth() const override { return p_->ScaleWidth(); }
+    int ScaleHeight() const override { return p_->ScaleHeight(); }
+    int PhysicalOffsetX() const override { return p_->PhysicalOffsetX(); }
+    int PhysicalOffsetY() const override { return p_->PhysicalOffsetY(); }
+    double TwipsPerPixelX() const override { return p_->TwipsPerPixelX(); }
+    double TwipsPerPixelY() const override { return p_->TwipsPerPixelY(); }
+    int FormatRange(const QString& text, int start, const QString& font, double size,
+                    const TwipsRect& drawing, const TwipsRect& page, bool render) override {
+        return p_->FormatRange(text, start, font, size, drawing, page, render);
+    }
+    void NewPage() override { p_->NewPage(); }
+    void EndDoc() override { p_->EndDoc(); }
+
+  private:
+    std::shared_ptr<ScriptedPrinter> p_;
+};
+} // namespace
+
+std::unique_ptr<PrinterDevice> ScriptedPlatform::defaultPrinter() {
+    if (!printer) return nullptr;
+    return std::make_unique<SharedPrinter>(printer);
+}
+
+int ScriptedPrinter::FormatRange(const QString& text, int start, const QString& font, double size,
+                                 const TwipsRect& drawing, const TwipsRect&, bool render) {
+    calls.append(QStringLiteral("FormatRange %1").arg(start));
+    drawings.append(drawing);
+    fontName = font;
+    fontSize = size;
+    const int columns = (drawing.right - drawing.left) * charsPerInch / 1440;
+    const int rows = (drawing.bottom - drawing.top) * linesPerInch / 1440;
+    QStringList lines;
+    int pos = start;
+    while (pos < text.size() && lines.size() < std::max(rows, 1)) {
+        const int feed = static_cast<int>(text.indexOf(u'\n', pos));
+        const int end = feed < 0 ? static_cast<int>(text.size()) : feed;
+        const int take = std::min(end - pos, std::max(columns, 1));
+        lines.append(text.mid(pos, take));
+        pos += take;
+        if (pos == end && feed >= 0) ++pos; // the line feed ends the line it stands in
+    }
+    if (render) pages.append(lines.join(u'\n'));
+    return pos;
+}
+
+QString ScriptedTransfer::OpenURL(const QString& url) {
+    requested.append(url);
+    const Reply reply = replies.value(url, Reply{{icResolvingHost}, std::nullopt});
+    for (int state : reply.states)
+        raiseStateChanged(state);
+    if (!reply.body) fail(QStringLiteral("Cannot connect"));
+    return *reply.body;
+}
+
+} // namespace tsl::test

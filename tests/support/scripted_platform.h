@@ -4,10 +4,15 @@
 // clock is set by hand. An unexpected question fails loudly instead of hanging.
 #include "platform/common_dialog.h"
 #include "platform/platform.h"
+#include "platform/printer_device.h"
+#include "platform/url_transfer.h"
+#include <QHash>
 #include <QList>
 #include <QQueue>
 #include <QStringList>
 #include <functional>
+#include <memory>
+#include <optional>
 #include <stdexcept>
 
 namespace tsl::test {
@@ -34,6 +39,50 @@ struct FileDialogAnswer {
 class UnexpectedPrompt : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
+};
+
+// A transfer that answers from a table of addresses: the states it reports before the body,
+// and the body, or a failure.
+class ScriptedTransfer : public UrlTransfer {
+  public:
+    struct Reply {
+        QList<int> states;
+        std::optional<QString> body; // none: the transfer fails
+    };
+    QHash<QString, Reply> replies;
+    QStringList requested;
+    QString OpenURL(const QString& url) override;
+};
+
+// A printer whose pages hold a fixed number of lines of a fixed number of characters per inch
+// of the drawing rectangle: enough to check the paging of the text, page by page.
+class ScriptedPrinter : public PrinterDevice {
+  public:
+    int paperWidth = 12240, paperHeight = 15840; // Letter, in twips
+    int offsetX = 0, offsetY = 0;                // device pixels
+    double twipsPerPixel = 1440.0 / 600;         // a 600 dpi device
+    int charsPerInch = 10, linesPerInch = 6;
+    QStringList pages;         // the text drawn on each page, its lines joined by line feeds
+    QList<TwipsRect> drawings; // the drawing rectangle of each format call
+    QStringList calls;         // Print, NewPage, EndDoc, FormatRange in order
+    QString fontName;
+    double fontSize = 0;
+
+    void Print(const QString& text) override {
+        calls.append(QStringLiteral("Print[") + text + u']');
+    }
+    int Width() const override { return paperWidth; }
+    int Height() const override { return paperHeight; }
+    int ScaleWidth() const override { return paperWidth - 2 * int(offsetX * twipsPerPixel); }
+    int ScaleHeight() const override { return paperHeight - 2 * int(offsetY * twipsPerPixel); }
+    int PhysicalOffsetX() const override { return offsetX; }
+    int PhysicalOffsetY() const override { return offsetY; }
+    double TwipsPerPixelX() const override { return twipsPerPixel; }
+    double TwipsPerPixelY() const override { return twipsPerPixel; }
+    int FormatRange(const QString& text, int start, const QString& font, double size,
+                    const TwipsRect& drawing, const TwipsRect& page, bool render) override;
+    void NewPage() override { calls.append(QStringLiteral("NewPage")); }
+    void EndDoc() override { calls.append(QStringLiteral("EndDoc")); }
 };
 
 class ScriptedPlatform : public Platform {
@@ -75,6 +124,13 @@ class ScriptedPlatform : public Platform {
     QDateTime now() override { return clock; }
     bool shellOpen(const QString& target) override;
     bool startProgram(const QString& program, const QStringList& arguments) override;
+    bool startCommandLine(const QString& commandLine) override;
+    UrlTransfer& transfer() override { return transfer_; }
+    // The next print jobs go to this printer; none: the system has no printer.
+    std::shared_ptr<ScriptedPrinter> printer = std::make_shared<ScriptedPrinter>();
+    std::unique_ptr<PrinterDevice> defaultPrinter() override;
+    QStringList commandLines;
+    ScriptedTransfer transfer_;
     void showHelp(const QString& helpFile) override { helpShown.append(helpFile); }
     QString tempFolder() override { return temp; }
     QStringList fontNames() override { return fonts; }
