@@ -8,6 +8,7 @@ PACKAGES=(
   qt6-base-dev qt6-base-dev-tools qt6-svg-dev qt6-webengine-dev qt6-webengine-dev-tools
   libqt6svg6 libqt6webenginecore6-bin qt6-qpa-plugins libgl-dev
   xvfb xauth fonts-dejavu-core
+  poppler-utils
 )
 
 missing=()

@@ -125,7 +125,9 @@ class ScriptedPlatform : public Platform {
     bool shellOpen(const QString& target) override;
     bool startProgram(const QString& program, const QStringList& arguments) override;
     bool startCommandLine(const QString& commandLine) override;
-    UrlTransfer& transfer() override { return transfer_; }
+    UrlTransfer& transfer() override { return useTransfer ? *useTransfer : transfer_; }
+    // A real transfer in place of the scripted one.
+    UrlTransfer* useTransfer = nullptr;
     // The next print jobs go to this printer; none: the system has no printer.
     std::shared_ptr<ScriptedPrinter> printer = std::make_shared<ScriptedPrinter>();
     std::unique_ptr<PrinterDevice> defaultPrinter() override;
