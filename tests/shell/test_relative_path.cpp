@@ -46,7 +46,8 @@ class RelativePathTest : public QObject {
     // another drive, unless the document is on the network too; the climb compares one
     // character short of the folder name; a sub-folder keeps its spelling.
     void links_data() {
-        columns<QString, QString, QString, QString, bool>({"separator", "document", "chosen", "link", "up"});
+        columns<QString, QString, QString, QString, bool>(
+            {"separator", "document", "chosen", "link", "up"});
         const char* const rows[] = {
             R"(C:\web\site\page.htm|C:\web\site\a.gif|a.gif|0)",
             R"(C:\web\site\page.htm|C:\web\site\img\a.gif|img/a.gif|0)",
