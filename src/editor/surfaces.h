@@ -94,6 +94,8 @@ class LayoutSurface {
     virtual int QueryStatus(int id) const = 0;
     // Replaces the surface's selection by markup.
     virtual void pasteHTML(const QString& markup) = 0;
+    // The plain text of the surface's selection.
+    virtual QString selectionText() const { return {}; }
     // Prints the page as the surface shows it, on the default printer.
     virtual void PrintDocument() = 0;
     // Raised at each change of caret or content.
@@ -187,6 +189,8 @@ class DetachedLayout : public LayoutSurface {
     // The editing surface refuses markup where it cannot go, inside a table for one.
     bool refusePaste = false;
     void pasteHTML(const QString& markup) override;
+    QString selected; // the plain text the user selected on the surface
+    QString selectionText() const override { return selected; }
     void SetFocus() override { ++focusCount; }
     int printed = 0;
     void PrintDocument() override { ++printed; }

@@ -146,6 +146,7 @@ void bindTableDialog(DialogContext& context, Commands& commands);
 void bindOptionsDialog(DialogContext& context, Commands& commands);
 void bindAboutDialog(DialogContext& context, Commands& commands);
 void bindFindReplace(DialogContext& context, Commands& commands);
+void bindLinkDialogs(DialogContext& context, Commands& commands);
 void bindExtendedReplace(DialogContext& context, Commands& commands);
 void bindStyleDialog(DialogContext& context, Commands& commands);
 void bindBrowserPreview(ShellMDI& shell, Commands& commands);
@@ -198,6 +199,7 @@ void ShellMDI::buildMenus() {
     bindOptionsDialog(*this, commands);
     bindAboutDialog(*this, commands);
     bindFindReplace(*this, commands);
+    bindLinkDialogs(*this, commands);
     bindExtendedReplace(*this, commands);
     bindStyleDialog(*this, commands);
     bindBrowserPreview(*this, commands);

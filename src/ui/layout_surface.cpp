@@ -309,6 +309,10 @@ QString QtLayoutSurface::ExecCommand(int id, int, const QString& value) {
     }
 }
 
+QString QtLayoutSurface::selectionText() const {
+    return evaluate(QStringLiteral("String(getSelection())")).toString();
+}
+
 void QtLayoutSurface::pasteHTML(const QString& markup) {
     run(QStringLiteral("__tsl.paste(%1)").arg(quoted(markup)));
 }

@@ -45,6 +45,7 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     QString ExecCommand(int id, int option, const QString& value) override;
     int QueryStatus(int id) const override { return statuses_.value(id, NotSupported); }
     void pasteHTML(const QString& markup) override;
+    QString selectionText() const override;
     void PrintDocument() override;
     // The page has loaded and answers: for tests.
     bool isReady() const { return ready_; }

@@ -1,0 +1,50 @@
+// The link dialogs on screen: Insert Hyperlink with its e-mail helper, Insert Anchor and the
+// style sheet link.
+#include "dialogs/frm_hyperlink.h"
+#include "ui/form_host.h"
+#include "ui/form_kit.h"
+
+namespace tsl {
+
+void buildHyperlinkView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+    using namespace kit;
+    auto& f = static_cast<frmHyperlink&>(base);
+    build(dialog, shell,
+          Column({Group(f.Frame1, {Field(f.lblURL, Picked(f.URLBox, f.cmdOpen)),
+                                   Row({Stretch(), Button(f.cmdMail)}), Note(f.lblOptional),
+                                   Field(f.lblAnchor, Text(f.AnchorBox)),
+                                   Field(f.lblTarget, Combo(f.cmbTarget)),
+                                   Field(f.lblFName, Text(f.FNameBox))}),
+                  Buttons({&f.OK, &f.Command3})}));
+    dialog.setMinimumWidth(440);
+}
+
+void buildEmailView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+    using namespace kit;
+    auto& f = static_cast<frmEmail&>(base);
+    build(dialog, shell,
+          Column({FormGroup(f.Frame1, {Field(f.lblAddress, Text(f.txtAddress)),
+                                       Field(f.lblSubject, Text(f.txtSubject))}),
+                  Buttons({&f.cmdOK, &f.cmdCancel})}));
+    dialog.setMinimumWidth(400);
+}
+
+void buildAnchorView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+    using namespace kit;
+    auto& f = static_cast<frmAnchor&>(base);
+    build(dialog, shell,
+          Column({FormGroup(f.Frame1, {Field(f.lblName, Text(f.AnchorBox))}),
+                  Buttons({&f.OK, &f.Cancel})}));
+    dialog.setMinimumWidth(360);
+}
+
+void buildLinkView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+    using namespace kit;
+    auto& f = static_cast<frmLink&>(base);
+    build(dialog, shell,
+          Column({FormGroup(f.Frame1, {Field(f.lblLinkTo, Picked(f.txtLinkTo, f.cmdBrowse))}),
+                  Buttons({&f.cmdOK, &f.cmdCancel})}));
+    dialog.setMinimumWidth(400);
+}
+
+} // namespace tsl
