@@ -147,6 +147,7 @@ void bindOptionsDialog(DialogContext& context, Commands& commands);
 void bindAboutDialog(DialogContext& context, Commands& commands);
 void bindFindReplace(DialogContext& context, Commands& commands);
 void bindLinkDialogs(DialogContext& context, Commands& commands);
+void bindImageDialog(DialogContext& context, Commands& commands);
 void bindExtendedReplace(DialogContext& context, Commands& commands);
 void bindStyleDialog(DialogContext& context, Commands& commands);
 void bindBrowserPreview(ShellMDI& shell, Commands& commands);
@@ -200,6 +201,7 @@ void ShellMDI::buildMenus() {
     bindAboutDialog(*this, commands);
     bindFindReplace(*this, commands);
     bindLinkDialogs(*this, commands);
+    bindImageDialog(*this, commands);
     bindExtendedReplace(*this, commands);
     bindStyleDialog(*this, commands);
     bindBrowserPreview(*this, commands);

@@ -11,6 +11,7 @@ void buildHyperlinkView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildEmailView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildAnchorView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildLinkView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildImageView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildExtFindView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildChooseFilesView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildStyleView(Form& form, FormDialog& dialog, ShellMDI& shell);
@@ -25,6 +26,7 @@ void registerFormViews(QtFormHost& host) {
     host.registerView(QStringLiteral("frmEmail"), buildEmailView);
     host.registerView(QStringLiteral("frmAnchor"), buildAnchorView);
     host.registerView(QStringLiteral("frmLink"), buildLinkView);
+    host.registerView(QStringLiteral("NewImage"), buildImageView);
     host.registerView(QStringLiteral("frmExtFind"), buildExtFindView);
     host.registerView(QStringLiteral("frmChooseFiles"), buildChooseFilesView);
     host.registerView(QStringLiteral("frmStyle"), buildStyleView);
