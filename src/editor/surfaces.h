@@ -23,6 +23,11 @@ class SourcePane {
     virtual void setSelStart(int position) = 0;
     virtual int SelLength() const = 0;
     virtual void setSelLength(int length) = 0;
+    // SelStart, then SelLength, in one move of the caret.
+    virtual void select(int start, int length) {
+        setSelStart(start);
+        setSelLength(length);
+    }
     virtual QString SelText() const = 0;
     virtual void setSelText(const QString& text) = 0;
     virtual int length() const { return static_cast<int>(Text().size()); }

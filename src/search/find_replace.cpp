@@ -114,8 +114,7 @@ int ReplaceAllMatches(FindState& state, SourcePane& codebox, const QString& repl
         }
         if (p == 0) break;
         // A negative position fails here, as the pane refuses it.
-        codebox.setSelStart(p - 1);
-        codebox.setSelLength(toInt16(state.FindText.size()));
+        codebox.select(p - 1, toInt16(state.FindText.size()));
         codebox.setSelText(replacement);
         pair.text.replace(p - 1, state.FindText.size(), foldedReplacement);
         count = incrementInt16(count);

@@ -474,6 +474,15 @@ void QtSourcePane::setSelLength(int length) {
     edit_->setTextCursor(cursor);
 }
 
+void QtSourcePane::select(int start, int length) {
+    if (start < 0 || length < 0) raise(ErrInvalidPropertyValue);
+    QTextCursor cursor = edit_->textCursor();
+    const int from = std::min(start, this->length());
+    cursor.setPosition(from);
+    cursor.setPosition(std::min(from + length, this->length()), QTextCursor::KeepAnchor);
+    edit_->setTextCursor(cursor);
+}
+
 QString QtSourcePane::SelText() const {
     return text_.mid(SelStart(), SelLength());
 }

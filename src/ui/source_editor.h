@@ -73,6 +73,7 @@ class QtSourcePane : public QObject, public SourcePane {
     void setSelStart(int position) override;
     int SelLength() const override;
     void setSelLength(int length) override;
+    void select(int start, int length) override;
     QString SelText() const override;
     void setSelText(const QString& text) override;
     int length() const override { return static_cast<int>(text_.size()); }
