@@ -62,15 +62,17 @@ void ElementDialog::returnTo(codeEditor* doc) {
     if (doc) doc->SetFocus();
 }
 
-void ElementDialog::pickColour(CommonDialog& dialog, TextBox& target, const QString& prefix) {
+bool ElementDialog::pickColour(CommonDialog& dialog, TextBox& target, const QString& prefix,
+                               bool focus) {
     // A cancel must not hand back the colour of an earlier choice.
     const bool cancelError = dialog.CancelError;
     dialog.CancelError = true;
     const int error = resumeNext([&] { dialog.ShowColor(); });
     dialog.CancelError = cancelError;
-    if (error != 0) return;
+    if (error != 0) return false;
     target.setText(prefix + hexColour(dialog.Color));
-    target.SetFocus();
+    if (focus) target.SetFocus();
+    return true;
 }
 
 void ElementDialog::browseFile(CommonDialog& dialog, TextBox& target) {

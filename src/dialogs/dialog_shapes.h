@@ -38,8 +38,10 @@ class ElementDialog : public Form {
     bool commitMarkup(const std::function<QString()>& build);
     // Cancel: unload, then back to the document; no text changes, no step.
     void cancelDialog();
-    // The colour dialog into `target` (with `prefix` in front); a cancel changes nothing.
-    void pickColour(CommonDialog& dialog, TextBox& target, const QString& prefix = QString());
+    // The colour dialog into `target` (with `prefix` in front), which then gets the focus
+    // unless `focus` is false. A cancel changes nothing and answers false.
+    bool pickColour(CommonDialog& dialog, TextBox& target, const QString& prefix = QString(),
+                    bool focus = true);
     // A file into `target`, as a link relative to the active document where it can be.
     void browseFile(CommonDialog& dialog, TextBox& target);
 

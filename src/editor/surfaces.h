@@ -101,6 +101,10 @@ class LayoutSurface {
     virtual void pasteHTML(const QString& markup) = 0;
     // The plain text of the surface's selection.
     virtual QString selectionText() const { return {}; }
+    // The colours of the page's document object, "bgColor", "fgColor", "linkColor",
+    // "alinkColor" and "vlinkColor", as the page spells them.
+    virtual QString documentColour(const QString& property) const = 0;
+    virtual void setDocumentColour(const QString& property, const QString& value) = 0;
     // Prints the page as the surface shows it, on the default printer.
     virtual void PrintDocument() = 0;
     // Raised at each change of caret or content.
@@ -196,6 +200,14 @@ class DetachedLayout : public LayoutSurface {
     void pasteHTML(const QString& markup) override;
     QString selected; // the plain text the user selected on the surface
     QString selectionText() const override { return selected; }
+    QHash<QString, QString> colours;
+    QString documentColour(const QString& property) const override {
+        return colours.value(property);
+    }
+    void setDocumentColour(const QString& property, const QString& value) override {
+        colours.insert(property, value);
+        dirty_ = true;
+    }
     void SetFocus() override { ++focusCount; }
     int printed = 0;
     void PrintDocument() override { ++printed; }

@@ -59,10 +59,24 @@ void Label::setCaption(const QString& caption) {
     emit changed();
 }
 
+void Label::setBackColor(int colour) {
+    if (backColor_ == colour) return;
+    backColor_ = colour;
+    emit changed();
+}
+
+void Label::setForeColor(int colour) {
+    if (foreColor_ == colour) return;
+    foreColor_ = colour;
+    emit changed();
+}
+
 void TextBox::setText(const QString& text) {
     QString value = MaxLength > 0 ? text.left(MaxLength) : text;
     if (value == text_) return;
     text_ = std::move(value);
+    SelStart = static_cast<int>(text_.size());
+    SelLength = 0;
     emit changed();
     if (Change) Change();
 }
@@ -70,12 +84,22 @@ void TextBox::setText(const QString& text) {
 void TextBox::typeKey(int keyAscii) {
     if (KeyPress) KeyPress(keyAscii);
     if (keyAscii == 0 || Locked) return;
-    if (keyAscii == 8) {
-        setText(text_.left(text_.size() - 1));
-        return;
+    const int size = static_cast<int>(text_.size());
+    int start = std::clamp(SelStart, 0, size);
+    int length = std::clamp(SelLength, 0, size - start);
+    // Backspace takes the selection, or the character before the caret.
+    if (keyAscii == 8 && length == 0 && start > 0) {
+        --start;
+        length = 1;
     }
-    if (MaxLength > 0 && text_.size() >= MaxLength) return;
-    setText(text_ + QChar(keyAscii));
+    const QString typed = keyAscii == 8 ? QString() : QString(QChar(keyAscii));
+    if (MaxLength > 0 && size - length + typed.size() > MaxLength) return;
+    QString text = text_;
+    text.replace(start, length, typed);
+    const int caret = start + static_cast<int>(typed.size());
+    setText(text);
+    SelStart = caret;
+    SelLength = 0;
 }
 
 void TextBox::typeText(const QString& text) {

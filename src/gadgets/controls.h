@@ -48,9 +48,17 @@ class Label : public Control {
     }
     const QString& Caption() const { return caption_; }
     void setCaption(const QString& caption);
+    // Colours with red in the lowest byte; kDefaultColour leaves the desktop's own.
+    static constexpr int kDefaultColour = -1;
+    int BackColor() const { return backColor_; }
+    void setBackColor(int colour);
+    int ForeColor() const { return foreColor_; }
+    void setForeColor(int colour);
 
   private:
     QString caption_;
+    int backColor_ = kDefaultColour;
+    int foreColor_ = kDefaultColour;
 };
 
 class CommandButton : public Label {
@@ -80,10 +88,13 @@ class TextBox : public Control {
     std::function<void()> Change;
     // Key filter: may set the key code to 0 to drop the key.
     std::function<void(int& keyAscii)> KeyPress;
-    // A key typed by the user at the end of the text: KeyPress first, then the edit.
+    // A key typed by the user at the caret, over the selection: KeyPress first, then the edit.
     void typeKey(int keyAscii);
     void typeText(const QString& text);
     void SelectAll() { emit selectAllRequested(); }
+    // The caret and the selection as the user left them; a new text puts the caret at its end.
+    int SelStart = 0;
+    int SelLength = 0;
 
   private:
     QString text_;

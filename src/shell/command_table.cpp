@@ -148,6 +148,7 @@ void bindAboutDialog(DialogContext& context, Commands& commands);
 void bindFindReplace(DialogContext& context, Commands& commands);
 void bindLinkDialogs(DialogContext& context, Commands& commands);
 void bindImageDialog(DialogContext& context, Commands& commands);
+void bindColoursDialog(DialogContext& context, Commands& commands);
 void bindExtendedReplace(DialogContext& context, Commands& commands);
 void bindStyleDialog(DialogContext& context, Commands& commands);
 void bindBrowserPreview(ShellMDI& shell, Commands& commands);
@@ -202,6 +203,7 @@ void ShellMDI::buildMenus() {
     bindFindReplace(*this, commands);
     bindLinkDialogs(*this, commands);
     bindImageDialog(*this, commands);
+    bindColoursDialog(*this, commands);
     bindExtendedReplace(*this, commands);
     bindStyleDialog(*this, commands);
     bindBrowserPreview(*this, commands);

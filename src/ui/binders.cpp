@@ -2,6 +2,7 @@
 #include "shell/shell_mdi.h"
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QColor>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPalette>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -85,9 +87,40 @@ void Binder::common(Control& control, QWidget* widget) {
     if (!control.ToolTipText.isEmpty()) widget->setToolTip(control.ToolTipText);
 }
 
+namespace {
+QColor colourOf(int colour) {
+    return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+}
+
+// A label's own colours over the desktop's.
+void paint(const Label& control, QWidget* widget) {
+    if (control.BackColor() == Label::kDefaultColour &&
+        control.ForeColor() == Label::kDefaultColour)
+        return;
+    QPalette palette = widget->palette();
+    if (control.BackColor() != Label::kDefaultColour) {
+        widget->setAutoFillBackground(true);
+        palette.setColor(QPalette::Window, colourOf(control.BackColor()));
+    }
+    if (control.ForeColor() != Label::kDefaultColour)
+        palette.setColor(QPalette::WindowText, colourOf(control.ForeColor()));
+    widget->setPalette(palette);
+}
+} // namespace
+
 void Binder::label(Label& control, QLabel* widget) {
     common(control, widget);
-    const auto update = [&control, widget] { widget->setText(control.Caption()); };
+    const auto update = [&control, widget] {
+        widget->setText(control.Caption());
+        paint(control, widget);
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+}
+
+void Binder::panel(Label& control, QWidget* widget) {
+    common(control, widget);
+    const auto update = [&control, widget] { paint(control, widget); };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
 }
@@ -119,6 +152,14 @@ void Binder::textBox(TextBox& control, QLineEdit* widget) {
         widget->setFocus();
         widget->selectAll();
     });
+    // Key filters read the caret and the selection.
+    const auto caret = [&control, widget] {
+        control.SelStart =
+            widget->hasSelectedText() ? widget->selectionStart() : widget->cursorPosition();
+        control.SelLength = static_cast<int>(widget->selectedText().size());
+    };
+    QObject::connect(widget, &QLineEdit::selectionChanged, widget, caret);
+    QObject::connect(widget, &QLineEdit::cursorPositionChanged, widget, caret);
 }
 
 void Binder::checkBox(CheckBox& control, QCheckBox* widget) {

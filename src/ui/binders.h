@@ -29,6 +29,8 @@ class Binder {
 
     void label(Label& control, QLabel* widget);
     void frame(Label& control, QGroupBox* widget);
+    // A plain area in the label's back colour, such as a preview that holds other labels.
+    void panel(Label& control, QWidget* widget);
     void textBox(TextBox& control, QLineEdit* widget);
     void checkBox(CheckBox& control, QCheckBox* widget);
     // An option: the model turns its group's others off, so the widget is not exclusive.

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -234,6 +235,19 @@ Item Picked(TextBox& box, CommandButton& button, int width) {
         layout->addWidget(push);
         if (width > 0) layout->addStretch(1);
         return Builder::field(row, edit);
+    };
+}
+
+Item Picture(Label& area, std::vector<Item> rows) {
+    return [&area, rows = std::move(rows)](Builder& b) {
+        auto* frame = new QFrame;
+        frame->setFrameShape(QFrame::StyledPanel);
+        frame->setFrameShadow(QFrame::Sunken);
+        b.bind.panel(area, frame);
+        auto* column = new QVBoxLayout(frame);
+        for (const Item& item : rows)
+            place(column, item(b));
+        return Builder::field(frame);
     };
 }
 

@@ -68,6 +68,8 @@ Item Option(OptionButton& option);
 // A text box with the button that fills it: a colour picker or a browse. With a width the
 // box keeps it; without, it takes the room.
 Item Picked(TextBox& box, CommandButton& button, int width = 0);
+// An area in the label's back colour holding rows of its own, such as a colour preview.
+Item Picture(Label& area, std::vector<Item> rows);
 enum NoteStyle { Plain = 0, Centered = 1, Wrapped = 2, Big = 4 };
 // A label on its own: a heading of the rows below, or a note.
 Item Note(Label& label, int style = Plain);

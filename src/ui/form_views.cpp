@@ -12,6 +12,7 @@ void buildEmailView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildAnchorView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildLinkView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildImageView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildColoursView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildExtFindView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildChooseFilesView(Form& form, FormDialog& dialog, ShellMDI& shell);
 void buildStyleView(Form& form, FormDialog& dialog, ShellMDI& shell);
@@ -27,6 +28,7 @@ void registerFormViews(QtFormHost& host) {
     host.registerView(QStringLiteral("frmAnchor"), buildAnchorView);
     host.registerView(QStringLiteral("frmLink"), buildLinkView);
     host.registerView(QStringLiteral("NewImage"), buildImageView);
+    host.registerView(QStringLiteral("Colours"), buildColoursView);
     host.registerView(QStringLiteral("frmExtFind"), buildExtFindView);
     host.registerView(QStringLiteral("frmChooseFiles"), buildChooseFilesView);
     host.registerView(QStringLiteral("frmStyle"), buildStyleView);

@@ -127,6 +127,12 @@ const QString kLayoutScript = QStringLiteral(R"JS(
     },
     value: value,
     paste: function (markup) { return document.execCommand('insertHTML', false, markup); },
+    colour: function (name, val) {
+      if (['bgColor', 'fgColor', 'linkColor', 'alinkColor', 'vlinkColor'].indexOf(name) < 0)
+        return '';
+      if (val !== undefined) { document[name] = val; changed(); }
+      return document[name];
+    },
     borders: function (on) {
       if (!borders) {
         borders = new CSSStyleSheet();

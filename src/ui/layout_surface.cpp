@@ -313,6 +313,15 @@ QString QtLayoutSurface::selectionText() const {
     return evaluate(QStringLiteral("String(getSelection())")).toString();
 }
 
+QString QtLayoutSurface::documentColour(const QString& property) const {
+    return evaluate(QStringLiteral("__tsl.colour(%1)").arg(quoted(property))).toString();
+}
+
+void QtLayoutSurface::setDocumentColour(const QString& property, const QString& value) {
+    // Waits for the page, so that a read of the page right after sees the colour.
+    evaluate(QStringLiteral("__tsl.colour(%1, %2)").arg(quoted(property), quoted(value)));
+}
+
 void QtLayoutSurface::pasteHTML(const QString& markup) {
     run(QStringLiteral("__tsl.paste(%1)").arg(quoted(markup)));
 }

@@ -46,6 +46,8 @@ class QtLayoutSurface : public QObject, public LayoutSurface {
     int QueryStatus(int id) const override { return statuses_.value(id, NotSupported); }
     void pasteHTML(const QString& markup) override;
     QString selectionText() const override;
+    QString documentColour(const QString& property) const override;
+    void setDocumentColour(const QString& property, const QString& value) override;
     void PrintDocument() override;
     // The page has loaded and answers: for tests.
     bool isReady() const { return ready_; }
