@@ -228,7 +228,8 @@ Item Picked(TextBox& box, CommandButton& button, int width) {
         QWidget* edit = Text(box, width)(b).widget;
         layout->addWidget(edit, width > 0 ? 0 : 1);
         auto* push = new QPushButton;
-        push->setFixedWidth(32);
+        // A "..." button stays small; a worded one is as wide as its words.
+        if (button.Caption().size() <= 3) push->setFixedWidth(32);
         // Enter stays with the dialog's default button.
         push->setAutoDefault(false);
         b.bind.button(button, push);
