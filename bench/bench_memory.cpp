@@ -4,6 +4,7 @@
 //   start            the main window shown
 //   open FILE        FILE opened from the command line
 //   undo FILE        FILE opened, then 25 edits that each make an undo step
+//   save FILE        FILE opened, one character typed, then saved in place
 //   layout           the first switch of "Document 1" to Layout, once the page is in
 #include "shell/code_editor.h"
 #include "shell/settings_store.h"
@@ -37,9 +38,18 @@ void settle(int ms) {
         QApplication::processEvents(QEventLoop::AllEvents, 50);
 }
 
+// Kilobytes of the highest resident size so far: the peak of an open or a save.
+long long peakResident() {
+    QFile file(QStringLiteral("/proc/self/status"));
+    if (!file.open(QIODevice::ReadOnly)) return -1;
+    for (const QByteArray& line : file.readAll().split('\n'))
+        if (line.startsWith("VmHWM:")) return line.mid(6).trimmed().split(' ').first().toLongLong();
+    return -1;
+}
+
 void report(const QByteArray& what) {
-    std::printf("%-34s RSS %7.1f MiB   PSS %7.1f MiB\n", what.constData(), rollup("Rss:") / 1024.0,
-                rollup("Pss:") / 1024.0);
+    std::printf("%-34s RSS %7.1f MiB   PSS %7.1f MiB   peak RSS %7.1f MiB\n", what.constData(),
+                rollup("Rss:") / 1024.0, rollup("Pss:") / 1024.0, peakResident() / 1024.0);
 }
 } // namespace
 
@@ -53,7 +63,7 @@ int main(int argc, char* argv[]) {
     tsl::MemorySettingsStore settings;
     tsl::Workbench workbench(platform, settings);
     platform.setMainWindow(&workbench.window());
-    workbench.load(mode == "open" || mode == "undo" ? file : QString());
+    workbench.load(mode == "open" || mode == "undo" || mode == "save" ? file : QString());
     workbench.window().show();
     settle(500);
     tsl::codeEditor& doc = *workbench.shell().ActiveForm();
@@ -68,6 +78,12 @@ int main(int argc, char* argv[]) {
             });
         }
         what += " (" + QByteArray::number(doc.nTopIndex) + " steps)";
+    } else if (mode == "save") {
+        workbench.shell().dispatch([&] {
+            doc.codebox().setSelStart(0);
+            doc.codebox().setSelText(QStringLiteral(" "));
+            workbench.shell().mnuFileSave_Click();
+        });
     } else if (mode == "layout") {
         workbench.shell().dispatch([&] { doc.tabEditor.SelectTab(2); });
         auto& layout = dynamic_cast<tsl::QtLayoutSurface&>(doc.DHTMLEdit1());

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Reports the resident and proportional memory of the program at start, with a 10 MB and a
-# 100 MB page open, after 25 undo steps on the 10 MB page, and after the first switch to
-# Layout; each situation in a process of its own on a virtual X display.
+# Reports the resident and proportional memory of the program, and its peak, at start, with a
+# 10 MB and a 100 MB page open, after 25 undo steps on the 10 MB page, after a save of the
+# 100 MB page, and after the first switch to Layout; each situation in a process of its own on
+# a virtual X display.
 # Usage: bench-memory.sh BUILD
 set -euo pipefail
 build=${1:-build}
@@ -22,4 +23,5 @@ run start
 run open "$work/10MB.htm"
 run open "$work/100MB.htm"
 run undo "$work/10MB.htm"
+run save "$work/100MB.htm"
 run layout

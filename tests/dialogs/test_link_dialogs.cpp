@@ -34,6 +34,35 @@ class LinkDialogsTest : public QObject {
     Q_OBJECT
 
   private slots:
+    // The menu items and the buttons of the tag bar reach the element dialogs.
+    void theMenusAndButtonsOpenTheDialogs_data() {
+        columns<QString, int, QString>({"item", "button", "form"});
+        QTest::newRow("page properties") << "mnuEditProperties" << 11 << "Colours";
+        QTest::newRow("anchor") << "mnuInsertAnchor" << 13 << "frmAnchor";
+        QTest::newRow("hyperlink") << "mnuInsertHyperlink" << 14 << "frmHyperlink";
+        QTest::newRow("image") << "mnuInsertImage" << 16 << "NewImage";
+        QTest::newRow("style sheet link") << "mnuInsertLink" << -1 << "frmLink";
+    }
+    void theMenusAndButtonsOpenTheDialogs() {
+        QFETCH(QString, item);
+        QFETCH(int, button);
+        QFETCH(QString, form);
+        TestShell ts;
+        ts.load();
+        const auto close = [](Form& f) { f.Unload(); };
+        ts.forms.scripts.enqueue(close);
+        ts.run(item.toUtf8().constData());
+        if (button >= 0) {
+            ts.forms.scripts.enqueue(close);
+            ts->tbrTags.press(button);
+        } else {
+            ts.forms.scripts.enqueue(close);
+            ts->tbrMain.press(20);
+        }
+        QCOMPARE(ts.forms.shown, (QStringList{form, form}));
+        QVERIFY(ts.platform.messages.isEmpty());
+    }
+
     void aSelectionIsWrappedAndStaysSelected() {
         Links t(QStringLiteral("click here now"), 6, 4);
         t.hyperlink([](frmHyperlink& f) { f.URLBox.setText(QStringLiteral("a.htm")); });
