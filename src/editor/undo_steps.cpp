@@ -32,7 +32,7 @@ void codeEditor::AddStep() {
     }
     nDoneIndex = incrementInt16(nDoneIndex);
     UndoStep& s = step(nDoneIndex);
-    s.Text = pane.Text();
+    keepText(s, pane.Text());
     if (shell_.nStepCaretAdvance > 0) {
         s.SelStart = pane.SelStart() + shell_.nStepCaretAdvance;
     } else {
@@ -66,9 +66,18 @@ void codeEditor::AddSelectionToStack() {
     s.SelStart = codebox_->SelStart();
 }
 
+void codeEditor::keepText(UndoStep& slot, const QString& text) {
+    // The slot below is the nearest older text; a slot with none keeps its text whole.
+    const int below = static_cast<int>(&slot - Steps.data()) - 1;
+    if (below >= 1)
+        slot.Text.assign(text, Steps[static_cast<size_t>(below)].Text);
+    else
+        slot.Text = text;
+}
+
 void codeEditor::overwriteCurrentStep() {
     UndoStep& s = step(nDoneIndex);
-    s.Text = codebox_->Text();
+    keepText(s, codebox_->Text());
     s.SelLen = codebox_->SelLength();
     s.SelStart = codebox_->SelStart();
 }
@@ -139,7 +148,7 @@ void codeEditor::codebox_KeyUp(int keyCode, int shift) {
     SourcePane& pane = *codebox_;
     if (isCaretKey(keyCode)) {
         if (nDoneIndex < 1) return;
-        const QString& below = step(nDoneIndex - 1).Text;
+        const StepText& below = step(nDoneIndex - 1).Text;
         if (below.isEmpty()) return;
         if (below != pane.Text()) {
             AddStep();

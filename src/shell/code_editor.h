@@ -1,5 +1,6 @@
 #pragma once
 // One document window: its identity fields, its panes and its life-cycle handlers.
+#include "editor/step_text.h"
 #include "editor/surfaces.h"
 #include "gadgets/controls.h"
 #include "gadgets/tab_control.h"
@@ -17,7 +18,7 @@ class ShellMDI;
 
 // One snapshot of the Source pane: the whole text and the selection that goes with it.
 struct UndoStep {
-    QString Text;
+    StepText Text;
     qint32 SelStart = 0;
     qint32 SelLen = 0;
     // How far the caret really stood before SelStart after the insertion that made the step.
@@ -168,6 +169,8 @@ class codeEditor : public QObject {
     void showTempFile(const QString& folder);
     void askToSave(int& cancel, bool fromLayout);
     void overwriteCurrentStep();
+    // Puts a text in a slot, as a difference from the slot below where that is small.
+    void keepText(UndoStep& slot, const QString& text);
 
     ShellMDI& shell_;
     std::unique_ptr<SourcePane> codebox_;

@@ -1,5 +1,6 @@
 // A large document holds its text once: the undo slot of an unchanged page shares the Source
-// pane's own copy, from opening through an undo, rather than keeping a second one.
+// pane's own copy, from opening through an undo, rather than keeping a second one; and the
+// steps of small edits keep only what they changed, leaning on that one whole text.
 #include "program_fixture.h"
 #include "shell/code_editor.h"
 #include "test_shell.h"
@@ -35,16 +36,32 @@ class SharedTextTest : public QObject {
         QCOMPARE(doc.nDoneIndex, Int16(1));
         QVERIFY(shared(doc.step(1).Text, pane.Text()));
 
-        // An edit parts them; its undo brings the pane back to the slot's own copy.
-        p.shell().dispatch([&] {
-            pane.setSelStart(20);
-            pane.setSelText(QStringLiteral("x"));
-            doc.AddStep();
-        });
+        // Edits spread over the page: each step keeps its few characters and leans on the
+        // text of the first; none holds a copy of the page.
+        const QString original = pane.Text();
+        constexpr int kEdits = 6;
+        for (int i = 0; i < kEdits; ++i)
+            p.shell().dispatch([&] {
+                pane.setSelStart(i * 1600000);
+                pane.setSelText(QStringLiteral("<b>%1</b>").arg(i));
+                doc.AddStep();
+            });
+        QCOMPARE(doc.nDoneIndex, Int16(kEdits + 1));
+        const QString first = doc.step(1).Text;
+        for (int i = 2; i <= kEdits + 1; ++i) {
+            const StepText& slot = doc.step(i).Text;
+            QVERIFY2(!slot.isWhole(), qPrintable(QString::number(i)));
+            QVERIFY2(slot.charactersBeyond(first) < 1000, qPrintable(QString::number(i)));
+        }
+        QVERIFY(doc.step(kEdits + 1).Text == pane.Text());
         QVERIFY(!shared(doc.step(1).Text, pane.Text()));
-        QVERIFY(shared(doc.step(2).Text, pane.Text()));
-        p.shell().dispatch([&] { doc.Undo(); });
-        QCOMPARE(pane.length(), page.size());
+
+        // Undo goes back step by step to the page as it was, which the pane then shares with
+        // the first slot again.
+        for (int i = 0; i < kEdits; ++i)
+            p.shell().dispatch([&] { doc.Undo(); });
+        QCOMPARE(doc.nDoneIndex, Int16(1));
+        QCOMPARE(pane.Text(), original);
         QVERIFY(shared(doc.step(1).Text, pane.Text()));
     }
 };
