@@ -140,6 +140,12 @@ QByteArray readFileBytes(const QString& path) {
 }
 
 void writeFileBytes(const QString& path, const QByteArray& bytes, Durability durability) {
+    writeFilePieces(
+        path, [&bytes](const ByteSink& sink) { sink(bytes); }, durability);
+}
+
+void writeFilePieces(const QString& path, const std::function<void(const ByteSink&)>& produce,
+                     Durability durability) {
     if (path.isEmpty()) fail();
     QByteArray target = fileNameBytes(path);
     // A link is saved through: the file it points to is replaced, the link stays.
@@ -167,11 +173,20 @@ void writeFileBytes(const QString& path, const QByteArray& bytes, Durability dur
         [[maybe_unused]] const int owned = ::fchown(fd, old.st_uid, old.st_gid);
         ok = ::fchmod(fd, old.st_mode & 07777) == 0;
     }
-    for (qsizetype done = 0; ok && done < bytes.size();) {
-        const ssize_t put = ::write(fd, bytes.constData() + done, bytes.size() - done);
-        if (put < 0 && errno == EINTR) continue;
-        ok = put > 0;
-        if (ok) done += put;
+    const ByteSink sink = [fd, &ok](const QByteArray& bytes) {
+        for (qsizetype done = 0; ok && done < bytes.size();) {
+            const ssize_t put = ::write(fd, bytes.constData() + done, bytes.size() - done);
+            if (put < 0 && errno == EINTR) continue;
+            ok = put > 0;
+            if (ok) done += put;
+        }
+    };
+    try {
+        produce(sink);
+    } catch (...) {
+        ::close(fd);
+        ::unlink(temp.constData());
+        throw;
     }
     if (durability == Durability::Now) ok = ok && ::fsync(fd) == 0;
     ok = ::close(fd) == 0 && ok;

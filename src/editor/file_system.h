@@ -5,6 +5,7 @@
 // which no valid name can hold, so that the name gives back its exact bytes.
 #include <QByteArray>
 #include <QString>
+#include <functional>
 
 namespace tsl {
 
@@ -23,6 +24,11 @@ QByteArray readFileBytes(const QString& path);
 enum class Durability { Now, Later };
 void writeFileBytes(const QString& path, const QByteArray& bytes,
                     Durability durability = Durability::Now);
+// The same for bytes made a piece at a time: `produce` hands each piece to the sink it gets,
+// so that a large file is never held whole as bytes.
+using ByteSink = std::function<void(const QByteArray&)>;
+void writeFilePieces(const QString& path, const std::function<void(const ByteSink&)>& produce,
+                     Durability durability = Durability::Now);
 // Puts on the disk what was written to the file systems of these files.
 void flushFileSystems(const QStringList& paths);
 

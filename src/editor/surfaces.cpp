@@ -35,7 +35,8 @@ void SourcePane::LoadFile(const QString& path, int) {
 
 void SourcePane::SaveFile(const QString& path, int) {
     // The name stays: a copy such as the preview file must not rebind the document.
-    writeFileBytes(path, encodeText(Text(), format_));
+    const QString text = Text();
+    writeFilePieces(path, [&](const ByteSink& sink) { encodeTextInPieces(text, format_, sink); });
 }
 
 void DetachedLayout::pasteHTML(const QString& markup) {

@@ -90,18 +90,31 @@ DecodedText decodeText(const QByteArray& bytes) {
     return result;
 }
 
+void encodeTextInPieces(const QString& text, const TextFormat& format, const ByteSink& sink) {
+    // Text typed beyond the 8-bit range would be lost in Latin-1, so such a file becomes UTF-8.
+    const bool latin1 = format.encoding == TextFormat::Latin1 && fitsLatin1(text);
+    QByteArray prefix = !latin1 && format.byteOrderMark ? kBom : QByteArray();
+    constexpr qsizetype kPiece = 1 << 20;
+    for (qsizetype at = 0; at < text.size();) {
+        qsizetype length = std::min(kPiece, text.size() - at);
+        // A surrogate pair stays in one piece, so that it is encoded as one character.
+        if (at + length < text.size() && text.at(at + length - 1).isHighSurrogate()) ++length;
+        const QStringView piece = QStringView(text).sliced(at, length);
+        QByteArray bytes = latin1 ? piece.toLatin1() : piece.toUtf8();
+        if (format.crlf)
+            bytes = withCarriageReturns(bytes, prefix);
+        else if (!prefix.isEmpty())
+            bytes.prepend(prefix);
+        prefix.clear();
+        sink(bytes);
+        at += length;
+    }
+    if (!prefix.isEmpty()) sink(prefix); // an empty text: the mark alone
+}
+
 QByteArray encodeText(const QString& text, const TextFormat& format) {
     QByteArray bytes;
-    QByteArray prefix;
-    // Text typed beyond the 8-bit range would be lost in Latin-1, so such a file becomes UTF-8.
-    if (format.encoding == TextFormat::Latin1 && fitsLatin1(text)) {
-        bytes = text.toLatin1();
-    } else {
-        bytes = text.toUtf8();
-        if (format.byteOrderMark) prefix = kBom;
-    }
-    if (format.crlf) return withCarriageReturns(bytes, prefix);
-    if (!prefix.isEmpty()) bytes.prepend(prefix);
+    encodeTextInPieces(text, format, [&bytes](const QByteArray& piece) { bytes += piece; });
     return bytes;
 }
 

@@ -23,5 +23,7 @@ struct DecodedText {
 
 DecodedText decodeText(const QByteArray& bytes);
 QByteArray encodeText(const QString& text, const TextFormat& format);
+// The bytes of encodeText, handed to `sink` a piece at a time.
+void encodeTextInPieces(const QString& text, const TextFormat& format, const ByteSink& sink);
 
 } // namespace tsl

@@ -237,6 +237,34 @@ class TextFileTest : public QObject {
         QCOMPARE(pane.FileName(), from);
     }
 
+    // A large page is written a piece at a time: the pieces join into exactly the file's bytes,
+    // also where a character of two UTF-16 units or a line end falls on a piece's edge.
+    void aLargePageSavesExactlyInPieces_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        const auto page = [](const QByteArray& head, const QByteArray& atEdge,
+                             const QByteArray& lineEnd) {
+            // The character at the edge is the 1 048 576th of the text, counted in UTF-16.
+            QByteArray bytes = head + QByteArray((1 << 20) - 1, 'a') + atEdge + lineEnd;
+            for (int i = 0; i < 40000; ++i)
+                bytes += "<p>line " + QByteArray::number(i) + "</p>" + lineEnd;
+            return bytes;
+        };
+        QTest::newRow("UTF-8, mark, CRLF, a pair on the edge")
+            << page("\xEF\xBB\xBF", "\xF0\x9F\x98\x80", "\r\n");
+        QTest::newRow("UTF-8, a line end on the edge") << page("", "\n", "\n");
+        QTest::newRow("8-bit, CRLF") << page("", "\xE9", "\r\n");
+    }
+    void aLargePageSavesExactlyInPieces() {
+        QFETCH(QByteArray, bytes);
+        QTemporaryDir dir;
+        const QString from = writeFile(dir, "large.htm", bytes);
+        TextPane pane;
+        pane.LoadFile(from, 1);
+        const QString to = dir.filePath("out.htm");
+        pane.SaveFile(to, 1);
+        QVERIFY(readFile(to) == bytes);
+    }
+
     void sourcePaneSavesAnEditInTheFileFormat() {
         QTemporaryDir dir;
         const QString path = writeFile(dir, "page.htm", "<p>\r\n</p>\r\n");
