@@ -57,7 +57,11 @@ const QString kLayoutScript = QStringLiteral(R"JS(
       const block = up(anchorNode(), Object.keys(blockNames));
       return block ? blockNames[block.nodeName] : 'Normal';
     }
-    if (id === 5013) return document.queryCommandValue('fontName');
+    if (id === 5013) {
+      // The engine answers a CSS family list, names quoted; the list shows one plain name.
+      const family = document.queryCommandValue('fontName').split(',')[0].trim();
+      return family.replace(/^(["'])(.*)\1$/, '$2');
+    }
     if (id === 5014) return document.queryCommandValue('fontSize');
     return '';
   }

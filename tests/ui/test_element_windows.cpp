@@ -191,7 +191,7 @@ class ElementWindowsTest : public QObject {
         const QString path = writeFile(
             dir, QStringLiteral("page.htm"),
             "<html><head><title>t</title></head><body bgcolor=\"#ffffff\" link=\"#0000ff\">\n"
-            "<p>Hello world</p>\n</body></html>");
+            "<p style=\"font-family: 'Liberation Serif', serif\">Hello world</p>\n</body></html>");
         ProgramFixture p;
         p.start();
         p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
@@ -221,6 +221,8 @@ class ElementWindowsTest : public QObject {
                            "getSelection().removeAllRanges(); getSelection().addRange(r);"),
             {});
         QTRY_COMPARE(layout.selectionText(), QStringLiteral("world"));
+        // The font list names the selection's font plainly, not as a quoted family list.
+        QTRY_COMPARE(doc.cmbFonts.Text(), QStringLiteral("Liberation Serif"));
         shown = fillFromMenu(p, "mnuInsertHyperlink", [&](FormDialog& d) {
             typeInto(d, "URLBox", QStringLiteral("a.htm"));
             press(d, "OK");
