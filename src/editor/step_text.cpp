@@ -8,7 +8,7 @@ namespace {
 using Piece = StepText::Piece;
 
 // Below this a text is simply shared whole: pieces would save next to nothing.
-constexpr qsizetype kSmallText = 64 * 1024;
+constexpr qsizetype kSmallText = qsizetype(64) * 1024;
 // A text in more pieces than this is kept whole again, which bounds every walk over them.
 constexpr size_t kMostPieces = 256;
 constexpr qsizetype kBlock = 4096;
