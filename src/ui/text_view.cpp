@@ -64,7 +64,28 @@ void TextView::textReset() {
 void TextView::textReplaced(int start, int removed, int added) {
     const TextRows::Change change = rows_.replaced(*text_, start, removed, added);
     const int shift = change.newEnd - change.oldEnd;
+    // What to repaint: the rows edited, or all below them when the rows below moved.
+    constexpr int kFewRows = 8;
+    bool below = shift != 0 || change.newEnd - change.first > kFewRows;
+    int oldHeight = 0;
+    if (wraps_ && !below) {
+        for (int row = change.first; row < change.oldEnd && !below; ++row) {
+            const auto kept = std::find_if(cache_.begin(), cache_.end(),
+                                           [row](const Kept& k) { return k.row == row; });
+            if (kept == cache_.end())
+                below = true;
+            else
+                oldHeight += kept->layout->lineCount() * lineSpacing_;
+        }
+    }
     forget(change.first, change.oldEnd, shift);
+    if (wraps_ && !below) {
+        int newHeight = 0;
+        for (int row = change.first; row < change.newEnd; ++row)
+            newHeight += rowHeight(row);
+        below = newHeight != oldHeight;
+    }
+    const Spot top = top_;
     // Positions behind the edit move with their text; those in what went away go to its start.
     const auto follow = [&](int p) {
         if (p < start) return p;
@@ -82,7 +103,10 @@ void TextView::textReplaced(int start, int removed, int added) {
     bottomKnown_ = false;
     clampTop();
     updateScrollBars();
-    viewport()->update();
+    if (top_.row != top.row || top_.y != top.y)
+        viewport()->update();
+    else
+        repaintRows(change.first, change.newEnd - 1, below);
 }
 
 void TextView::setCaret(int anchor, int position, bool keepGoal) {
@@ -95,13 +119,36 @@ void TextView::setCaret(int anchor, int position, bool keepGoal) {
         const int row = rows_.rowOf(position_);
         forget(row, row + 1, 0);
     }
+    const int oldAnchor = anchor_;
+    const int oldPosition = position_;
     anchor_ = anchor;
     position_ = position;
     if (!preedit_.isEmpty()) {
         const int row = rows_.rowOf(position_);
         forget(row, row + 1, 0);
+        viewport()->update();
+        return;
     }
-    viewport()->update();
+    // The rows of both carets, and those where the selection grew or shrank.
+    const auto repaint = [this](int a, int b) {
+        repaintRows(rows_.rowOf(std::min(a, b)), rows_.rowOf(std::max(a, b)), false);
+    };
+    repaint(oldPosition, oldPosition);
+    repaint(position_, position_);
+    if (oldAnchor != oldPosition || anchor_ != position_) {
+        repaint(std::min(oldAnchor, oldPosition), selectionStart());
+        repaint(std::max(oldAnchor, oldPosition), selectionEnd());
+    }
+}
+
+// Repaints rows `first` to `last`, or from `first` to the bottom of the view.
+void TextView::repaintRows(int first, int last, bool toBottom) {
+    const int height = viewport()->height();
+    if (!toBottom && last < top_.row) return;
+    const int top = first <= top_.row ? 0 : yOfRow(first);
+    if (top >= height) return;
+    const int bottom = toBottom ? height : std::min(height, yOfRow(last) + rowHeight(last));
+    if (bottom > top) viewport()->update(QRect(0, top, viewport()->width(), bottom - top));
 }
 
 void TextView::placeCaret(int anchor, int position) {

@@ -144,6 +144,7 @@ class TextView : public QAbstractScrollArea {
     QTextLayout* layoutOf(int row);
     void forget(int fromRow, int toRow, int shift);
     void forgetAll();
+    void repaintRows(int first, int last, bool toBottom);
     int rowHeight(int row);
     int lineSpacing() const { return lineSpacing_; }
     int lineWidth() const;
