@@ -64,10 +64,37 @@ int backward(const QString& text, int position, int reach, QTextLayout::CursorMo
 // The punctuation at which a word ends, as text layouts count it.
 bool isWordSeparator(QChar c) {
     switch (c.unicode()) {
-    case '.': case ',': case '?': case '!': case '@': case '#': case '$': case ':': case ';':
-    case '-': case '<': case '>': case '[': case ']': case '(': case ')': case '{': case '}':
-    case '=': case '/': case '+': case '%': case '&': case '^': case '*': case '\'': case '"':
-    case '`': case '~': case '|': case '\\':
+    case '.':
+    case ',':
+    case '?':
+    case '!':
+    case '@':
+    case '#':
+    case '$':
+    case ':':
+    case ';':
+    case '-':
+    case '<':
+    case '>':
+    case '[':
+    case ']':
+    case '(':
+    case ')':
+    case '{':
+    case '}':
+    case '=':
+    case '/':
+    case '+':
+    case '%':
+    case '&':
+    case '^':
+    case '*':
+    case '\'':
+    case '"':
+    case '`':
+    case '~':
+    case '|':
+    case '\\':
         return true;
     default:
         return false;
@@ -122,7 +149,8 @@ Range wordAt(const QString& text, int position) {
     int end = start;
     if (end < text.size() && !paragraphEndsAt(text, end)) {
         if (isWordSeparator(text.at(end))) {
-            while (end < text.size() && !paragraphEndsAt(text, end) && isWordSeparator(text.at(end)))
+            while (end < text.size() && !paragraphEndsAt(text, end) &&
+                   isWordSeparator(text.at(end)))
                 ++end;
         } else {
             while (end < text.size() && !paragraphEndsAt(text, end) &&

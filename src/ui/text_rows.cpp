@@ -49,8 +49,7 @@ TextRows::Change TextRows::replaced(const QString& text, int start, int removed,
     const int delta = added - removed;
     int first = rowOf(start);
     // Text put in at a cut inside a long line may belong to the row before it.
-    if (first > 0 && this->start(first) == start && !isBreak(text.at(start - 1).unicode()))
-        --first;
+    if (first > 0 && this->start(first) == start && !isBreak(text.at(start - 1).unicode())) --first;
     const int last = rowOf(start + removed);
     const bool tail = last + 1 < count();
     const int oldTo = next(last);
@@ -74,7 +73,8 @@ QString TextRows::check(const TextRows& rows, const QString& text) {
         const int to = rows.next(r);
         const QString where = QStringLiteral("row %1 [%2, %3): ").arg(r).arg(from).arg(to);
         if (to < from) return where + QStringLiteral("backwards");
-        if (to == from && (r + 1 < rows.count() || (from > 0 && !isBreak(text.at(from - 1).unicode()))))
+        if (to == from &&
+            (r + 1 < rows.count() || (from > 0 && !isBreak(text.at(from - 1).unicode()))))
             return where + QStringLiteral("empty");
         if (to - from > kMaxRow + 1) return where + QStringLiteral("too long");
         for (int i = from; i + 1 < to; ++i)

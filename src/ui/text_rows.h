@@ -16,7 +16,8 @@ class TextRows {
     // Characters after which a new row starts: the line feed, the line and paragraph separators
     // and the two noncharacters that mark frames. A carriage return is not one of them.
     static bool isBreak(char16_t c) {
-        return c == u'\n' || (c >= 0x2028 && (c == 0x2028 || c == 0x2029 || c == 0xFDD0 || c == 0xFDD1));
+        return c == u'\n' ||
+               (c >= 0x2028 && (c == 0x2028 || c == 0x2029 || c == 0xFDD0 || c == 0xFDD1));
     }
 
     // The rows of a whole text.

@@ -290,8 +290,8 @@ QTextLayout* TextView::layoutOf(int row) {
     const QString& text = *text_;
     const int start = rows_.start(row);
     const int end = rows_.end(row, text);
-    auto layout =
-        std::make_unique<QTextLayout>(moves::shown(QStringView(text).mid(start, end - start)), font());
+    auto layout = std::make_unique<QTextLayout>(
+        moves::shown(QStringView(text).mid(start, end - start)), font());
     QTextOption option;
     option.setTabStopDistance(tabStop_);
     option.setWrapMode(wraps_ ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
@@ -322,8 +322,9 @@ QTextLayout* TextView::layoutOf(int row) {
         }
     }
     if (cache_.size() >= kKept) {
-        const auto oldest = std::min_element(cache_.begin(), cache_.end(),
-                                             [](const Kept& a, const Kept& b) { return a.used < b.used; });
+        const auto oldest =
+            std::min_element(cache_.begin(), cache_.end(),
+                             [](const Kept& a, const Kept& b) { return a.used < b.used; });
         cache_.erase(oldest);
     }
     cache_.push_back({row, std::move(layout), ++uses_});
@@ -332,9 +333,10 @@ QTextLayout* TextView::layoutOf(int row) {
 
 // Drops the layouts of rows [fromRow, toRow) and renumbers those after them.
 void TextView::forget(int fromRow, int toRow, int shift) {
-    cache_.erase(std::remove_if(cache_.begin(), cache_.end(),
-                                [&](const Kept& kept) { return kept.row >= fromRow && kept.row < toRow; }),
-                 cache_.end());
+    cache_.erase(
+        std::remove_if(cache_.begin(), cache_.end(),
+                       [&](const Kept& kept) { return kept.row >= fromRow && kept.row < toRow; }),
+        cache_.end());
     if (shift == 0) return;
     for (Kept& kept : cache_)
         if (kept.row >= toRow) kept.row += shift;

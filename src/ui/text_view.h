@@ -65,6 +65,8 @@ class TextView : public QAbstractScrollArea {
     virtual QMimeData* createMimeDataFromSelection() const;
     virtual void insertFromMimeData(const QMimeData* source);
 
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
     const TextRows& rows() const { return rows_; }
     // Rows laid out and kept for painting.
     int layoutsKept() const { return static_cast<int>(cache_.size()); }
@@ -100,7 +102,6 @@ class TextView : public QAbstractScrollArea {
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
-    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
   private:
     enum class Move {

@@ -59,8 +59,7 @@ bool isTyped(const QKeyEvent* key) {
     if (c.category() == QChar::Other_Format) return true;
     // Ctrl with a letter is a command; AltGr (Ctrl+Alt) types.
     const Qt::KeyboardModifiers modifiers = key->modifiers();
-    if (modifiers == Qt::ControlModifier ||
-        modifiers == (Qt::ShiftModifier | Qt::ControlModifier))
+    if (modifiers == Qt::ControlModifier || modifiers == (Qt::ShiftModifier | Qt::ControlModifier))
         return false;
     if (c.isPrint() || c.category() == QChar::Other_PrivateUse) return true;
     if (c.isHighSurrogate() && text.size() > 1 && text.at(1).isLowSurrogate()) return true;
@@ -589,7 +588,8 @@ void TextView::inputMethodEvent(QInputMethodEvent* event) {
         } else if (attribute.type == QInputMethodEvent::TextFormat) {
             const QTextCharFormat format =
                 qvariant_cast<QTextFormat>(attribute.value).toCharFormat();
-            if (format.isValid()) preeditFormats_.append({attribute.start, attribute.length, format});
+            if (format.isValid())
+                preeditFormats_.append({attribute.start, attribute.length, format});
         }
     }
     if (input) edit(from, to, event->commitString());

@@ -186,7 +186,8 @@ class SourcePaneExactTest : public QObject {
 
     // Random files edited at random places by the editor's keys, by commands, by pastes and
     // drags: the pane's text always equals a model kept here on the side, and the editor's rows
-    // of it, kept up edit by edit, are what they should be. TSL_FUZZ_CASES and TSL_FUZZ_SEED make a long run.
+    // of it, kept up edit by edit, are what they should be. TSL_FUZZ_CASES and TSL_FUZZ_SEED make a
+    // long run.
     void randomEditsKeepTheExactText() {
         const FuzzRun run(3000);
         Program p;
