@@ -1,5 +1,7 @@
 #include "ui/text_view.h"
 #include "ui/text_moves.h"
+#include "ui/text_view_accessible.h"
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -28,6 +30,11 @@ const QString& noText() {
 } // namespace
 
 TextView::TextView(QWidget* parent) : QAbstractScrollArea(parent), text_(&noText()) {
+    static const bool accessible = [] {
+        QAccessible::installFactory(&textViewAccessible);
+        return true;
+    }();
+    Q_UNUSED(accessible);
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAutoFillBackground(true);
@@ -568,9 +575,10 @@ void TextView::scrollContentsBy(int dx, int dy) {
     viewport()->update();
 }
 
-void TextView::ensureCaretVisible() {
-    const int row = rows_.rowOf(position_);
-    const int offset = caretOffset(row);
+void TextView::reveal(int position) {
+    position = std::clamp(position, 0, static_cast<int>(text_->size()));
+    const int row = rows_.rowOf(position);
+    const int offset = position == position_ ? caretOffset(row) : position - rows_.start(row);
     int lineTop = 0;
     int x = 0;
     {

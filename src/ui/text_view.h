@@ -53,6 +53,8 @@ class TextView : public QAbstractScrollArea {
     void setMargin(int pixels);
     int margin() const { return margin_; }
 
+    // Scrolls a position into sight; the caret stays where it is.
+    void reveal(int position);
     // The caret's rectangle at a position, and the position at a point, in the viewport.
     QRect cursorRect(int position);
     int positionAt(const QPoint& point);
@@ -139,7 +141,7 @@ class TextView : public QAbstractScrollArea {
     int caretOffset(int row) const;
     Spot wholeLines(Spot spot);
     void setCaret(int anchor, int position, bool keepGoal = false);
-    void ensureCaretVisible();
+    void ensureCaretVisible() { reveal(position_); }
     void toPrimarySelection();
 
     QTextLayout* layoutOf(int row);

@@ -320,10 +320,8 @@ int TextView::lineMove(int position, int lines) {
 // ---- the mouse ----
 
 void TextView::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) {
-        event->ignore();
-        return;
-    }
+    // Other buttons act on their release, which must come here too.
+    if (event->button() != Qt::LeftButton) return;
     const QPoint point = event->position().toPoint();
     const int at = positionAt(point);
     const QString& text = *text_;
@@ -358,10 +356,7 @@ void TextView::mousePressEvent(QMouseEvent* event) {
 }
 
 void TextView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) {
-        event->ignore();
-        return;
-    }
+    if (event->button() != Qt::LeftButton) return;
     const QPoint point = event->position().toPoint();
     const moves::Range word = moves::wordAt(*text_, positionAt(point));
     unit_ = Unit::Word;

@@ -4,6 +4,7 @@
 #include "test_rows.h"
 #include "ui/source_editor.h"
 #include "ui/text_moves.h"
+#include <QAccessible>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QScrollBar>
@@ -328,6 +329,37 @@ class TextViewTest : public QObject {
         QCOMPARE(p.box()->inputMethodQuery(Qt::ImSurroundingText).toString(),
                  QStringLiteral("a\u00E9b"));
         QCOMPARE(p.box()->inputMethodQuery(Qt::ImCursorPosition).toInt(), 2);
+    }
+
+    // Assistive technology finds an editable text with no name of its own, and reads its
+    // text, caret, selection and lines.
+    void assistiveTechnologyReadsTheText() {
+        Pane p(QStringLiteral("one two\nthree"));
+        QCOMPARE(p.box()->objectName(), QStringLiteral("codebox"));
+        QAccessibleInterface* face = QAccessible::queryAccessibleInterface(p.box());
+        QVERIFY(face);
+        QCOMPARE(face->role(), QAccessible::EditableText);
+        QCOMPARE(face->text(QAccessible::Name), QString());
+        QVERIFY(face->state().multiLine);
+        QAccessibleTextInterface* text = face->textInterface();
+        QVERIFY(text);
+        QCOMPARE(text->characterCount(), 13);
+        p.box()->setSelection(4, 7);
+        QCOMPARE(text->cursorPosition(), 7);
+        int start = 0;
+        int end = 0;
+        text->selection(0, &start, &end);
+        QCOMPARE(start, 4);
+        QCOMPARE(end, 7);
+        QCOMPARE(text->textAtOffset(9, QAccessible::LineBoundary, &start, &end),
+                 QStringLiteral("three"));
+        QCOMPARE(text->textBeforeOffset(9, QAccessible::LineBoundary, &start, &end),
+                 QStringLiteral("one two\n"));
+        QCOMPARE(text->textAtOffset(5, QAccessible::WordBoundary, &start, &end),
+                 QStringLiteral("two"));
+        text->setCursorPosition(2);
+        QCOMPARE(p.box()->position(), 2);
+        QCOMPARE(text->offsetAtPoint(p.viewport()->mapToGlobal(p.at(10))), 10);
     }
 
     // A page of one line of ten megabytes: cut into rows of a few thousand characters, it
