@@ -269,7 +269,9 @@ void TextView::changeEvent(QEvent* event) {
 
 void TextView::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
-    if (wraps_) forgetAll();
+    // Wrapped rows are laid out again for a new width only.
+    if (wraps_ && viewport()->width() != laidOutWidth_) forgetAll();
+    laidOutWidth_ = viewport()->width();
     bottomKnown_ = false;
     clampTop();
     updateScrollBars();
@@ -568,7 +570,10 @@ void TextView::updateScrollBars() {
 void TextView::scrollContentsBy(int dx, int dy) {
     if (syncing_) return;
     if (dy != 0) {
-        top_ = {verticalScrollBar()->value(), 0};
+        // The end of the bar shows the end of the text, however tall its last row.
+        const QScrollBar* bar = verticalScrollBar();
+        if (!bottomKnown_) updateBottom();
+        top_ = bar->value() == bar->maximum() ? bottom_ : Spot{bar->value(), 0};
         clampTop();
     }
     if (dx != 0) left_ = horizontalScrollBar()->value();

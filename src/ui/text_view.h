@@ -8,6 +8,7 @@
 // Scrolling: the vertical scroll bar counts rows (a line, or a cut of a very long line), and a
 // row taller than one line (a wrapped line) scrolls within itself by pixels; the largest value
 // is found from the last screenful alone. Everything stays linear in the rows on screen.
+#include "ui/text_moves.h"
 #include "ui/text_rows.h"
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
@@ -163,6 +164,7 @@ class TextView : public QAbstractScrollArea {
     void updateMetrics();
     void extendSelection(const QPoint& point);
     void startDrag();
+    moves::Range surrounding() const;
 
     const QString* text_;
     TextRows rows_;
@@ -181,6 +183,7 @@ class TextView : public QAbstractScrollArea {
     Spot top_{0, 0};
     Spot bottom_{0, 0};
     bool bottomKnown_ = false;
+    int laidOutWidth_ = -1;
     int left_ = 0;
     bool syncing_ = false;
     std::vector<Kept> cache_;

@@ -590,19 +590,22 @@ void TextView::inputMethodEvent(QInputMethodEvent* event) {
     if (input) edit(from, to, event->commitString());
     const int row = rows_.rowOf(position_);
     forget(row, row + 1, 0);
-    for (const QInputMethodEvent::Attribute& attribute : event->attributes())
-        if (attribute.type == QInputMethodEvent::Selection && preedit_.isEmpty())
-            setSelection(attribute.start, attribute.start + attribute.length);
+    // A new selection, counted from the start of the text the input method was given.
+    for (const QInputMethodEvent::Attribute& attribute : event->attributes()) {
+        if (attribute.type == QInputMethodEvent::Selection) {
+            const int base = surrounding().start;
+            setSelection(base + attribute.start, base + attribute.start + attribute.length);
+        }
+    }
     ensureCaretVisible();
     viewport()->update();
     event->accept();
 }
 
-QVariant TextView::inputMethodQuery(Qt::InputMethodQuery query) const {
-    auto* self = const_cast<TextView*>(this);
-    const QString& text = *text_;
-    // The text around the caret that an input method may read: its paragraph, within reason.
+// The text around the caret that an input method may read: its paragraph, within reason.
+moves::Range TextView::surrounding() const {
     constexpr int kReach = 1024;
+    const QString& text = *text_;
     int from = position_;
     while (from > std::max(0, position_ - kReach) &&
            !moves::isParagraphEnd(text.at(from - 1).unicode()))
@@ -611,6 +614,15 @@ QVariant TextView::inputMethodQuery(Qt::InputMethodQuery query) const {
     while (to < std::min(static_cast<int>(text.size()), position_ + kReach) &&
            !moves::isParagraphEnd(text.at(to).unicode()))
         ++to;
+    return {from, to};
+}
+
+QVariant TextView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    auto* self = const_cast<TextView*>(this);
+    const QString& text = *text_;
+    const moves::Range around = surrounding();
+    const int from = around.start;
+    const int to = around.end;
     switch (query) {
     case Qt::ImEnabled:
         return true;

@@ -381,6 +381,11 @@ class TextViewTest : public QObject {
             QCOMPARE(p.pane.Text().mid(middle, 3), QStringLiteral("xy") + giant.at(middle));
             QCOMPARE(TextRows::check(p.box()->rows(), p.pane.Text()), QString());
             QVERIFY(p.box()->layoutsKept() < 100);
+            // The end of the scroll bar shows the end of the text, even in a tall last row.
+            QScrollBar* bar = p.box()->verticalScrollBar();
+            bar->setValue(bar->maximum());
+            const QRect end = p.box()->cursorRect(p.pane.length());
+            QVERIFY(end.top() >= 0 && end.bottom() < p.viewport()->height());
         }
     }
 
