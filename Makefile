@@ -33,6 +33,8 @@ fuzz: build
 		./test_text_file randomFilesRoundTrip
 	cd $(BUILD)/tests && TSL_FUZZ_CASES=$(FUZZ_CASES) TSL_FUZZ_SEED=$(FUZZ_SEED) \
 		QT_QPA_PLATFORM=offscreen ./test_source_pane_exact randomEditsKeepTheExactText
+	cd $(BUILD)/tests && TSL_FUZZ_CASES=$(FUZZ_CASES) TSL_FUZZ_SEED=$(FUZZ_SEED) \
+		QT_QPA_PLATFORM=offscreen ./test_text_rows rowsFollowRandomEdits
 
 bench: build
 	bash scripts/bench-startup.sh $(BUILD)
