@@ -39,6 +39,7 @@ fuzz: build
 bench: build
 	bash scripts/bench-startup.sh $(BUILD)
 	$(BUILD)/bench/bench_typing
+	$(BUILD)/bench/bench_scrolling
 	$(BUILD)/bench/bench_files
 	$(BUILD)/bench/bench_search
 	bash scripts/bench-memory.sh $(BUILD)

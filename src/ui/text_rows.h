@@ -11,7 +11,9 @@ namespace tsl {
 
 class TextRows {
   public:
-    static constexpr int kMaxRow = 4096;
+    // Long enough to be wider than any screen, short enough that a screenful of such rows is
+    // laid out in a few milliseconds and a few megabytes.
+    static constexpr int kMaxRow = 2048;
 
     // Characters after which a new row starts: the line feed, the line and paragraph separators
     // and the two noncharacters that mark frames. A carriage return is not one of them.

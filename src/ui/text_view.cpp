@@ -14,12 +14,15 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <cstdlib>
 
 namespace tsl {
 
 namespace {
-// Rows laid out and kept: a screenful and the last screenful of a large window, with room.
+// Rows laid out and kept: a screenful and the last screenful of a large window, with room;
+// and their characters, which bound the memory the layouts take (some 40 bytes each).
 constexpr size_t kKept = 300;
+constexpr int kKeptCharacters = 256 * 1024;
 // The width a row that does not wrap is laid out in.
 constexpr qreal kNoWrapWidth = 1e6;
 
@@ -330,22 +333,28 @@ QTextLayout* TextView::layoutOf(int row) {
             updateScrollBars();
         }
     }
-    if (cache_.size() >= kKept) {
+    const int characters = static_cast<int>(layout->text().size());
+    while (!cache_.empty() &&
+           (cache_.size() >= kKept || keptCharacters_ + characters > kKeptCharacters)) {
         const auto oldest =
             std::min_element(cache_.begin(), cache_.end(),
                              [](const Kept& a, const Kept& b) { return a.used < b.used; });
+        keptCharacters_ -= static_cast<int>(oldest->layout->text().size());
         cache_.erase(oldest);
     }
+    keptCharacters_ += characters;
     cache_.push_back({row, std::move(layout), ++uses_});
     return cache_.back().layout.get();
 }
 
 // Drops the layouts of rows [fromRow, toRow) and renumbers those after them.
 void TextView::forget(int fromRow, int toRow, int shift) {
-    cache_.erase(
-        std::remove_if(cache_.begin(), cache_.end(),
-                       [&](const Kept& kept) { return kept.row >= fromRow && kept.row < toRow; }),
-        cache_.end());
+    const auto gone = std::partition(cache_.begin(), cache_.end(), [&](const Kept& kept) {
+        return kept.row < fromRow || kept.row >= toRow;
+    });
+    for (auto it = gone; it != cache_.end(); ++it)
+        keptCharacters_ -= static_cast<int>(it->layout->text().size());
+    cache_.erase(gone, cache_.end());
     if (shift == 0) return;
     for (Kept& kept : cache_)
         if (kept.row >= toRow) kept.row += shift;
@@ -353,6 +362,7 @@ void TextView::forget(int fromRow, int toRow, int shift) {
 
 void TextView::forgetAll() {
     cache_.clear();
+    keptCharacters_ = 0;
 }
 
 int TextView::rowHeight(int row) {
@@ -384,9 +394,15 @@ void TextView::paintEvent(QPaintEvent* event) {
     const int caretRow = rows_.rowOf(position_);
     const int cursorWidth = style()->pixelMetric(QStyle::PM_TextCursorWidth, nullptr, this);
     const QPointF left(textLeft(), 0);
-    const int height = viewport()->height();
     int y = firstRowY();
-    for (int row = top_.row; row < rows_.count() && y < height; ++row) {
+    int row = top_.row;
+    if (!wraps_ && area.top() > y) {
+        // Rows of one line each: the first one to paint is found by arithmetic.
+        const int skip = (area.top() - y) / lineSpacing_;
+        row += skip;
+        y += skip * lineSpacing_;
+    }
+    for (; row < rows_.count() && y <= area.bottom(); ++row) {
         QTextLayout* layout = layoutOf(row);
         const int rowHeight = layout->lineCount() * lineSpacing_;
         if (y + rowHeight > area.top()) {
@@ -521,12 +537,32 @@ void TextView::clampTop() {
 }
 
 void TextView::setTop(Spot top) {
+    const Spot old = top_;
     top_ = top;
     clampTop();
     syncing_ = true;
     verticalScrollBar()->setValue(top_.row);
     syncing_ = false;
-    viewport()->update();
+    scrollFrom(old);
+}
+
+// Moves what is on screen by as much as the top moved, so that only what comes into sight is
+// painted.
+void TextView::scrollFrom(Spot old) {
+    if (old.row == top_.row && old.y == top_.y) return;
+    // Each row is a line or more: a jump over more rows than fit is a page of its own.
+    if (std::abs(top_.row - old.row) > viewport()->height() / lineSpacing_ + 1) {
+        viewport()->update();
+        return;
+    }
+    const Spot now = top_;
+    top_ = old;
+    const int shift = yOfRow(now.row) - ((now.row == 0 ? margin_ : 0) - now.y);
+    top_ = now;
+    if (std::abs(shift) < viewport()->height())
+        viewport()->scroll(0, -shift);
+    else
+        viewport()->update();
 }
 
 void TextView::scrollBy(int pixels) {
@@ -569,6 +605,7 @@ void TextView::updateScrollBars() {
 
 void TextView::scrollContentsBy(int dx, int dy) {
     if (syncing_) return;
+    const Spot old = top_;
     if (dy != 0) {
         // The end of the bar shows the end of the text, however tall its last row.
         const QScrollBar* bar = verticalScrollBar();
@@ -576,8 +613,11 @@ void TextView::scrollContentsBy(int dx, int dy) {
         top_ = bar->value() == bar->maximum() ? bottom_ : Spot{bar->value(), 0};
         clampTop();
     }
-    if (dx != 0) left_ = horizontalScrollBar()->value();
-    viewport()->update();
+    if (dx != 0) {
+        left_ = horizontalScrollBar()->value();
+        viewport()->scroll(dx, 0);
+    }
+    scrollFrom(old);
 }
 
 void TextView::reveal(int position) {

@@ -158,6 +158,7 @@ class TextView : public QAbstractScrollArea {
     int yOfRow(int row);
     void scrollBy(int pixels);
     void setTop(Spot top);
+    void scrollFrom(Spot old);
     void clampTop();
     void updateBottom();
     void updateScrollBars();
@@ -188,6 +189,7 @@ class TextView : public QAbstractScrollArea {
     bool syncing_ = false;
     std::vector<Kept> cache_;
     quint64 uses_ = 0;
+    int keptCharacters_ = 0;
     // The mouse: selecting by units from the first unit pressed, a drag of the selection about
     // to start, and the time of the last double click (a third click selects the paragraph).
     bool selecting_ = false;
