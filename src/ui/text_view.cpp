@@ -404,8 +404,8 @@ void TextView::paintEvent(QPaintEvent* event) {
     }
     for (; row < rows_.count() && y <= area.bottom(); ++row) {
         QTextLayout* layout = layoutOf(row);
-        const int rowHeight = layout->lineCount() * lineSpacing_;
-        if (y + rowHeight > area.top()) {
+        const int rowPixels = layout->lineCount() * lineSpacing_;
+        if (y + rowPixels > area.top()) {
             const QPointF at = left + QPointF(0, y);
             const int start = rows_.start(row);
             const int end = rows_.end(row, text);
@@ -429,7 +429,7 @@ void TextView::paintEvent(QPaintEvent* event) {
             if (dropCaret_ >= 0 && rows_.rowOf(dropCaret_) == row)
                 layout->drawCursor(&painter, at, dropCaret_ - start, cursorWidth);
         }
-        y += rowHeight;
+        y += rowPixels;
     }
 }
 
