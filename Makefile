@@ -33,10 +33,13 @@ fuzz: build
 		./test_text_file randomFilesRoundTrip
 	cd $(BUILD)/tests && TSL_FUZZ_CASES=$(FUZZ_CASES) TSL_FUZZ_SEED=$(FUZZ_SEED) \
 		QT_QPA_PLATFORM=offscreen ./test_source_pane_exact randomEditsKeepTheExactText
+	cd $(BUILD)/tests && TSL_FUZZ_CASES=$(FUZZ_CASES) TSL_FUZZ_SEED=$(FUZZ_SEED) \
+		QT_QPA_PLATFORM=offscreen ./test_text_rows rowsFollowRandomEdits
 
 bench: build
 	bash scripts/bench-startup.sh $(BUILD)
 	$(BUILD)/bench/bench_typing
+	$(BUILD)/bench/bench_scrolling
 	$(BUILD)/bench/bench_files
 	$(BUILD)/bench/bench_search
 	bash scripts/bench-memory.sh $(BUILD)

@@ -34,9 +34,7 @@ int main(int argc, char* argv[]) {
     auto& pane = dynamic_cast<tsl::QtSourcePane&>(workbench.shell().ActiveForm()->codebox());
     tsl::CodeBox* box = pane.widget();
     box->setFocus();
-    QTextCursor cursor = box->textCursor();
-    cursor.setPosition(pane.length() / 2);
-    box->setTextCursor(cursor);
+    box->setSelection(pane.length() / 2, pane.length() / 2);
 
     const int keys = 300;
     std::vector<double> times;

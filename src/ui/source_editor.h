@@ -1,9 +1,9 @@
 #pragma once
-// The Source pane on screen: a plain text editor that keeps its own copy of the exact text, so
-// that characters the editor would rewrite (carriage returns, paragraph separators) come back
-// as they were, and so that the logic's many reads of the whole text cost nothing.
+// The Source pane on screen: the pane holds the exact text, once, and its editor (CodeBox, a
+// TextView) shows and edits that same text, so no character is ever rewritten and the logic's
+// many reads of the whole text cost nothing.
 #include "editor/surfaces.h"
-#include <QPlainTextEdit>
+#include "ui/text_view.h"
 #include <QPointer>
 
 namespace tsl {
@@ -16,7 +16,7 @@ class ShellMDI;
 int keyCodeOf(int qtKey);
 int shiftBitsOf(Qt::KeyboardModifiers modifiers);
 
-class CodeBox : public QPlainTextEdit {
+class CodeBox : public TextView {
     Q_OBJECT
   public:
     explicit CodeBox(QWidget* parent = nullptr);
@@ -27,14 +27,11 @@ class CodeBox : public QPlainTextEdit {
     // Runs a handler as a user's event: through the shell's dispatcher once attached.
     bool dispatch(const std::function<void()>& handler);
 
-    // Text leaves and enters the editor as the exact text of its pane, never as the text the
-    // editor shows: copy, cut, drag, drop and paste all come here.
+    // Mime data that a drop can tell comes from this pane.
     QMimeData* createMimeDataFromSelection() const override;
-    void insertFromMimeData(const QMimeData* source) override;
-    // True while the editor handles a key or an input method's text, which edit at the caret.
-    bool editingAtCaret() const { return editingAtCaret_; }
 
   protected:
+    void replaceByUser(int start, int end, const QString& text) override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
@@ -42,7 +39,6 @@ class CodeBox : public QPlainTextEdit {
     void contextMenuEvent(QContextMenuEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
-    void inputMethodEvent(QInputMethodEvent* event) override;
 
   private:
     friend class QtSourcePane;
@@ -56,7 +52,6 @@ class CodeBox : public QPlainTextEdit {
     // The key press whose KeyDown already ran at the shortcut stage.
     bool keyDownDone_ = false;
     bool swallowKey_ = false;
-    bool editingAtCaret_ = false;
     QtSourcePane* pane_ = nullptr;
 };
 
@@ -85,24 +80,16 @@ class QtSourcePane : public QObject, public SourcePane {
     void SetFocus() override;
 
     QString exactText(int start, int end) const { return text_.mid(start, end - start); }
-    // Edits made by the user through the editor's own routes (drop, paste of mime data):
-    // the exact text goes in and one Change is raised as for a typed key.
+    // Edits made by the user in the editor (keys, input methods, drops, pastes, a drag taken
+    // out): the exact text goes in, the caret behind it, and one Change is raised.
     void replaceByUser(int start, int end, const QString& text);
     void moveByUser(int start, int end, int to);
 
   private:
-    // Puts exact text in place of a range, in the copy and in the editor; raises nothing.
+    // Puts exact text in place of a range and tells the editor; raises nothing.
     void replaceExact(int start, int end, const QString& text);
-    void onContentsChange(int position, int removed, int added);
-    bool takeEditAtCaret(int from, int oldEnd, const QString& now);
-    void takeDifference(int from, int oldEnd, const QString& now);
-    void noteSelection();
     QPointer<CodeBox> edit_;
     QString text_;
-    bool writing_ = false;
-    // The editor's selection before its next edit of its own.
-    int selStart_ = 0;
-    int selEnd_ = 0;
 };
 
 } // namespace tsl
