@@ -1,6 +1,7 @@
 // Scrolling a large document in the Source pane: the mean and worst time of one Page Down, one
 // notch of the wheel and one jump of the scroll bar, each painted, in a page of about a
-// megabyte, wrapped and not. Runs offscreen.
+// megabyte, wrapped and not; with "line", in a page of one 4 MB line, where a typed key is
+// timed too. Runs offscreen.
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
 #include "ui/main_window.h"
@@ -45,8 +46,10 @@ int main(int argc, char* argv[]) {
     {
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly)) return 1;
-        QByteArray row = "<tr><td class=\"cell\">Some text in a table cell</td><td>42</td></tr>\n";
-        for (int i = 0; i < 15000; ++i)
+        const bool oneLine = argc > 1 && qstrcmp(argv[1], "line") == 0;
+        QByteArray row = "<tr><td class=\"cell\">Some text in a table cell</td><td>42</td></tr>";
+        if (!oneLine) row += '\n';
+        for (int i = 0; i < (oneLine ? 60000 : 15000); ++i)
             file.write(row);
     }
     tsl::QtPlatform platform;
@@ -79,6 +82,12 @@ int main(int argc, char* argv[]) {
         QScrollBar* bar = box->verticalScrollBar();
         measure("scroll bar jump", 100,
                 [&](int i) { bar->setValue(bar->maximum() * ((i * 37) % 100) / 100); });
+        measure("typed key", 100, [&](int) {
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+            QApplication::sendEvent(box, &press);
+            QKeyEvent release(QEvent::KeyRelease, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+            QApplication::sendEvent(box, &release);
+        });
     }
     return 0;
 }

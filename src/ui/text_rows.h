@@ -11,9 +11,9 @@ namespace tsl {
 
 class TextRows {
   public:
-    // Long enough to be wider than any screen, short enough that a screenful of such rows is
-    // laid out in a few milliseconds and a few megabytes.
-    static constexpr int kMaxRow = 2048;
+    // Long enough that hand-written lines show whole, short enough that a screenful of such
+    // rows is laid out in tens of milliseconds at the worst (a giant line, not wrapped).
+    static constexpr int kMaxRow = 8192;
 
     // Characters after which a new row starts: the line feed, the line and paragraph separators
     // and the two noncharacters that mark frames. A carriage return is not one of them.
