@@ -2,18 +2,12 @@
 // notch of the wheel and one jump of the scroll bar, each painted, in a page of about a
 // megabyte, wrapped and not; with "line", in a page of one 4 MB line, where a typed key is
 // timed too. Runs offscreen.
-#include "shell/settings_store.h"
-#include "shell/shell_mdi.h"
-#include "ui/main_window.h"
-#include "ui/qt_platform.h"
-#include "ui/source_editor.h"
-#include "ui/workbench.h"
+#include "large_page.h"
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QWheelEvent>
 #include <algorithm>
 #include <cstdio>
@@ -41,26 +35,9 @@ void measure(const char* what, int times, const std::function<void(int)>& step) 
 int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("large.htm"));
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly)) return 1;
-        const bool oneLine = argc > 1 && qstrcmp(argv[1], "line") == 0;
-        QByteArray row = "<tr><td class=\"cell\">Some text in a table cell</td><td>42</td></tr>";
-        if (!oneLine) row += '\n';
-        for (int i = 0; i < (oneLine ? 60000 : 15000); ++i)
-            file.write(row);
-    }
-    tsl::QtPlatform platform;
-    tsl::MemorySettingsStore settings;
-    tsl::Workbench workbench(platform, settings);
-    workbench.load(path);
-    workbench.window().show();
-    QApplication::processEvents();
-    auto& pane = dynamic_cast<tsl::QtSourcePane&>(workbench.shell().ActiveForm()->codebox());
-    QAbstractScrollArea* box = pane.widget();
-    box->setFocus();
+    bench::LargePage page(argc > 1 && qstrcmp(argv[1], "line") == 0);
+    tsl::QtSourcePane& pane = page.pane();
+    QAbstractScrollArea* box = &page.box();
     for (bool wrap : {true, false}) {
         pane.setRightMargin(wrap ? 0 : 100000);
         pane.setSelStart(0);

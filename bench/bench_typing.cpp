@@ -1,39 +1,17 @@
 // Typing in a large document: the mean and worst time of one key (press and release, with
 // everything the document does for it) in a page of about a megabyte. Runs offscreen.
-#include "shell/settings_store.h"
-#include "shell/shell_mdi.h"
-#include "ui/main_window.h"
-#include "ui/qt_platform.h"
-#include "ui/source_editor.h"
-#include "ui/workbench.h"
-#include <QApplication>
+#include "large_page.h"
 #include <QElapsedTimer>
 #include <QKeyEvent>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
 
 int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("large.htm"));
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly)) return 1;
-        QByteArray row = "<tr><td class=\"cell\">Some text in a table cell</td><td>42</td></tr>\n";
-        for (int i = 0; i < 15000; ++i)
-            file.write(row);
-    }
-    tsl::QtPlatform platform;
-    tsl::MemorySettingsStore settings;
-    tsl::Workbench workbench(platform, settings);
-    workbench.load(path);
-    workbench.window().show();
-    QApplication::processEvents();
-    auto& pane = dynamic_cast<tsl::QtSourcePane&>(workbench.shell().ActiveForm()->codebox());
-    tsl::CodeBox* box = pane.widget();
-    box->setFocus();
+    bench::LargePage page;
+    tsl::QtSourcePane& pane = page.pane();
+    tsl::CodeBox* box = &page.box();
     box->setSelection(pane.length() / 2, pane.length() / 2);
 
     const int keys = 300;
