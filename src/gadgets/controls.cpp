@@ -59,16 +59,73 @@ void Label::setCaption(const QString& caption) {
     emit changed();
 }
 
-void Label::setBackColor(int colour) {
+void Control::setBackColor(int colour) {
     if (backColor_ == colour) return;
     backColor_ = colour;
     emit changed();
 }
 
-void Label::setForeColor(int colour) {
+void Control::setForeColor(int colour) {
     if (foreColor_ == colour) return;
     foreColor_ = colour;
     emit changed();
+}
+
+void enableControls(std::initializer_list<Control*> controls, bool on) {
+    for (Control* control : controls)
+        control->setEnabled(on);
+}
+
+void ImageBox::setHighlighted(bool on) {
+    if (highlighted_ == on) return;
+    highlighted_ = on;
+    emit changed();
+}
+
+namespace {
+// Where two texts differ: the length of their common start and of their common end.
+std::pair<int, int> difference(const QString& before, const QString& after) {
+    const int shorter = static_cast<int>(std::min(before.size(), after.size()));
+    int head = 0;
+    while (head < shorter && before.at(head) == after.at(head))
+        ++head;
+    int tail = 0;
+    while (tail < shorter - head &&
+           before.at(before.size() - 1 - tail) == after.at(after.size() - 1 - tail))
+        ++tail;
+    return {head, tail};
+}
+} // namespace
+
+void TextBox::receiveText(const QString& text) {
+    if (!KeyPress) {
+        setText(text);
+        return;
+    }
+    const auto [head, tail] = difference(text_, text);
+    const QString inserted = text.mid(head, text.size() - head - tail);
+    if (inserted.isEmpty()) { // a deletion brings no character to filter
+        setText(text);
+        return;
+    }
+    SelStart = head;
+    SelLength = static_cast<int>(text_.size()) - head - tail;
+    typeText(inserted);
+}
+
+void ComboBox::receiveText(const QString& text) {
+    if (!KeyPress) {
+        setText(text);
+        return;
+    }
+    const auto [head, tail] = difference(text_, text);
+    QString kept;
+    for (QChar c : text.mid(head, text.size() - head - tail)) {
+        int key = c.unicode();
+        KeyPress(key);
+        if (key != 0) kept += QChar(key);
+    }
+    setText(text.left(head) + kept + text.right(tail));
 }
 
 void TextBox::setText(const QString& text) {
@@ -240,9 +297,11 @@ int UpDown::current() const {
 
 void UpDown::setValue(int value) {
     value = std::clamp(value, Min, Max);
-    if (value == value_) return;
-    value_ = value;
-    emit changed();
+    if (value != value_) {
+        value_ = value;
+        emit changed();
+    }
+    // The box shows the value, also where the user typed one beyond the range.
     if (buddy) buddy->setText(QString::number(value_));
 }
 

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -27,6 +28,12 @@ class Control : public QObject {
     // Where the focus was last put by the logic; the view moves the real focus.
     void SetFocus() { emit focusRequested(); }
     QString ToolTipText;
+    // Colours with red in the lowest byte; kDefaultColour leaves the desktop's own.
+    static constexpr int kDefaultColour = -1;
+    int BackColor() const { return backColor_; }
+    void setBackColor(int colour);
+    int ForeColor() const { return foreColor_; }
+    void setForeColor(int colour);
 
   signals:
     void changed();
@@ -38,7 +45,12 @@ class Control : public QObject {
     QString name_;
     bool enabled_ = true;
     bool visible_ = true;
+    int backColor_ = kDefaultColour;
+    int foreColor_ = kDefaultColour;
 };
+
+// Switches several controls on or off together, as a choice that makes them apply does.
+void enableControls(std::initializer_list<Control*> controls, bool on);
 
 class Label : public Control {
   public:
@@ -48,17 +60,48 @@ class Label : public Control {
     }
     const QString& Caption() const { return caption_; }
     void setCaption(const QString& caption);
-    // Colours with red in the lowest byte; kDefaultColour leaves the desktop's own.
-    static constexpr int kDefaultColour = -1;
-    int BackColor() const { return backColor_; }
-    void setBackColor(int colour);
-    int ForeColor() const { return foreColor_; }
-    void setForeColor(int colour);
+    // The caption's font; an empty name or a size of 0 keeps the dialog's own.
+    QString FontName() const { return font_.name; }
+    void setFontName(const QString& name) { setFont(&LabelFont::name, name); }
+    double FontSize() const { return font_.size; }
+    void setFontSize(double size) { setFont(&LabelFont::size, size); }
+    bool FontBold() const { return font_.bold; }
+    void setFontBold(bool on) { setFont(&LabelFont::bold, on); }
+    bool FontItalic() const { return font_.italic; }
+    void setFontItalic(bool on) { setFont(&LabelFont::italic, on); }
+    bool FontUnderline() const { return font_.underline; }
+    void setFontUnderline(bool on) { setFont(&LabelFont::underline, on); }
 
   private:
+    struct LabelFont {
+        QString name;
+        double size = 0;
+        bool bold = false;
+        bool italic = false;
+        bool underline = false;
+    };
+    template <typename T, typename V> void setFont(T LabelFont::*field, const V& value) {
+        if (font_.*field == value) return;
+        font_.*field = value;
+        emit changed();
+    }
     QString caption_;
-    int backColor_ = kDefaultColour;
-    int foreColor_ = kDefaultColour;
+    LabelFont font_;
+};
+
+// A picture the user can click, shown plain or highlighted, such as a region of a map.
+class ImageBox : public Label {
+  public:
+    using Label::Label;
+    bool Highlighted() const { return highlighted_; }
+    void setHighlighted(bool on);
+    std::function<void()> Click;
+    void press() {
+        if (Enabled() && Click) Click();
+    }
+
+  private:
+    bool highlighted_ = false;
 };
 
 class CommandButton : public Label {
@@ -91,6 +134,9 @@ class TextBox : public Control {
     // A key typed by the user at the caret, over the selection: KeyPress first, then the edit.
     void typeKey(int keyAscii);
     void typeText(const QString& text);
+    // Text that arrives whole (a paste, a drop, an assistive tool): what it inserts goes
+    // through KeyPress a character at a time, as if typed over what it replaced.
+    void receiveText(const QString& text);
     void SelectAll() { emit selectAllRequested(); }
     // The caret and the selection as the user left them; a new text puts the caret at its end.
     int SelStart = 0;
@@ -121,6 +167,10 @@ class OptionButton : public Label {
     std::function<void()> Click;
     // Options that exclude each other share a group.
     static void group(std::initializer_list<OptionButton*> members);
+    // The options of its group, itself among them; empty when it stands alone.
+    std::vector<OptionButton*> groupMembers() const {
+        return group_ ? *group_ : std::vector<OptionButton*>{};
+    }
 
   private:
     bool value_ = false;
@@ -177,6 +227,8 @@ class ComboBox : public ListControl {
     std::function<void()> Change;
     // Key filter of the editable text: may set the key code to 0 to drop the key.
     std::function<void(int& keyAscii)> KeyPress;
+    // Text that arrives whole: each character it brings goes through KeyPress first.
+    void receiveText(const QString& text);
 
   protected:
     void selectionChanged() override;
@@ -213,8 +265,9 @@ class UpDown : public Control {
     // The text box the spinner writes its value to.
     TextBox* buddy = nullptr;
     // A step starts from what the buddy shows, as the user may have typed there.
-    void stepUp() { setValue(current() + Increment); }
-    void stepDown() { setValue(current() - Increment); }
+    void stepUp() { step(1); }
+    void stepDown() { step(-1); }
+    void step(int increments) { setValue(current() + increments * Increment); }
 
   private:
     int current() const;

@@ -5,9 +5,8 @@
 
 namespace tsl {
 
-void buildAboutView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildAboutView(frmAbout& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmAbout&>(base);
     build(dialog, shell,
           Column({Note(f.lblName, Centered | Big), Note(f.lblVersion, Centered), Spacing(8),
                   Link(f.Label, [&f] { f.Label_Click(); }),

@@ -1,6 +1,7 @@
 #include "ui/binders.h"
 #include "shell/shell_mdi.h"
 #include <QAbstractButton>
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QColor>
 #include <QComboBox>
@@ -9,6 +10,7 @@
 #include <QEvent>
 #include <QFileSystemModel>
 #include <QGroupBox>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,22 +21,30 @@
 #include <QSignalBlocker>
 #include <QTreeView>
 #include <memory>
+#include <optional>
 
 namespace tsl {
 
 namespace {
+QLineEdit* lineEditOf(QObject* widget) {
+    if (auto* combo = qobject_cast<QComboBox*>(widget)) return combo->lineEdit();
+    return qobject_cast<QLineEdit*>(widget);
+}
+
 // Hands the typed characters of a text box or an editable combo to its KeyPress handler,
-// which may drop them or put another in their place.
+// which may drop them or put another in their place. A key it lets through is typed while
+// `typing()` holds, so the change it makes is known as typed and not filtered again.
 class KeyPressFilter : public QObject {
   public:
     using Handler = std::function<void(int&)>;
-    KeyPressFilter(const Handler& handler, std::function<void(const QString&)> setText,
-                   QObject* parent, std::function<void(std::function<void()>)> run)
-        : QObject(parent), handler_(handler), setText_(std::move(setText)), run_(std::move(run)) {}
+    KeyPressFilter(const Handler& handler, QObject* parent,
+                   std::function<void(std::function<void()>)> run)
+        : QObject(parent), handler_(handler), run_(std::move(run)) {}
+    bool typing() const { return typing_; }
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress || !handler_)
+        if (event->type() != QEvent::KeyPress || !handler_ || typing_)
             return QObject::eventFilter(watched, event);
         auto* key = static_cast<QKeyEvent*>(event);
         int ascii = 0;
@@ -46,19 +56,68 @@ class KeyPressFilter : public QObject {
         if (ascii == 0) return false; // caret keys and shortcuts are no characters
         const int typed = ascii;
         run_([&] { handler_(ascii); });
-        auto* edit = qobject_cast<QLineEdit*>(watched);
-        if (ascii == 0 || ascii == typed || ascii == 8 || !edit) return ascii == 0;
-        // The handler put another character in place of the typed one.
-        edit->insert(QString(QChar(ascii)));
-        run_([&] { setText_(edit->text()); });
+        if (ascii == 0) return true;
+        QLineEdit* edit = lineEditOf(watched);
+        typing_ = true;
+        if (ascii == typed || ascii == 8 || !edit)
+            watched->event(event);
+        else // the handler put another character in place of the typed one
+            edit->insert(QString(QChar(ascii)));
+        typing_ = false;
         return true;
     }
 
   private:
     const Handler& handler_;
-    std::function<void(const QString&)> setText_;
     std::function<void(std::function<void()>)> run_;
+    bool typing_ = false;
 };
+
+KeyPressFilter* keyPressFilter(const std::function<void(int&)>& handler, QWidget* widget,
+                               ShellMDI& shell) {
+    auto* filter = new KeyPressFilter(
+        handler, widget, [shell = &shell](std::function<void()> h) { shell->dispatch(h); });
+    widget->installEventFilter(filter);
+    return filter;
+}
+
+// Up, Down, Page Up and Page Down in a spinner's box step its value.
+class StepKeys : public QObject {
+  public:
+    StepKeys(UpDown& spinner, ShellMDI& shell, QObject* parent)
+        : QObject(parent), spinner_(spinner), shell_(shell) {}
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->modifiers() & ~Qt::KeypadModifier) return false;
+        int steps = 0;
+        switch (key->key()) {
+        case Qt::Key_Up:
+            steps = 1;
+            break;
+        case Qt::Key_Down:
+            steps = -1;
+            break;
+        case Qt::Key_PageUp:
+            steps = 10;
+            break;
+        case Qt::Key_PageDown:
+            steps = -10;
+            break;
+        default:
+            return false;
+        }
+        if (spinner_.Enabled()) shell_.dispatch([&] { spinner_.step(steps); });
+        return true;
+    }
+
+  private:
+    UpDown& spinner_;
+    ShellMDI& shell_;
+};
+
 // Fills a list widget or a combo with the control's entries when they differ from those shown.
 // The list shown is kept to compare: a list that has not changed shares its data, so the test
 // costs nothing on the frequent updates of the text or the selection alone.
@@ -92,27 +151,53 @@ QColor colourOf(int colour) {
     return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
 }
 
-// A label's own colours over the desktop's.
-void paint(const Label& control, QWidget* widget) {
-    if (control.BackColor() == Label::kDefaultColour &&
-        control.ForeColor() == Label::kDefaultColour)
+// A control's own colours over the desktop's: a label's area and text, a text box's field
+// and text.
+void paint(const Control& control, QWidget* widget, QPalette::ColorRole back,
+           QPalette::ColorRole fore) {
+    if (control.BackColor() == Control::kDefaultColour &&
+        control.ForeColor() == Control::kDefaultColour)
         return;
     QPalette palette = widget->palette();
-    if (control.BackColor() != Label::kDefaultColour) {
-        widget->setAutoFillBackground(true);
-        palette.setColor(QPalette::Window, colourOf(control.BackColor()));
+    if (control.BackColor() != Control::kDefaultColour) {
+        widget->setAutoFillBackground(back == QPalette::Window);
+        palette.setColor(back, colourOf(control.BackColor()));
     }
-    if (control.ForeColor() != Label::kDefaultColour)
-        palette.setColor(QPalette::WindowText, colourOf(control.ForeColor()));
+    if (control.ForeColor() != Control::kDefaultColour)
+        palette.setColor(fore, colourOf(control.ForeColor()));
     widget->setPalette(palette);
+}
+
+void paint(const Label& control, QWidget* widget) {
+    paint(control, widget, QPalette::Window, QPalette::WindowText);
+}
+
+bool hasFont(const Label& control) {
+    return control.FontBold() || control.FontItalic() || control.FontUnderline() ||
+           control.FontSize() > 0 || !control.FontName().isEmpty();
+}
+
+// A label's own font over the one it had before it had one of its own.
+void setFont(const Label& control, QWidget* widget, const QFont& base) {
+    QFont font = base;
+    if (!control.FontName().isEmpty()) font.setFamily(control.FontName());
+    if (control.FontSize() > 0) font.setPointSizeF(control.FontSize());
+    font.setBold(control.FontBold());
+    font.setItalic(control.FontItalic());
+    font.setUnderline(control.FontUnderline());
+    if (font != widget->font()) widget->setFont(font);
 }
 } // namespace
 
 void Binder::label(Label& control, QLabel* widget) {
     common(control, widget);
-    const auto update = [&control, widget] {
+    auto base = std::make_shared<std::optional<QFont>>();
+    const auto update = [&control, widget, base] {
         widget->setText(control.Caption());
         paint(control, widget);
+        if (!*base && !hasFont(control)) return;
+        if (!*base) *base = widget->font();
+        setFont(control, widget, **base);
     };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
@@ -138,26 +223,36 @@ void Binder::textBox(TextBox& control, QLineEdit* widget) {
         if (widget->text() != control.Text()) widget->setText(control.Text());
         if (control.MaxLength > 0) widget->setMaxLength(control.MaxLength);
         widget->setReadOnly(control.Locked);
+        paint(control, widget, QPalette::Base, QPalette::Text);
     };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
-    QObject::connect(widget, &QLineEdit::textEdited, widget,
-                     [shell = &shell_, &control](const QString& text) {
-                         shell->dispatch([&] { control.setText(text); });
-                     });
-    widget->installEventFilter(new KeyPressFilter(
-        control.KeyPress, [&control](const QString& text) { control.setText(text); }, widget,
-        [shell = &shell_](std::function<void()> h) { shell->dispatch(h); }));
-    QObject::connect(&control, &Control::selectAllRequested, widget, [widget] {
-        widget->setFocus();
-        widget->selectAll();
-    });
     // Key filters read the caret and the selection.
     const auto caret = [&control, widget] {
         control.SelStart =
             widget->hasSelectedText() ? widget->selectionStart() : widget->cursorPosition();
         control.SelLength = static_cast<int>(widget->selectedText().size());
     };
+    KeyPressFilter* keys = keyPressFilter(control.KeyPress, widget, shell_);
+    // Text reaches the box in many ways: typed, pasted, dropped, from an input method or an
+    // assistive tool. Each runs Change; what was not typed key by key is filtered here.
+    QObject::connect(widget, &QLineEdit::textChanged, widget,
+                     [shell = &shell_, &control, widget, keys, caret](const QString& text) {
+                         if (text == control.Text()) return; // the logic's own write
+                         const QString arrived = text;
+                         shell->dispatch([&] {
+                             if (keys->typing())
+                                 control.setText(arrived);
+                             else
+                                 control.receiveText(arrived);
+                         });
+                         if (widget->text() != control.Text()) widget->setText(control.Text());
+                         caret();
+                     });
+    QObject::connect(&control, &Control::selectAllRequested, widget, [widget] {
+        widget->setFocus();
+        widget->selectAll();
+    });
     QObject::connect(widget, &QLineEdit::selectionChanged, widget, caret);
     QObject::connect(widget, &QLineEdit::cursorPositionChanged, widget, caret);
 }
@@ -178,26 +273,51 @@ void Binder::checkBox(CheckBox& control, QCheckBox* widget) {
 
 void Binder::optionButton(OptionButton& control, QRadioButton* widget) {
     common(control, widget);
-    widget->setAutoExclusive(false);
-    const auto update = [&control, widget] {
+    // The options of a group exclude each other on screen as in the model, which keeps
+    // them read as radio buttons and lets the arrow keys move among them.
+    const std::vector<OptionButton*> members = control.groupMembers();
+    QButtonGroup*& group = groups_[members.empty() ? static_cast<void*>(&control)
+                                                   : static_cast<void*>(members.front())];
+    if (!group) group = new QButtonGroup(widget);
+    group->addButton(widget);
+    const auto update = [&control, widget, group] {
         const QSignalBlocker quiet(widget);
         widget->setText(control.Caption());
+        if (widget->isChecked() == control.Value()) return;
+        // An exclusive group keeps one option on; the model may turn them all off.
+        group->setExclusive(control.Value());
         widget->setChecked(control.Value());
+        group->setExclusive(true);
     };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
-    // A click on a chosen option chooses it again, as its Click runs again.
-    QObject::connect(widget, &QRadioButton::clicked, widget, [shell = &shell_, &control, update] {
-        shell->dispatch([&] { control.setValue(true); });
-        update();
-    });
+    // Every way of choosing runs Click once: a click, Space, an arrow key and an assistive
+    // tool's toggle turn the option on; a click on the chosen option chooses it again.
+    auto chosen = std::make_shared<bool>(false);
+    QObject::connect(widget, &QAbstractButton::pressed, widget,
+                     [&control, chosen] { *chosen = control.Value(); });
+    QObject::connect(widget, &QAbstractButton::toggled, widget,
+                     [shell = &shell_, &control, update](bool on) {
+                         if (on && !control.Value())
+                             shell->dispatch([&] { control.setValue(true); });
+                         update();
+                     });
+    QObject::connect(widget, &QAbstractButton::clicked, widget,
+                     [shell = &shell_, &control, chosen] {
+                         if (*chosen) shell->dispatch([&] { control.setValue(true); });
+                         *chosen = false;
+                     });
 }
 
 void Binder::comboBox(ComboBox& control, QComboBox* widget) {
     common(control, widget);
     widget->setEditable(control.style() != ComboBox::DropDownList);
     auto shown = std::make_shared<QStringList>();
-    const auto update = [&control, widget, shown] {
+    // While the combo changes its own text and choice, showing the model's choice would undo
+    // the user's before the combo tells which entry was chosen.
+    auto busy = std::make_shared<bool>(false);
+    const auto update = [&control, widget, shown, busy] {
+        if (*busy) return;
         const QSignalBlocker quiet(widget);
         showItems(control, widget, *shown);
         widget->setCurrentIndex(control.ListIndex());
@@ -206,20 +326,29 @@ void Binder::comboBox(ComboBox& control, QComboBox* widget) {
     };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
+    // A choice from the list, by mouse, keys or an assistive tool, runs Click at once.
     QObject::connect(widget, qOverload<int>(&QComboBox::activated), widget,
-                     [shell = &shell_, &control](int index) {
-                         shell->dispatch([&] { control.setListIndex(index); });
+                     [shell = &shell_, &control, update](int index) {
+                         if (index >= 0 && index < control.ListCount())
+                             shell->dispatch([&] { control.setListIndex(index); });
+                         update();
                      });
-    if (widget->isEditable()) {
-        QObject::connect(widget, &QComboBox::editTextChanged, widget,
-                         [shell = &shell_, &control](const QString& text) {
-                             if (text != control.Text())
-                                 shell->dispatch([&] { control.setText(text); });
+    if (!widget->isEditable()) return;
+    KeyPressFilter* keys = keyPressFilter(control.KeyPress, widget, shell_);
+    QObject::connect(widget, &QComboBox::editTextChanged, widget,
+                     [shell = &shell_, &control, keys, busy, widget, update](const QString& text) {
+                         if (text == control.Text()) return;
+                         const QString arrived = text;
+                         *busy = true;
+                         shell->dispatch([&] {
+                             if (keys->typing())
+                                 control.setText(arrived);
+                             else
+                                 control.receiveText(arrived);
                          });
-        widget->lineEdit()->installEventFilter(new KeyPressFilter(
-            control.KeyPress, [&control](const QString& text) { control.setText(text); }, widget,
-            [shell = &shell_](std::function<void()> h) { shell->dispatch(h); }));
-    }
+                         *busy = false;
+                         QMetaObject::invokeMethod(widget, update, Qt::QueuedConnection);
+                     });
 }
 
 void Binder::button(CommandButton& control, QAbstractButton* widget) {
@@ -231,11 +360,36 @@ void Binder::button(CommandButton& control, QAbstractButton* widget) {
                      [shell = &shell_, &control] { shell->dispatch([&] { control.press(); }); });
 }
 
-void Binder::upDown(UpDown& control, QAbstractButton* up, QAbstractButton* down) {
+void Binder::imageBox(ImageBox& control, QAbstractButton* widget, const QIcon& plain,
+                      const QIcon& highlighted) {
+    common(control, widget);
+    const auto update = [&control, widget, plain, highlighted] {
+        const QIcon& icon = control.Highlighted() ? highlighted : plain;
+        widget->setIcon(icon);
+        const QList<QSize> sizes = icon.availableSizes();
+        if (!sizes.isEmpty()) widget->setIconSize(sizes.first());
+        // Named for assistive tools by its caption, or its tip where it has none.
+        widget->setAccessibleName(control.Caption().isEmpty() ? control.ToolTipText
+                                                              : control.Caption());
+    };
+    update();
+    QObject::connect(&control, &Control::changed, widget, update);
+    QObject::connect(widget, &QAbstractButton::clicked, widget,
+                     [shell = &shell_, &control] { shell->dispatch([&] { control.press(); }); });
+}
+
+void Binder::upDown(UpDown& control, QLineEdit* box, QAbstractButton* up, QAbstractButton* down) {
     common(control, up);
     common(control, down);
-    up->setAutoRepeat(true);
-    down->setAutoRepeat(true);
+    // One stop for the keyboard: the box, whose arrow keys step the value. The arrows are
+    // for the mouse, named for assistive tools.
+    box->installEventFilter(new StepKeys(control, shell_, box));
+    up->setAccessibleName(QStringLiteral("Increase"));
+    down->setAccessibleName(QStringLiteral("Decrease"));
+    for (QAbstractButton* arrow : {up, down}) {
+        arrow->setFocusPolicy(Qt::NoFocus);
+        arrow->setAutoRepeat(true);
+    }
     QObject::connect(up, &QAbstractButton::clicked, up,
                      [shell = &shell_, &control] { shell->dispatch([&] { control.stepUp(); }); });
     QObject::connect(down, &QAbstractButton::clicked, down,

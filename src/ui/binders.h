@@ -6,11 +6,14 @@
 #include "gadgets/controls.h"
 #include "gadgets/file_lists.h"
 #include <functional>
+#include <map>
 
 class QAbstractButton;
+class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
+class QIcon;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -33,12 +36,15 @@ class Binder {
     void panel(Label& control, QWidget* widget);
     void textBox(TextBox& control, QLineEdit* widget);
     void checkBox(CheckBox& control, QCheckBox* widget);
-    // An option: the model turns its group's others off, so the widget is not exclusive.
+    // An option, exclusive with the others of its group on screen as in the model.
     void optionButton(OptionButton& control, QRadioButton* widget);
     void comboBox(ComboBox& control, QComboBox* widget);
     void button(CommandButton& control, QAbstractButton* widget);
-    // A spinner as two small arrow buttons beside its text box.
-    void upDown(UpDown& control, QAbstractButton* up, QAbstractButton* down);
+    // A picture that answers a click, with its plain and its highlighted look.
+    void imageBox(ImageBox& control, QAbstractButton* widget, const QIcon& plain,
+                  const QIcon& highlighted);
+    // A spinner as two small arrow buttons beside its text box, whose keys step it too.
+    void upDown(UpDown& control, QLineEdit* box, QAbstractButton* up, QAbstractButton* down);
     // A list, with several entries chosen where the list allows it.
     void listBox(ListControl& control, QListWidget* widget);
     // A progress bar that paints as the run moves, the rest of the window with it.
@@ -51,6 +57,8 @@ class Binder {
     // Enabled, Visible and focus requests, common to all controls.
     void common(Control& control, QWidget* widget);
     ShellMDI& shell_;
+    // The widget group of each option group bound so far.
+    std::map<void*, QButtonGroup*> groups_;
 };
 
 } // namespace tsl

@@ -6,9 +6,8 @@
 
 namespace tsl {
 
-void buildColoursView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildColoursView(Colours& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<Colours&>(base);
     build(dialog, shell,
           Column({Row({Rows({Field(f.lblBack, Picked(f.Back, f.BackgroundMore, 80)),
                              Field(f.lblText, Picked(f.TextBox, f.TextMore, 80)),

@@ -36,23 +36,21 @@ void FormDialog::reject() {
     QDialog::reject();
 }
 
-void QtFormHost::registerView(const QString& formName, ViewBuilder builder) {
-    builders_[formName] = std::move(builder);
-}
-
-bool QtFormHost::hasView(Form& form) {
-    if (builders_.count(form.formName()) && shell_) return true;
+const QtFormHost::View* QtFormHost::viewOf(Form& form) {
+    const auto found = views_.find(std::type_index(typeid(form)));
+    if (found != views_.end() && shell_) return &found->second;
     if (shell_) shell_->platform().notAvailable();
     form.Unload();
-    return false;
+    return nullptr;
 }
 
 void QtFormHost::showModal(Form& form) {
-    if (!hasView(form)) return;
+    const View* view = viewOf(form);
+    if (!view) return;
     QWidget* parent =
         QApplication::activeModalWidget() ? QApplication::activeModalWidget() : owner_.data();
     FormDialog dialog(form, *shell_, parent);
-    builders_[form.formName()](form, dialog, *shell_);
+    view->build(form, dialog, *shell_);
     if (!form.isLoaded()) return; // a view may close the form while it is built
     current_ = &dialog;
     dialog.exec();
@@ -60,12 +58,13 @@ void QtFormHost::showModal(Form& form) {
 }
 
 void QtFormHost::showModeless(std::unique_ptr<Form> form) {
-    if (!hasView(*form)) return;
+    const View* view = viewOf(*form);
+    if (!view) return;
     Form& shown = *form;
     // Owned by the main window, so it stays in front of it and goes with it.
     auto* dialog = new FormDialog(std::move(form), *shell_, owner_.data());
     dialog->setModal(false);
-    builders_[shown.formName()](shown, *dialog, *shell_);
+    view->build(shown, *dialog, *shell_);
     // Freed after the handler that unloaded it has returned.
     QObject::connect(&shown, &Form::unloaded, dialog, &QObject::deleteLater);
     if (!shown.isLoaded()) {

@@ -7,9 +7,12 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <type_traits>
+#include <typeindex>
 
 namespace tsl {
 
+class DialogContext;
 class ShellMDI;
 
 // The dialog of one form. Its title follows the form's Caption; Escape and the close box do
@@ -34,21 +37,49 @@ class FormDialog : public QDialog {
 class QtFormHost : public FormHost {
   public:
     using ViewBuilder = std::function<void(Form&, FormDialog&, ShellMDI&)>;
+    // Makes a form of the view's type as its command would, for a check of every view. A
+    // form shown from another one holds that one for its life.
+    using Sample = std::function<std::shared_ptr<Form>(DialogContext&)>;
+    struct View {
+        ViewBuilder build;
+        Sample sample;
+    };
     explicit QtFormHost(QWidget* owner = nullptr) : owner_(owner) {}
     void setShell(ShellMDI* shell) { shell_ = shell; }
     void setOwner(QWidget* owner) { owner_ = owner; }
-    void registerView(const QString& formName, ViewBuilder builder);
+    // The view of the forms of type F.
+    template <typename F>
+    void registerView(void (*build)(F&, FormDialog&, ShellMDI&), Sample sample = {}) {
+        if (!sample) {
+            if constexpr (std::is_constructible_v<F, DialogContext&>)
+                sample = [](DialogContext& context) { return std::make_shared<F>(context); };
+        }
+        // A form reaches its builder only where its type is exactly F (`viewOf`).
+        views_[std::type_index(typeid(F))] = {
+            [build](Form& form, FormDialog& dialog, ShellMDI& shell) {
+                build(static_cast<F&>(form), dialog, shell);
+            },
+            std::move(sample)};
+    }
+    // A form of type F, shown from a form of type Owner.
+    template <typename Owner, typename F> static Sample ownedBy() {
+        return [](DialogContext& context) -> std::shared_ptr<Form> {
+            auto owner = std::make_shared<Owner>(context);
+            return {new F(*owner), [owner](Form* form) { delete form; }};
+        };
+    }
+    const std::map<std::type_index, View>& views() const { return views_; }
     void showModal(Form& form) override;
     void showModeless(std::unique_ptr<Form> form) override;
     // The modal dialog on screen now, for tests; null when none.
     FormDialog* current() const { return current_; }
 
   private:
-    // Builds the view of the form into the dialog; false when the form has none.
-    bool hasView(Form& form);
+    // The view of the form; null, and the form unloaded with a message, when it has none.
+    const View* viewOf(Form& form);
     QPointer<QWidget> owner_;
     ShellMDI* shell_ = nullptr;
-    std::map<QString, ViewBuilder> builders_;
+    std::map<std::type_index, View> views_;
     QPointer<FormDialog> current_;
 };
 

@@ -1,6 +1,7 @@
 #include "ui/form_kit.h"
 #include "shell/shell_mdi.h"
 #include "ui/binders.h"
+#include "ui/combo_widget.h"
 #include "ui/form_host.h"
 #include "ui/form_kit_builder.h"
 #include <QCheckBox>
@@ -11,6 +12,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -179,7 +181,7 @@ Item Spin(TextBox& box, UpDown& spinner) {
     return [&box, &spinner](Builder& b) {
         auto* row = new QWidget;
         auto* layout = Builder::strip(row, 1);
-        QWidget* edit = Text(box, 48)(b).widget;
+        auto* edit = static_cast<QLineEdit*>(Text(box, 48)(b).widget);
         layout->addWidget(edit);
         auto* arrows = new QVBoxLayout;
         arrows->setSpacing(0);
@@ -187,7 +189,7 @@ Item Spin(TextBox& box, UpDown& spinner) {
         auto* down = arrow(Qt::DownArrow, row);
         arrows->addWidget(up);
         arrows->addWidget(down);
-        b.bind.upDown(spinner, up, down);
+        b.bind.upDown(spinner, edit, up, down);
         up->setObjectName(spinner.name() + QStringLiteral("Up"));
         down->setObjectName(spinner.name() + QStringLiteral("Down"));
         layout->addLayout(arrows);
@@ -198,7 +200,7 @@ Item Spin(TextBox& box, UpDown& spinner) {
 
 Item Combo(ComboBox& box, int minimumWidth) {
     return [&box, minimumWidth](Builder& b) {
-        auto* widget = new QComboBox;
+        auto* widget = new ComboWidget;
         if (minimumWidth > 0) widget->setMinimumWidth(minimumWidth);
         b.bind.comboBox(box, widget);
         return Builder::field(widget);
@@ -239,16 +241,55 @@ Item Picked(TextBox& box, CommandButton& button, int width) {
     };
 }
 
-Item Picture(Label& area, std::vector<Item> rows) {
-    return [&area, rows = std::move(rows)](Builder& b) {
+namespace {
+Item area(Label& control, std::vector<Item> rows, bool framed) {
+    return [&control, rows = std::move(rows), framed](Builder& b) {
         auto* frame = new QFrame;
-        frame->setFrameShape(QFrame::StyledPanel);
-        frame->setFrameShadow(QFrame::Sunken);
-        b.bind.panel(area, frame);
+        if (framed) {
+            frame->setFrameShape(QFrame::StyledPanel);
+            frame->setFrameShadow(QFrame::Sunken);
+        }
+        b.bind.panel(control, frame);
         auto* column = new QVBoxLayout(frame);
+        if (!framed) column->setContentsMargins(0, 0, 0, 0);
         for (const Item& item : rows)
             place(column, item(b));
         return Builder::field(frame);
+    };
+}
+} // namespace
+
+Item Picture(Label& control, std::vector<Item> rows) {
+    return area(control, std::move(rows), true);
+}
+
+Item Panel(Label& control, std::vector<Item> rows) {
+    return area(control, std::move(rows), false);
+}
+
+Item Panels(std::vector<Item> panels) {
+    return [panels = std::move(panels)](Builder& b) {
+        auto* stack = new QWidget;
+        auto* grid = new QGridLayout(stack);
+        grid->setContentsMargins(0, 0, 0, 0);
+        for (const Item& item : panels) {
+            QWidget* panel = item(b).widget;
+            // The room of the largest panel stays, so the dialog keeps its size as they turn.
+            QSizePolicy policy = panel->sizePolicy();
+            policy.setRetainSizeWhenHidden(true);
+            panel->setSizePolicy(policy);
+            grid->addWidget(panel, 0, 0);
+        }
+        return Builder::field(stack);
+    };
+}
+
+Item Image(ImageBox& image, const QString& plain, const QString& highlighted) {
+    return [&image, plain, highlighted](Builder& b) {
+        auto* button = new QToolButton;
+        button->setAutoRaise(true);
+        b.bind.imageBox(image, button, QIcon(plain), QIcon(highlighted));
+        return Builder::field(button);
     };
 }
 
@@ -324,7 +365,7 @@ Item Progress(ProgressBar& bar) {
 
 Item Drives(DriveListBox& drives) {
     return [&drives](Builder& b) {
-        auto* widget = new QComboBox;
+        auto* widget = new ComboWidget;
         b.bind.driveList(drives, widget);
         return Builder::field(widget);
     };

@@ -70,6 +70,13 @@ Item Option(OptionButton& option);
 Item Picked(TextBox& box, CommandButton& button, int width = 0);
 // An area in the label's back colour holding rows of its own, such as a colour preview.
 Item Picture(Label& area, std::vector<Item> rows);
+// The same with no frame: a panel that shows or hides with its control.
+Item Panel(Label& area, std::vector<Item> rows);
+// Panels in one place, shown one at a time as the logic makes one of them visible; the
+// place keeps the room of the largest.
+Item Panels(std::vector<Item> panels);
+// A picture the user clicks, shown from the file `plain` or, highlighted, `highlighted`.
+Item Image(ImageBox& image, const QString& plain, const QString& highlighted);
 enum NoteStyle { Plain = 0, Centered = 1, Wrapped = 2, Big = 4 };
 // A label on its own: a heading of the rows below, or a note.
 Item Note(Label& label, int style = Plain);

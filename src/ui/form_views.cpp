@@ -1,38 +1,49 @@
 // Which view builds the dialog of each form.
+#include "dialogs/frm_colours.h"
+#include "dialogs/frm_hyperlink.h"
+#include "dialogs/frm_table.h"
+#include "dialogs/new_image.h"
+#include "search/frm_choose_files.h"
+#include "search/frm_ext_find.h"
+#include "search/frm_find.h"
+#include "shell/frm_about.h"
+#include "shell/frm_options.h"
+#include "stylesheets/frm_atag.h"
+#include "stylesheets/frm_style.h"
 #include "ui/form_host.h"
 
 namespace tsl {
 
-void buildOptionsView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildAboutView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildTableView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildFindView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildHyperlinkView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildEmailView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildAnchorView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildLinkView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildImageView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildColoursView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildExtFindView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildChooseFilesView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildStyleView(Form& form, FormDialog& dialog, ShellMDI& shell);
-void buildATagView(Form& form, FormDialog& dialog, ShellMDI& shell);
+void buildOptionsView(frmOptions& f, FormDialog& dialog, ShellMDI& shell);
+void buildAboutView(frmAbout& f, FormDialog& dialog, ShellMDI& shell);
+void buildTableView(frmTable& f, FormDialog& dialog, ShellMDI& shell);
+void buildFindView(frmFind& f, FormDialog& dialog, ShellMDI& shell);
+void buildHyperlinkView(frmHyperlink& f, FormDialog& dialog, ShellMDI& shell);
+void buildEmailView(frmEmail& f, FormDialog& dialog, ShellMDI& shell);
+void buildAnchorView(frmAnchor& f, FormDialog& dialog, ShellMDI& shell);
+void buildLinkView(frmLink& f, FormDialog& dialog, ShellMDI& shell);
+void buildImageView(NewImage& f, FormDialog& dialog, ShellMDI& shell);
+void buildColoursView(Colours& f, FormDialog& dialog, ShellMDI& shell);
+void buildExtFindView(frmExtFind& f, FormDialog& dialog, ShellMDI& shell);
+void buildChooseFilesView(frmChooseFiles& f, FormDialog& dialog, ShellMDI& shell);
+void buildStyleView(frmStyle& f, FormDialog& dialog, ShellMDI& shell);
+void buildATagView(frmATag& f, FormDialog& dialog, ShellMDI& shell);
 
 void registerFormViews(QtFormHost& host) {
-    host.registerView(QStringLiteral("frmOptions"), buildOptionsView);
-    host.registerView(QStringLiteral("frmAbout"), buildAboutView);
-    host.registerView(QStringLiteral("frmTable"), buildTableView);
-    host.registerView(QStringLiteral("frmFind"), buildFindView);
-    host.registerView(QStringLiteral("frmHyperlink"), buildHyperlinkView);
-    host.registerView(QStringLiteral("frmEmail"), buildEmailView);
-    host.registerView(QStringLiteral("frmAnchor"), buildAnchorView);
-    host.registerView(QStringLiteral("frmLink"), buildLinkView);
-    host.registerView(QStringLiteral("NewImage"), buildImageView);
-    host.registerView(QStringLiteral("Colours"), buildColoursView);
-    host.registerView(QStringLiteral("frmExtFind"), buildExtFindView);
-    host.registerView(QStringLiteral("frmChooseFiles"), buildChooseFilesView);
-    host.registerView(QStringLiteral("frmStyle"), buildStyleView);
-    host.registerView(QStringLiteral("frmATag"), buildATagView);
+    host.registerView(buildOptionsView);
+    host.registerView(buildAboutView);
+    host.registerView(buildTableView);
+    host.registerView(buildFindView);
+    host.registerView(buildHyperlinkView);
+    host.registerView(buildEmailView, QtFormHost::ownedBy<frmHyperlink, frmEmail>());
+    host.registerView(buildAnchorView);
+    host.registerView(buildLinkView);
+    host.registerView(buildImageView);
+    host.registerView(buildColoursView);
+    host.registerView(buildExtFindView);
+    host.registerView(buildChooseFilesView, QtFormHost::ownedBy<frmExtFind, frmChooseFiles>());
+    host.registerView(buildStyleView);
+    host.registerView(buildATagView);
 }
 
 } // namespace tsl

@@ -6,9 +6,8 @@
 
 namespace tsl {
 
-void buildImageView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildImageView(NewImage& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<NewImage&>(base);
     build(dialog, shell,
           Column({FormGroup(f.Frame1, {Field(f.lblFileName, Picked(f.FileName, f.Browse)),
                                        Field(f.lblLowSrc, Picked(f.LowSrc, f.BrowseLS)),

@@ -6,9 +6,8 @@
 
 namespace tsl {
 
-void buildHyperlinkView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildHyperlinkView(frmHyperlink& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmHyperlink&>(base);
     build(dialog, shell,
           Column({Group(f.Frame1, {Field(f.lblURL, Picked(f.URLBox, f.cmdOpen)),
                                    Row({Stretch(), Button(f.cmdMail)}), Note(f.lblOptional),
@@ -19,9 +18,8 @@ void buildHyperlinkView(Form& base, FormDialog& dialog, ShellMDI& shell) {
     dialog.setMinimumWidth(440);
 }
 
-void buildEmailView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildEmailView(frmEmail& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmEmail&>(base);
     build(dialog, shell,
           Column({FormGroup(f.Frame1, {Field(f.lblAddress, Text(f.txtAddress)),
                                        Field(f.lblSubject, Text(f.txtSubject))}),
@@ -29,18 +27,16 @@ void buildEmailView(Form& base, FormDialog& dialog, ShellMDI& shell) {
     dialog.setMinimumWidth(400);
 }
 
-void buildAnchorView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildAnchorView(frmAnchor& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmAnchor&>(base);
     build(dialog, shell,
           Column({FormGroup(f.Frame1, {Field(f.lblName, Text(f.AnchorBox))}),
                   Buttons({&f.OK, &f.Cancel})}));
     dialog.setMinimumWidth(360);
 }
 
-void buildLinkView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildLinkView(frmLink& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmLink&>(base);
     build(dialog, shell,
           Column({FormGroup(f.Frame1, {Field(f.lblLinkTo, Picked(f.txtLinkTo, f.cmdBrowse))}),
                   Buttons({&f.cmdOK, &f.cmdCancel})}));

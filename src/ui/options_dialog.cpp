@@ -6,9 +6,8 @@
 
 namespace tsl {
 
-void buildOptionsView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildOptionsView(frmOptions& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmOptions&>(base);
     build(
         dialog, shell,
         Column({FormGroup(f.fraEditor, {Field(f.lblFontFace, Combo(f.FontFace, 220)),

@@ -8,9 +8,8 @@
 
 namespace tsl {
 
-void buildFindView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildFindView(frmFind& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmFind&>(base);
     build(dialog, shell,
           Row({Column({Rows({Field(f.Label1, Text(f.txtFind, 260)),
                              Field(f.Label2, Text(f.txtReplace, 260))}),
@@ -21,9 +20,8 @@ void buildFindView(Form& base, FormDialog& dialog, ShellMDI& shell) {
                        Button(f.cmdCancel), Stretch()})}));
 }
 
-void buildExtFindView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildExtFindView(frmExtFind& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmExtFind&>(base);
     build(dialog, shell,
           Column({FormGroup(f.Frame1,
                             {Field(f.Label1, Text(f.FindBox)), Field(f.Label2, Text(f.ReplaceBox)),
@@ -36,9 +34,8 @@ void buildExtFindView(Form& base, FormDialog& dialog, ShellMDI& shell) {
     dialog.setMinimumWidth(480);
 }
 
-void buildChooseFilesView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildChooseFilesView(frmChooseFiles& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmChooseFiles&>(base);
     build(dialog, shell,
           Column({Row({Column({Named(QStringLiteral("Drive"), Drives(f.drvDrive)),
                                Named(QStringLiteral("Folders"), Folders(f.dirHTML))}),

@@ -126,8 +126,7 @@ Item backgroundTab(frmStyle& f) {
 }
 } // namespace
 
-void buildStyleView(Form& base, FormDialog& dialog, ShellMDI& shell) {
-    auto& f = static_cast<frmStyle&>(base);
+void buildStyleView(frmStyle& f, FormDialog& dialog, ShellMDI& shell) {
     build(dialog, shell,
           Column({Row({Toolbar(f.tbrStyle), Rows({Field(f.lblName, Combo(f.cmbItemName, 200))}),
                        Rows({Field(f.lblTag, Combo(f.TagName, 120))}),
@@ -137,8 +136,7 @@ void buildStyleView(Form& base, FormDialog& dialog, ShellMDI& shell) {
                   Buttons({&f.cmdOK, &f.cmdCancel, &f.cmdHelp})}));
 }
 
-void buildATagView(Form& base, FormDialog& dialog, ShellMDI& shell) {
-    auto& f = static_cast<frmATag&>(base);
+void buildATagView(frmATag& f, FormDialog& dialog, ShellMDI& shell) {
     build(dialog, shell,
           Column({Inline({Option(f.LinkOpt), Note(f.lblLink)}),
                   Inline({Option(f.Vopt), Note(f.lblVisited)}),

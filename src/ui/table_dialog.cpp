@@ -6,9 +6,8 @@
 
 namespace tsl {
 
-void buildTableView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildTableView(frmTable& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmTable&>(base);
     dialog.setFont(QFont(QStringLiteral("Tahoma"), dialog.font().pointSize()));
     build(
         dialog, shell,

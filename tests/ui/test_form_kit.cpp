@@ -16,9 +16,8 @@ using namespace tsl::test;
 
 namespace {
 // The whole view of the small dialog.
-void buildTinyView(Form& base, FormDialog& dialog, ShellMDI& shell) {
+void buildTinyView(frmTiny& f, FormDialog& dialog, ShellMDI& shell) {
     using namespace kit;
-    auto& f = static_cast<frmTiny&>(base);
     build(dialog, shell,
           Column({Group(f.fraTiny, {Field(f.lblSize, Spin(f.txtSize, f.udSize)),
                                     Field(f.lblColour, Picked(f.txtColour, f.cmdColour, 70)),
@@ -34,7 +33,7 @@ class FormKitTest : public QObject {
     void aModelessDialogBuiltByTheKit() {
         ProgramFixture p;
         p.start();
-        p.bench->forms().registerView(QStringLiteral("frmTiny"), buildTinyView);
+        p.bench->forms().registerView(buildTinyView);
         auto owned = std::make_unique<frmTiny>(p.shell());
         QPointer<frmTiny> form = owned.get();
         p.shell().forms().showModeless(std::move(owned));
