@@ -1,0 +1,229 @@
+// Every registered dialog, built by its real view, for people who drive the desktop by
+// keyboard, screen reader or voice: every control has a name, a spinner is one stop, text set
+// as an assistive tool sets it runs Change, options exclude each other and run Click once
+// however chosen, and a label's mnemonic reaches its field. A new dialog is covered by
+// registering its view.
+#include "gadgets/form.h"
+#include "program_fixture.h"
+#include "ui/form_host.h"
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QTest>
+#include <QToolButton>
+
+using namespace tsl;
+using namespace tsl::test;
+
+namespace {
+// A form of each registered type in its dialog, as its command shows it.
+struct Shown {
+    std::shared_ptr<Form> form;
+    std::unique_ptr<FormDialog> dialog;
+};
+
+Shown show(ProgramFixture& p, const QtFormHost::View& view) {
+    Shown shown;
+    shown.form = view.sample(p.shell());
+    shown.dialog = std::make_unique<FormDialog>(*shown.form, p.shell(), &p.window());
+    view.build(*shown.form, *shown.dialog, p.shell());
+    shown.dialog->show();
+    shown.dialog->activateWindow();
+    if (!QTest::qWaitForWindowActive(shown.dialog.get())) qWarning("dialog not active");
+    return shown;
+}
+
+// Shown in its dialog, or on a page of tabs not in front.
+bool onScreen(QWidget* widget, QWidget* dialog) {
+    for (QWidget* w = widget; w && w != dialog; w = w->parentWidget())
+        if (w->isHidden() && !qobject_cast<QStackedWidget*>(w->parentWidget())) return false;
+    return widget->window() == dialog;
+}
+
+QString nameOf(QObject* object) {
+    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(object);
+    return access ? access->text(QAccessible::Name).trimmed() : QString();
+}
+
+// The controls a person reaches: buttons, fields, combos and lists.
+QList<QWidget*> controls(QWidget& dialog) {
+    QList<QWidget*> found;
+    for (QWidget* w : dialog.findChildren<QWidget*>()) {
+        if (!onScreen(w, &dialog)) continue;
+        const bool field = qobject_cast<QAbstractButton*>(w) || qobject_cast<QComboBox*>(w) ||
+                           qobject_cast<QAbstractItemView*>(w) ||
+                           (qobject_cast<QLineEdit*>(w) && !qobject_cast<QComboBox*>(w->parent()));
+        if (field) found.append(w);
+    }
+    return found;
+}
+
+// Counts the runs of a handler while it lives, then puts the old one back.
+struct Counted {
+    std::function<void()>& handler;
+    std::function<void()> old;
+    int runs = 0;
+    explicit Counted(std::function<void()>& h) : handler(h), old(h) {
+        handler = [this] {
+            ++runs;
+            if (old) old();
+        };
+    }
+    ~Counted() { handler = old; }
+};
+
+QString fail(const Form& form, QWidget* widget, const char* what) {
+    return QStringLiteral("%1.%2: %3").arg(form.formName(), widget->objectName(),
+                                           QString::fromLatin1(what));
+}
+
+void setAsAssistiveTool(QWidget* edit, const QString& text) {
+    QAccessible::queryAccessibleInterface(edit)->setText(QAccessible::Value, text);
+}
+
+QString otherThan(const QString& text) {
+    return text == QLatin1String("7") ? QStringLiteral("8") : QStringLiteral("7");
+}
+} // namespace
+
+class EveryDialogTest : public QObject {
+    Q_OBJECT
+
+    ProgramFixture p;
+    QStringList faults;
+
+    template <typename Check> void forEveryDialog(Check check) {
+        const auto& views = p.bench->forms().views();
+        QVERIFY(views.size() >= 14);
+        for (const auto& [type, view] : views) {
+            QVERIFY2(view.sample, type.name());
+            Shown shown = show(p, view);
+            check(*shown.form, *shown.dialog);
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
+    }
+
+  private slots:
+    void initTestCase() { p.start(); }
+    void init() { faults.clear(); }
+
+    void everyControlHasAName() {
+        forEveryDialog([this](Form& form, FormDialog& dialog) {
+            for (QWidget* w : controls(dialog))
+                if (nameOf(w).isEmpty()) faults << fail(form, w, "no name");
+        });
+    }
+
+    void aSpinnerIsOneStopAndItsKeysStepIt() {
+        forEveryDialog([this](Form& form, FormDialog& dialog) {
+            for (auto* arrow : dialog.findChildren<QToolButton*>()) {
+                if (arrow->arrowType() == Qt::NoArrow || !onScreen(arrow, &dialog)) continue;
+                if (arrow->focusPolicy() & Qt::TabFocus) faults << fail(form, arrow, "tab stop");
+            }
+            for (Control* control : form.controls()) {
+                auto* spinner = dynamic_cast<UpDown*>(control);
+                if (!spinner || !spinner->Enabled() || !spinner->buddy->Enabled()) continue;
+                auto* box = dialog.findChild<QLineEdit*>(spinner->buddy->name());
+                if (!box) continue;
+                spinner->buddy->setText(QString::number(spinner->Min));
+                QTest::keyClick(box, Qt::Key_Up);
+                if (spinner->buddy->Text() != QString::number(spinner->Min + spinner->Increment))
+                    faults << fail(form, box, "Up does not step");
+                QTest::keyClick(box, Qt::Key_PageDown);
+                if (spinner->buddy->Text() != QString::number(spinner->Min))
+                    faults << fail(form, box, "Page Down leaves the range");
+            }
+        });
+    }
+
+    void textSetAsAnAssistiveToolDoesRunsChange() {
+        forEveryDialog([this](Form& form, FormDialog& dialog) {
+            for (auto* edit : dialog.findChildren<QLineEdit*>()) {
+                if (!edit->isEnabled() || edit->isReadOnly()) continue;
+                auto* combo = qobject_cast<QComboBox*>(edit->parent());
+                const QString name = combo ? combo->objectName() : edit->objectName();
+                const QString text = otherThan(edit->text());
+                if (auto* box = form.find<TextBox>(name)) {
+                    Counted change(box->Change);
+                    setAsAssistiveTool(edit, text);
+                    if (change.runs != 1 || box->Text() != edit->text())
+                        faults << fail(form, edit, "Change missed");
+                } else if (auto* list = form.find<ComboBox>(name)) {
+                    Counted change(list->Change);
+                    setAsAssistiveTool(edit, text);
+                    QApplication::processEvents();
+                    if (change.runs != 1 || list->Text() != edit->text())
+                        faults << fail(form, edit, "Change missed");
+                }
+            }
+        });
+    }
+
+    void optionsAreRadioButtonsThatRunClickOnce() {
+        forEveryDialog([this](Form& form, FormDialog& dialog) {
+            for (auto* radio : dialog.findChildren<QRadioButton*>()) {
+                auto* option = form.find<OptionButton>(radio->objectName());
+                if (!option) continue;
+                if (QAccessible::queryAccessibleInterface(radio)->role() !=
+                    QAccessible::RadioButton)
+                    faults << fail(form, radio, "not read as a radio button");
+                if (!radio->group() || !radio->group()->exclusive())
+                    faults << fail(form, radio, "not exclusive");
+                if (radio->isChecked() || !radio->isEnabled()) continue;
+                // Chosen as an assistive tool does it: its one action.
+                Counted click(option->Click);
+                QAccessibleInterface* access = QAccessible::queryAccessibleInterface(radio);
+                access->actionInterface()->doAction(access->actionInterface()->actionNames().first());
+                if (click.runs != 1 || !option->Value() || !radio->isChecked())
+                    faults << fail(form, radio, "not chosen once");
+                for (OptionButton* other : option->groupMembers()) {
+                    auto* widget = dialog.findChild<QRadioButton*>(other->name());
+                    if (other != option && (other->Value() || (widget && widget->isChecked())))
+                        faults << fail(form, radio, "another stays on");
+                }
+            }
+        });
+    }
+
+    void aLabelsMnemonicReachesItsField() {
+        forEveryDialog([this](Form& form, FormDialog& dialog) {
+            auto* tabs = dialog.findChild<QTabWidget*>();
+            for (int page = 0; page < (tabs ? tabs->count() : 1); ++page) {
+                if (tabs) tabs->setCurrentIndex(page);
+                for (auto* label : dialog.findChildren<QLabel*>()) {
+                    QWidget* buddy = label->buddy();
+                    const qsizetype amp = label->text().indexOf(QLatin1Char('&'));
+                    const bool link = label->textFormat() == Qt::RichText ||
+                                      label->text().startsWith(QLatin1Char('<'));
+                    if (!buddy && amp >= 0 && !link &&
+                        label->text().count(QLatin1Char('&')) != 2 * label->text().count(QStringLiteral("&&")))
+                        faults << fail(form, label, "mnemonic with no field");
+                    if (!buddy || !label->isVisible() || !buddy->isEnabled() || amp < 0 ||
+                        amp + 1 >= label->text().size())
+                        continue;
+                    const QChar letter = label->text().at(amp + 1).toLower();
+                    dialog.setFocus();
+                    // A letter that several captions share reaches each in turn.
+                    bool reached = false;
+                    for (int press = 0; press < 4 && !reached; ++press) {
+                        QTest::keyClick(&dialog, letter.toLatin1(), Qt::AltModifier);
+                        QWidget* focus = QApplication::focusWidget();
+                        reached = focus == buddy || buddy->isAncestorOf(focus);
+                    }
+                    if (!reached) faults << fail(form, label, "mnemonic does not reach its field");
+                }
+            }
+        });
+    }
+};
+
+QTEST_MAIN(EveryDialogTest)
+#include "test_every_dialog.moc"
