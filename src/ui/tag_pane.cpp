@@ -3,6 +3,7 @@
 #include <QDrag>
 #include <QLabel>
 #include <QMimeData>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOption>
@@ -43,7 +44,20 @@ void TagListView::mousePressEvent(QMouseEvent* event) {
 }
 
 void TagListView::mouseDoubleClickEvent(QMouseEvent* event) {
-    const int row = indexAt(event->position().toPoint()).row();
+    insertTag(indexAt(event->position().toPoint()).row());
+}
+
+void TagListView::keyPressEvent(QKeyEvent* event) {
+    const bool insert = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                        event->key() == Qt::Key_Space;
+    if (!insert || event->modifiers() & ~Qt::KeypadModifier) {
+        QListWidget::keyPressEvent(event);
+        return;
+    }
+    insertTag(currentRow());
+}
+
+void TagListView::insertTag(int row) {
     if (row < 0) return;
     shell_.dispatch([&] {
         shell_.tvwTags.setListIndex(row);

@@ -16,9 +16,12 @@ class TagListView : public QListWidget {
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    // Enter and Space insert the tag in front, as a double-click does.
+    void keyPressEvent(QKeyEvent* event) override;
     void startDrag(Qt::DropActions actions) override;
 
   private:
+    void insertTag(int row);
     ShellMDI& shell_;
 };
 

@@ -193,6 +193,23 @@ class DialogsAndPaneTest : public QObject {
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, centre);
         QVERIFY(p.shell().ActiveForm()->codebox().Text().contains(QStringLiteral("<b></b>")));
     }
+
+    // The keyboard inserts the tag in front with Enter or Space, once each.
+    void enterOrSpaceOnATagPutsItInTheDocument() {
+        Program p;
+        p.settings.save(keys::Fuzzies, keys::TagListOpen, QStringLiteral("Yes"));
+        p.start();
+        TagListView* list = p.bench->window().tagPane()->list();
+        const auto found = list->findItems(QStringLiteral("<B>  </B>"), Qt::MatchExactly);
+        QVERIFY(!found.isEmpty());
+        list->setFocus();
+        list->setCurrentItem(found.first());
+        for (auto key : {Qt::Key_Return, Qt::Key_Space}) {
+            p.shell().ActiveForm()->codebox().setText(QString());
+            QTest::keyClick(list, key);
+            QCOMPARE(p.shell().ActiveForm()->codebox().Text(), QStringLiteral("<b></b>"));
+        }
+    }
 };
 
 QTEST_MAIN(DialogsAndPaneTest)

@@ -2,7 +2,10 @@
 // a new opening, and OK writing the rule into the page.
 #include "program_fixture.h"
 #include "ui/form_host.h"
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QAction>
+#include <QRadioButton>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -16,11 +19,16 @@ using namespace tsl;
 using namespace tsl::test;
 
 namespace {
+// Chooses an entry as a person does: the list dropped down, the entry picked by its keys.
 void choose(QComboBox* combo, const QString& item) {
     const int index = combo->findText(item);
     QVERIFY(index >= 0);
-    combo->setCurrentIndex(index);
-    emit combo->activated(index);
+    combo->showPopup();
+    QAbstractItemView* list = combo->view();
+    QTRY_VERIFY(list->isVisible());
+    list->setCurrentIndex(list->model()->index(index, 0));
+    QTest::keyClick(list, Qt::Key_Return);
+    QTRY_VERIFY(!list->isVisible());
 }
 
 void retype(QLineEdit* edit, const QString& text) {
@@ -95,6 +103,32 @@ class StyleDialogWidgetTest : public QObject {
                          "  H1 {\n    font-family: \"Courier New\";\n    font-weight: Bold;\n    "
                          "background: rgb(1, 2, 3);\n    margin-left: -5em;\n    }\n"
                          "--></style><body></body></html>"));
+    }
+
+    // "A" chosen from the tag list asks at once which state of a link it means; "All" chosen
+    // there as an assistive tool chooses writes the plain selector.
+    void choosingTheLinkTagAsksWhichState() {
+        ProgramFixture p;
+        p.start();
+        p.shell().ActiveForm()->codebox().setText("<html><head></head><body></body></html>");
+        withStyleDialog(p, [&](FormDialog& d) {
+            QString asked;
+            QTimer::singleShot(0, [&] {
+                FormDialog* question = p.bench->forms().current();
+                asked = question->windowTitle();
+                auto* all = ProgramFixture::child<QRadioButton>(*question, "AllOpt");
+                QAccessibleInterface* access = QAccessible::queryAccessibleInterface(all);
+                access->actionInterface()->doAction(
+                    access->actionInterface()->actionNames().first());
+                QTest::keyClick(question, Qt::Key_Return);
+            });
+            choose(ProgramFixture::child<QComboBox>(d, "TagName"), "A");
+            QCOMPARE(asked, QString("Which form of Hyperlink?"));
+            choose(ProgramFixture::child<QComboBox>(d, "BoldCmb"), "Bold");
+            ProgramFixture::child<QPushButton>(d, "cmdOK")->click();
+        });
+        QVERIFY2(p.shell().ActiveForm()->codebox().Text().contains("\n  A {\n    font-weight: Bold;"),
+                 qPrintable(p.shell().ActiveForm()->codebox().Text()));
     }
 };
 
