@@ -21,6 +21,11 @@ void numericKeyFilter(int& keyAscii);
 void hexKeyFilter(int& keyAscii);
 void useKeyFilter(void (*filter)(int&), std::initializer_list<TextBox*> boxes);
 
+// An attribute as markup writes it: a blank, the name, and the value in quotes as typed.
+inline QString attribute(const QString& name, const QString& value) {
+    return QLatin1Char(' ') + name + QStringLiteral("=\"") + value + QLatin1Char('"');
+}
+
 // A colour of the colour dialog (red in the lowest byte) as six capital hex digits, red first.
 QString hexColour(unsigned colour);
 

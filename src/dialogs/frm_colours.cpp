@@ -25,11 +25,6 @@ void select(SourcePane& pane, int start, int length) {
     pane.setSelLength(length);
 }
 
-QString attribute(const char* name, const QString& value) {
-    return QLatin1Char(' ') + QLatin1String(name) + QStringLiteral("=\"") + value +
-           QLatin1Char('"');
-}
-
 // The platform's order has red in the lowest byte.
 int platformOrder(long rgb) {
     return static_cast<int>(((rgb & 0xFF) << 16) | (rgb & 0xFF00) | ((rgb >> 16) & 0xFF));

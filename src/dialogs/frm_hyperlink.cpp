@@ -1,4 +1,5 @@
 #include "dialogs/frm_hyperlink.h"
+#include "editor/markup_steps.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
 
@@ -16,33 +17,7 @@ codeEditor& required(codeEditor* doc) {
 // The link written in the Source pane: around the selection in two steps, the selection kept
 // on the wrapped text; or an empty pair with the caret between the tags.
 void writeInSource(DialogContext& shell, codeEditor& doc, const QString& open) {
-    SourcePane& pane = doc.codebox();
-    if (pane.SelLength() > 0) {
-        doc.AddSelectionToStack();
-        const int length = pane.SelLength();
-        pane.setSelStart(pane.SelStart());
-        const int start = pane.SelStart();
-        pane.setSelText(open);
-        pane.setSelStart(start + length + static_cast<int>(open.size()));
-        pane.setSelText(kClose);
-        pane.setSelStart(pane.SelStart() - length - 4);
-        pane.setSelLength(length);
-        if (!shell.bCaretStepTaken)
-            doc.CheckToAddStep(true);
-        else
-            doc.AddStep();
-        return;
-    }
-    pane.setSelText(open + kClose);
-    pane.setSelStart(pane.SelStart() - 4);
-    shell.nStepCaretAdvance = 4;
-    shell.nStepCaretBack = 4;
-    if (!shell.bCaretStepTaken)
-        doc.CheckToAddStep(false);
-    else
-        doc.AddStep();
-    shell.nStepCaretAdvance = 0;
-    shell.nStepCaretBack = 0;
+    wrapInSource(shell, doc, {open, kClose});
 }
 
 void invalid(DialogContext& shell, TextBox& focus, const QString& text, const QString& title,
@@ -71,16 +46,14 @@ frmHyperlink::frmHyperlink(DialogContext& shell)
 
 void frmHyperlink::Form_Load() {
     URLBox.setText(QStringLiteral("http://"));
-    lblFName.setEnabled(false);
-    FNameBox.setEnabled(false);
+    enableControls({&lblFName, &FNameBox}, false);
     CLocal.InitDir = shell().OpenSave.InitDir;
     CLocal.Flags |= CommonDialog::FileMustExist;
 }
 
 void frmHyperlink::cmbTarget_Click() {
     const bool other = cmbTarget.Text() == QLatin1String("Other");
-    lblFName.setEnabled(other);
-    FNameBox.setEnabled(other);
+    enableControls({&lblFName, &FNameBox}, other);
 }
 
 void frmHyperlink::cmdMail_Click() {
@@ -98,9 +71,9 @@ QString frmHyperlink::openingTag() const {
         {QStringLiteral("Parent frame"), QStringLiteral("_parent")}};
     QString target;
     if (cmbTarget.Text() == QLatin1String("Other"))
-        target = QStringLiteral(" target=\"%1\"").arg(FNameBox.Text());
+        target = attribute(QStringLiteral("target"), FNameBox.Text());
     else if (targets.contains(cmbTarget.Text()))
-        target = QStringLiteral(" target=\"%1\"").arg(targets.value(cmbTarget.Text()));
+        target = attribute(QStringLiteral("target"), targets.value(cmbTarget.Text()));
     return QStringLiteral("<a href=\"") + href + QLatin1Char('"') + target + QLatin1Char('>');
 }
 

@@ -8,10 +8,6 @@ namespace tsl {
 namespace {
 const QString kNone = QStringLiteral("[None]");
 
-QString attribute(const QString& name, const QString& value) {
-    return QLatin1Char(' ') + name + QStringLiteral("=\"") + value + QLatin1Char('"');
-}
-
 // The whole number a count box holds; an empty or foreign text is a type mismatch.
 int countOf(const TextBox& box) {
     return toInt16(std::llround(toNumber(box.Text())));
@@ -93,19 +89,15 @@ void frmTable::Form_Load() {
 void frmTable::BorderBox_Change() {
     const bool noBorder = BorderBox.Text() == QLatin1String("0") || BorderBox.Text().isEmpty();
     if (noBorder) optNone.setValue(true);
-    optSpecLD.setEnabled(!noBorder);
-    optAllSides.setEnabled(!noBorder);
+    enableControls({&optSpecLD, &optAllSides}, !noBorder);
 }
 
 void frmTable::setBorderColour(bool on) {
-    for (Control* control : std::initializer_list<Control*>{&txtBC, &lblBC, &cmdBC})
-        control->setEnabled(on);
+    enableControls({&txtBC, &lblBC, &cmdBC}, on);
 }
 
 void frmTable::setLighterDarker(bool on) {
-    for (Control* control :
-         std::initializer_list<Control*>{&txtLB, &lblLB, &cmdLB, &txtDB, &lblDB, &cmdDB})
-        control->setEnabled(on);
+    enableControls({&txtLB, &lblLB, &cmdLB, &txtDB, &lblDB, &cmdDB}, on);
 }
 
 void frmTable::optNone_Click() {
@@ -131,9 +123,7 @@ void frmTable::optSpecLD_Click() {
 
 void frmTable::WidthCheck_Click() {
     const bool custom = WidthCheck.Value() == 1;
-    PercentOpt.setEnabled(custom);
-    PixelsOpt.setEnabled(custom);
-    WidthBox.setEnabled(custom);
+    enableControls({&PercentOpt, &PixelsOpt, &WidthBox}, custom);
 }
 
 QString frmTable::markup() const {

@@ -49,8 +49,7 @@ QString NewImage::markup() const {
         {"alt", AltText.Text()},    {"align", Alignment.Text()}, {"width", WidthB.Text()},
         {"height", HeightB.Text()}, {"vspace", Vspace.Text()},   {"hspace", HSpace.Text()}};
     for (const auto& [name, value] : attributes)
-        if (!value.isEmpty())
-            element += QStringLiteral(" %1=\"%2\"").arg(QLatin1String(name), value);
+        if (!value.isEmpty()) element += attribute(QLatin1String(name), value);
     return element + QLatin1Char('>');
 }
 
@@ -73,10 +72,7 @@ void NewImage::OK_Click() {
             (s.CurrentDocument ? s.CurrentDocument : doc)->codebox().setSelText(markup());
         Unload();
         doc->SetFocus();
-        if (!s.bCaretStepTaken)
-            doc->CheckToAddStep(true);
-        else
-            doc->AddStep();
+        doc->AddInsertStep();
     });
 }
 

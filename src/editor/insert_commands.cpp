@@ -1,5 +1,6 @@
 // Commands that write markup without a dialog: wraps, paragraph and line break, entities,
 // dates, the comment, the badge, and Cut, Copy, Paste, Select All, Undo and Redo.
+#include "editor/markup_steps.h"
 #include "runtime/resume.h"
 #include "shell/shell_mdi.h"
 #include <QLocale>
@@ -12,10 +13,6 @@ codeEditor& activeDocument(ShellMDI& shell) {
     if (!doc)
         raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
     return *doc;
-}
-
-int length(const QString& s) {
-    return static_cast<int>(s.size());
 }
 } // namespace
 
@@ -33,37 +30,11 @@ void ShellMDI::InsertMarkup(const QString& markup) {
 }
 
 // The Source view of a wrap command: around the selection, or an empty pair with the caret
-// between the tags.
-void ShellMDI::wrap(const QString& open, const QString& close, bool addSelection, bool blockFlag) {
+// between the tags. Its block flag is read by no step.
+void ShellMDI::wrap(const QString& open, const QString& close, bool addSelection, bool) {
     codeEditor& doc = activeDocument(*this);
-    SourcePane& pane = doc.codebox();
-    if (pane.SelLength() > 0) {
-        if (addSelection) doc.AddSelectionToStack();
-        const int selected = pane.SelLength();
-        pane.setSelStart(pane.SelStart());
-        const Int16 start = toInt16(pane.SelStart());
-        pane.setSelText(open);
-        pane.setSelStart(start + selected + length(open));
-        pane.setSelText(close);
-        pane.setSelStart(start + length(open));
-        pane.setSelLength(selected);
-        if (!bCaretStepTaken)
-            doc.CheckToAddStep(true);
-        else
-            doc.AddStep();
-    } else {
-        pane.setSelText(open + close);
-        pane.setSelStart(pane.SelStart() - length(close));
-        nStepCaretAdvance = toInt16(length(close));
-        nStepCaretBack = toInt16(length(close));
-        if (!bCaretStepTaken)
-            doc.CheckToAddStep(blockFlag);
-        else
-            doc.AddStep();
-        nStepCaretAdvance = 0;
-        nStepCaretBack = 0;
-    }
-    pane.SetFocus();
+    wrapInSource(*this, doc, {open, close, addSelection, true});
+    doc.codebox().SetFocus();
     bInsertingMarkup = false;
     bCaretStepTaken = false;
 }
@@ -195,10 +166,7 @@ void ShellMDI::mnuInsertParagraph_Click() {
                 pane.setSelText(QStringLiteral("<p>"));
             }
             pane.SetFocus();
-            if (!bCaretStepTaken)
-                doc.CheckToAddStep(selection);
-            else
-                doc.AddStep();
+            doc.AddInsertStep();
         }
         bInsertingMarkup = false;
         bCaretStepTaken = false;
@@ -226,27 +194,11 @@ void ShellMDI::mnuInsertComment_Click() {
     bInsertingMarkup = true;
     silentExit([&] {
         codeEditor& doc = activeDocument(*this);
-        SourcePane& pane = doc.codebox();
         const bool html = doc.CSSDoc == QLatin1String("No");
         const QString open = html ? QStringLiteral("<!-- ") : QStringLiteral("/* ");
         const QString close = html ? QStringLiteral(" -->") : QStringLiteral(" */");
-        if (pane.SelLength() > 0) {
-            doc.AddSelectionToStack();
-            const int selected = pane.SelLength();
-            pane.setSelStart(pane.SelStart());
-            const Int16 start = toInt16(pane.SelStart());
-            pane.setSelText(open);
-            pane.setSelStart(start + selected + length(open));
-            pane.setSelText(close);
-            pane.setSelStart(start + length(open));
-            pane.setSelLength(selected);
-        } else {
-            pane.setSelText(open + close);
-            pane.setSelStart(pane.SelStart() - length(close));
-            nStepCaretAdvance = toInt16(length(close));
-            nStepCaretBack = toInt16(length(close));
-        }
-        pane.SetFocus();
+        writePair(*this, doc, {open, close, true, true});
+        doc.codebox().SetFocus();
         doc.AddInsertStep();
         nStepCaretAdvance = 0;
         nStepCaretBack = 0;
@@ -343,10 +295,7 @@ void ShellMDI::insertBadge() {
     codeEditor& doc = activeDocument(*this);
     bInsertingMarkup = true;
     doc.codebox().setSelText(QStringLiteral("\n") + kBadgeMarkup);
-    if (!bCaretStepTaken)
-        doc.CheckToAddStep();
-    else
-        doc.AddStep();
+    doc.AddInsertStep();
     bInsertingMarkup = false;
     bCaretStepTaken = false;
     doc.codebox().SetFocus();

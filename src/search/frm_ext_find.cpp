@@ -43,20 +43,14 @@ void frmExtFind::Form_Load() {
 }
 
 void frmExtFind::optSelected_Click() {
-    lstFiles.setEnabled(true);
-    cmdSelectDocFiles.setEnabled(true);
-    for (Control* off :
-         std::initializer_list<Control*>{&cmdSelectDocFolder, &txtPath, &Label3, &txtFilter})
-        off->setEnabled(false);
+    enableControls({&lstFiles, &cmdSelectDocFiles}, true);
+    enableControls({&cmdSelectDocFolder, &txtPath, &Label3, &txtFilter}, false);
     ReplaceButton.setEnabled(lstFiles.ListCount() > 0);
 }
 
 void frmExtFind::optSpecFolder_Click() {
-    lstFiles.setEnabled(false);
-    cmdSelectDocFiles.setEnabled(false);
-    for (Control* on :
-         std::initializer_list<Control*>{&cmdSelectDocFolder, &txtPath, &Label3, &txtFilter})
-        on->setEnabled(true);
+    enableControls({&lstFiles, &cmdSelectDocFiles}, false);
+    enableControls({&cmdSelectDocFolder, &txtPath, &Label3, &txtFilter}, true);
     ReplaceButton.setEnabled(!txtPath.Text().isEmpty());
 }
 

@@ -41,9 +41,7 @@ void frmFind::Form_Unload() {
 void frmFind::txtFind_Change() {
     shell_.Search.FindChanged = true;
     const bool any = !txtFind.Text().isEmpty();
-    for (Control* control :
-         std::initializer_list<Control*>{&cmdFind, &txtReplace, &cmdReplace, &Command1, &Label2})
-        control->setEnabled(any);
+    enableControls({&cmdFind, &txtReplace, &cmdReplace, &Command1, &Label2}, any);
 }
 
 void frmFind::chkCase_Click() {

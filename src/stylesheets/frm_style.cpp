@@ -30,11 +30,6 @@ void select(std::initializer_list<ComboBox*> combos, const QString& item) {
         resumeNext([&] { combo->setText(item); });
 }
 
-void enable(std::initializer_list<Control*> controls, bool on) {
-    for (Control* control : controls)
-        control->setEnabled(on);
-}
-
 const QStringList kUnits8 = {"pt", "in", "cm", "mm", "em", "ex", "px", "pc"};
 const QStringList kUnits9 = kUnits8 + QStringList{"%"};
 const QStringList kBorderStyles = {"None",  "Dotted", "Dashed", "Double", "Groove",
@@ -107,17 +102,19 @@ void frmStyle::fillLists() {
 
 // The fields that depend on another start disabled; their rules enable them.
 void frmStyle::startDisabled() {
-    enable({&SecondFontChk, &GenFontChk, &FontFaceCmb2, &FontGenCmb,   &FontSizeBox, &FontSizeCmb,
-            &UpDown3,       &ValignBox,  &UpDownVA,     &lblBdrAllClr, &ColourBBox,  &ColourButton,
-            &BallCWBox,     &BallCmb,    &UpDownBA,     &CWBox,        &CWCmb,       &UpDown6,
-            &CHBox,         &CHCmb,      &UpDown7,      &lblList,      &ListCmb,     &lblLPos,
-            &LPosCmb,       &lblURL,     &URLBox,       &ListBrowse,   &lblX,        &lblY,
-            &XFixCmb,       &YFixCmb,    &Xbox,         &XCmb,         &UpDown8,     &YBox,
-            &YCmb,          &UpDown9},
-           false);
+    enableControls({&SecondFontChk, &GenFontChk,   &FontFaceCmb2, &FontGenCmb, &FontSizeBox,
+                    &FontSizeCmb,   &UpDown3,      &ValignBox,    &UpDownVA,   &lblBdrAllClr,
+                    &ColourBBox,    &ColourButton, &BallCWBox,    &BallCmb,    &UpDownBA,
+                    &CWBox,         &CWCmb,        &UpDown6,      &CHBox,      &CHCmb,
+                    &UpDown7,       &lblList,      &ListCmb,      &lblLPos,    &LPosCmb,
+                    &lblURL,        &URLBox,       &ListBrowse,   &lblX,       &lblY,
+                    &XFixCmb,       &YFixCmb,      &Xbox,         &XCmb,       &UpDown8,
+                    &YBox,          &YCmb,         &UpDown9},
+                   false);
     for (int i = 0; i < 4; ++i) {
         BorderSide s = side(i);
-        enable({&s.colourLabel, &s.colour, &s.more, &s.sizeBox, &s.sizeSpin, &s.unit}, false);
+        enableControls({&s.colourLabel, &s.colour, &s.more, &s.sizeBox, &s.sizeSpin, &s.unit},
+                       false);
     }
 }
 
@@ -284,36 +281,37 @@ void frmStyle::FontFaceCmb_Click() {
 }
 
 void frmStyle::FntSizeCmb_Click() {
-    enable({&FontSizeBox, &FontSizeCmb, &UpDown3}, FntSizeCmb.Text() == QLatin1String("custom"));
+    enableControls({&FontSizeBox, &FontSizeCmb, &UpDown3},
+                   FntSizeCmb.Text() == QLatin1String("custom"));
 }
 
 void frmStyle::VCmb_Click() {
-    enable({&ValignBox, &UpDownVA}, VCmb.Text() == QLatin1String("Percentage"));
+    enableControls({&ValignBox, &UpDownVA}, VCmb.Text() == QLatin1String("Percentage"));
 }
 
 void frmStyle::BdrAllCmb_Click() {
-    enable({&lblBdrAllClr, &ColourBBox, &ColourButton}, BdrAllCmb.Text() != kBorderNone);
+    enableControls({&lblBdrAllClr, &ColourBBox, &ColourButton}, BdrAllCmb.Text() != kBorderNone);
 }
 
 void frmStyle::BdrSideCmb_Click(int index) {
     // The colour box keeps its text while it is off.
     BorderSide s = side(index);
-    enable({&s.colourLabel, &s.colour, &s.more}, s.style.Text() != kBorderNone);
+    enableControls({&s.colourLabel, &s.colour, &s.more}, s.style.Text() != kBorderNone);
 }
 
 void frmStyle::SizeAllCmb_Click() {
-    enable({&BallCWBox, &BallCmb, &UpDownBA}, SizeAllCmb.Text() == kCustom);
+    enableControls({&BallCWBox, &BallCmb, &UpDownBA}, SizeAllCmb.Text() == kCustom);
 }
 
 void frmStyle::SizeSideCmb_Click(int index) {
     BorderSide s = side(index);
-    enable({&s.sizeBox, &s.unit, &s.sizeSpin}, s.size.Text() == kCustom);
+    enableControls({&s.sizeBox, &s.unit, &s.sizeSpin}, s.size.Text() == kCustom);
 }
 
 void frmStyle::BdrAllOpt_Click() {
     for (int i = 0; i < 4; ++i) {
         BorderSide s = side(i);
-        enable({&s.style, &s.label}, false);
+        enableControls({&s.style, &s.label}, false);
         resumeNext([&] { s.style.setText(kBorderNone); });
         s.colour.setText(QString());
     }
@@ -323,7 +321,7 @@ void frmStyle::BdrAllOpt_Click() {
 void frmStyle::SpecBdrOpt_Click() {
     for (int i = 0; i < 4; ++i) {
         BorderSide s = side(i);
-        enable({&s.style, &s.label}, true);
+        enableControls({&s.style, &s.label}, true);
     }
     BdrAllCmb.setEnabled(false);
     resumeNext([&] { BdrAllCmb.setText(kBorderNone); });
@@ -344,7 +342,7 @@ void frmStyle::BAllOpt_Click() {
 void frmStyle::BSpecOpt_Click() {
     for (int i = 0; i < 4; ++i)
         side(i).size.setEnabled(true);
-    enable({&SizeAllCmb, &BallCWBox, &BallCmb}, false);
+    enableControls({&SizeAllCmb, &BallCWBox, &BallCmb}, false);
     resumeNext([&] { SizeAllCmb.setText(kMedium); });
     BallCWBox.setText(kZero);
     resumeNext([&] { BallCmb.setText(kPt); });
@@ -353,26 +351,26 @@ void frmStyle::BSpecOpt_Click() {
 void frmStyle::Option1_Click() {
     for (int i = 0; i < 4; ++i) {
         PaddingSide s = paddingSide(i);
-        enable({&s.label, &s.box, &s.spin, &s.unit}, false);
+        enableControls({&s.label, &s.box, &s.spin, &s.unit}, false);
         resumeNext([&] { s.unit.setText(kPt); });
         s.box.setText(kZero);
     }
-    enable({&PallBox, &PACmb, &UpDownPA}, true);
+    enableControls({&PallBox, &PACmb, &UpDownPA}, true);
 }
 
 void frmStyle::PSpecOpt_Click() {
     for (int i = 0; i < 4; ++i) {
         PaddingSide s = paddingSide(i);
-        enable({&s.label, &s.box, &s.spin, &s.unit}, true);
+        enableControls({&s.label, &s.box, &s.spin, &s.unit}, true);
     }
-    enable({&PallBox, &PACmb, &UpDownPA}, false);
+    enableControls({&PallBox, &PACmb, &UpDownPA}, false);
     PallBox.setText(kZero);
     resumeNext([&] { PACmb.setText(kPt); });
 }
 
 void frmStyle::WidthCmb_Click() {
     const bool custom = WidthCmb.Text() == kCustom;
-    enable({&CWBox, &CWCmb, &UpDown6}, custom);
+    enableControls({&CWBox, &CWCmb, &UpDown6}, custom);
     if (custom) return;
     CWBox.setText(kZero);
     resumeNext([&] { CWCmb.setText(kPt); });
@@ -380,7 +378,7 @@ void frmStyle::WidthCmb_Click() {
 
 void frmStyle::HeightCmb_Click() {
     const bool custom = HeightCmb.Text() == kCustom;
-    enable({&CHBox, &CHCmb, &UpDown7}, custom);
+    enableControls({&CHBox, &CHCmb, &UpDown7}, custom);
     if (custom) return;
     CHBox.setText(kZero);
     resumeNext([&] { CHCmb.setText(kPt); });
@@ -388,7 +386,8 @@ void frmStyle::HeightCmb_Click() {
 
 void frmStyle::DisplayCmb_Click() {
     const bool listItem = DisplayCmb.Text() == QLatin1String("List-item");
-    enable({&ListCmb, &LPosCmb, &URLBox, &ListBrowse, &lblList, &lblLPos, &lblURL}, listItem);
+    enableControls({&ListCmb, &LPosCmb, &URLBox, &ListBrowse, &lblList, &lblLPos, &lblURL},
+                   listItem);
     if (listItem) return;
     resumeNext([&] { ListCmb.setText(QStringLiteral("Disc")); });
     resumeNext([&] { LPosCmb.setText(QStringLiteral("Outside")); });
@@ -396,21 +395,21 @@ void frmStyle::DisplayCmb_Click() {
 }
 
 void frmStyle::RepeatOpt_Click() {
-    enable({&Xbox, &YBox, &lblX, &lblY, &XFixCmb, &YFixCmb, &XCmb, &YCmb, &UpDown8, &UpDown9},
-           false);
+    enableControls(
+        {&Xbox, &YBox, &lblX, &lblY, &XFixCmb, &YFixCmb, &XCmb, &YCmb, &UpDown8, &UpDown9}, false);
     resumeNext([&] { YFixCmb.setText(QStringLiteral("Left")); });
     resumeNext([&] { XFixCmb.setText(QStringLiteral("Top")); });
 }
 
 void frmStyle::FixOpt_Click() {
-    enable({&lblX, &lblY, &XFixCmb, &YFixCmb}, true);
-    if (XFixCmb.Text() == kCustom) enable({&Xbox, &XCmb, &UpDown8}, true);
-    if (YFixCmb.Text() == kCustom) enable({&YBox, &YCmb, &UpDown9}, true);
+    enableControls({&lblX, &lblY, &XFixCmb, &YFixCmb}, true);
+    if (XFixCmb.Text() == kCustom) enableControls({&Xbox, &XCmb, &UpDown8}, true);
+    if (YFixCmb.Text() == kCustom) enableControls({&YBox, &YCmb, &UpDown9}, true);
 }
 
 void frmStyle::XFixCmb_Click() {
     const bool custom = XFixCmb.Text() == kCustom;
-    enable({&Xbox, &XCmb, &UpDown8}, custom);
+    enableControls({&Xbox, &XCmb, &UpDown8}, custom);
     if (custom) return;
     Xbox.setText(kZero);
     resumeNext([&] { XCmb.setText(QStringLiteral("%")); });
@@ -418,7 +417,7 @@ void frmStyle::XFixCmb_Click() {
 
 void frmStyle::YFixCmb_Click() {
     const bool custom = YFixCmb.Text() == kCustom;
-    enable({&YBox, &YCmb, &UpDown9}, custom);
+    enableControls({&YBox, &YCmb, &UpDown9}, custom);
     if (custom) return;
     YBox.setText(kZero);
     resumeNext([&] { YCmb.setText(QStringLiteral("%")); });

@@ -29,7 +29,8 @@ void buildExtFindView(frmExtFind& f, FormDialog& dialog, ShellMDI& shell) {
                   Group(f.Frame2,
                         {Option(f.optSpecFolder), Field(f.Label3, Combo(f.txtFilter, 200)),
                          Named(QStringLiteral("Folder"), Picked(f.txtPath, f.cmdSelectDocFolder)),
-                         Option(f.optSelected), Named(QStringLiteral("Files"), List(f.lstFiles, 5)), Row({Stretch(), Button(f.cmdSelectDocFiles)})}),
+                         Option(f.optSelected), Named(QStringLiteral("Files"), List(f.lstFiles, 5)),
+                         Row({Stretch(), Button(f.cmdSelectDocFiles)})}),
                   Progress(f.pbProgress), Buttons({&f.ReplaceButton, &f.CancelButton})}));
     dialog.setMinimumWidth(480);
 }

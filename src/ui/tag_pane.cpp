@@ -1,9 +1,9 @@
 #include "ui/tag_pane.h"
 #include "shell/shell_mdi.h"
 #include <QDrag>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOption>

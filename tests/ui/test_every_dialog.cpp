@@ -81,8 +81,8 @@ struct Counted {
 };
 
 QString fail(const Form& form, QWidget* widget, const char* what) {
-    return QStringLiteral("%1.%2: %3").arg(form.formName(), widget->objectName(),
-                                           QString::fromLatin1(what));
+    return QStringLiteral("%1.%2: %3")
+        .arg(form.formName(), widget->objectName(), QString::fromLatin1(what));
 }
 
 void setAsAssistiveTool(QWidget* edit, const QString& text) {
@@ -181,7 +181,8 @@ class EveryDialogTest : public QObject {
                 // Chosen as an assistive tool does it: its one action.
                 Counted click(option->Click);
                 QAccessibleInterface* access = QAccessible::queryAccessibleInterface(radio);
-                access->actionInterface()->doAction(access->actionInterface()->actionNames().first());
+                access->actionInterface()->doAction(
+                    access->actionInterface()->actionNames().first());
                 if (click.runs != 1 || !option->Value() || !radio->isChecked())
                     faults << fail(form, radio, "not chosen once");
                 for (OptionButton* other : option->groupMembers()) {
@@ -204,7 +205,8 @@ class EveryDialogTest : public QObject {
                     const bool link = label->textFormat() == Qt::RichText ||
                                       label->text().startsWith(QLatin1Char('<'));
                     if (!buddy && amp >= 0 && !link &&
-                        label->text().count(QLatin1Char('&')) != 2 * label->text().count(QStringLiteral("&&")))
+                        label->text().count(QLatin1Char('&')) !=
+                            2 * label->text().count(QStringLiteral("&&")))
                         faults << fail(form, label, "mnemonic with no field");
                     if (!buddy || !label->isVisible() || !buddy->isEnabled() || amp < 0 ||
                         amp + 1 >= label->text().size())

@@ -5,12 +5,12 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAction>
-#include <QRadioButton>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -127,8 +127,9 @@ class StyleDialogWidgetTest : public QObject {
             choose(ProgramFixture::child<QComboBox>(d, "BoldCmb"), "Bold");
             ProgramFixture::child<QPushButton>(d, "cmdOK")->click();
         });
-        QVERIFY2(p.shell().ActiveForm()->codebox().Text().contains("\n  A {\n    font-weight: Bold;"),
-                 qPrintable(p.shell().ActiveForm()->codebox().Text()));
+        QVERIFY2(
+            p.shell().ActiveForm()->codebox().Text().contains("\n  A {\n    font-weight: Bold;"),
+            qPrintable(p.shell().ActiveForm()->codebox().Text()));
     }
 };
 
