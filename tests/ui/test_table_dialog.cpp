@@ -6,11 +6,13 @@
 #include "ui/main_window.h"
 #include "ui/workbench.h"
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSet>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
@@ -91,6 +93,48 @@ class TableDialogWidgetTest : public QObject {
                      before, caret,
                      QStringLiteral("<table border=\"2\" width=\"100\" bordercolor=\"C0FFEE\">\n") +
                          row.repeated(3) + QStringLiteral("</table>")));
+    }
+
+    // By keyboard alone: the menu's mnemonics open the dialog, Up steps Rows, Tab stops at
+    // each field once, Enter presses OK.
+    void theKeyboardAloneWritesATable() {
+        Program p;
+        p.start();
+        const QString before = p.text();
+        const int caret = p.shell().ActiveForm()->codebox().SelStart();
+        QStringList stops;
+        QTimer::singleShot(0, [&] {
+            QTRY_VERIFY(p.bench->forms().current());
+            FormDialog* d = p.bench->forms().current();
+            QTRY_VERIFY(d->isActiveWindow());
+            QWidget* first = QApplication::focusWidget();
+            for (QWidget* focus = first; stops.size() < 40;) {
+                stops << focus->objectName();
+                if (focus->objectName() == QLatin1String("RowBox"))
+                    QTest::keyClick(focus, Qt::Key_Up);
+                QTest::keyClick(focus, Qt::Key_Tab);
+                focus = QApplication::focusWidget();
+                if (focus == first) break;
+            }
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        });
+        QTest::keyClick(&p.window(), Qt::Key_I, Qt::AltModifier);
+        QTRY_VERIFY(QApplication::activePopupWidget());
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_T);
+        QTRY_VERIFY(!p.bench->forms().current());
+        // Each field once, the spinners' arrows never; options and buttons take one stop.
+        QCOMPARE(stops.size(), QSet<QString>(stops.begin(), stops.end()).size());
+        for (const char* field :
+             {"ColBox", "RowBox", "Spacing", "Padding", "BorderBox", "Alignment", "cmbVAlign",
+              "WidthCheck", "txtBGColour", "BackgroundBox", "OK", "Cancel"})
+            QVERIFY2(stops.contains(QLatin1String(field)), field);
+        for (const QString& stop : stops)
+            QVERIFY2(!stop.endsWith("UpDownUp") && !stop.endsWith("UpDownDown"), qPrintable(stop));
+        const QString row =
+            QStringLiteral("   <tr>\n      <td>&nbsp;</td>\n      <td>&nbsp;</td>\n   </tr>\n");
+        QCOMPARE(p.text(), insertedAt(before, caret,
+                                      QStringLiteral("<table border=\"0\" width=\"100%\">\n") +
+                                          row.repeated(3) + QStringLiteral("</table>")));
     }
 
     void theChooserDropsDownUnderItsButtonAndInserts() {
