@@ -1,4 +1,5 @@
 #include "ui/document_view.h"
+#include "ui/combo_widget.h"
 #include "shell/shell_mdi.h"
 #include "ui/binders.h"
 #include "ui/layout_surface.h"
@@ -24,9 +25,11 @@ QWidget* engineHost(QWidget* parent) {
 }
 
 QComboBox* combo(ComboBox& control, Binder& bind, const QString& toolTip, int width) {
-    auto* box = new QComboBox;
+    auto* box = new ComboWidget;
     bind.comboBox(control, box);
     box->setToolTip(toolTip);
+    // A combo on a tool strip has no label: its tip names it for assistive tools.
+    box->setAccessibleName(toolTip);
     box->setMinimumWidth(width);
     return box;
 }
