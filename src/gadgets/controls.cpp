@@ -119,12 +119,15 @@ void ComboBox::receiveText(const QString& text) {
         return;
     }
     const auto [head, tail] = difference(text_, text);
+    const QString inserted = text.mid(head, text.size() - head - tail);
     QString kept;
-    for (QChar c : text.mid(head, text.size() - head - tail)) {
+    for (QChar c : inserted) {
         int key = c.unicode();
         KeyPress(key);
         if (key != 0) kept += QChar(key);
     }
+    // As when typed: what the text replaced goes only with a character that was kept.
+    if (!inserted.isEmpty() && kept.isEmpty()) return;
     setText(text.left(head) + kept + text.right(tail));
 }
 

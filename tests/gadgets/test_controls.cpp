@@ -81,6 +81,63 @@ class ControlsTest : public QObject {
         QCOMPARE(box.Text(), QStringLiteral("keep"));
     }
 
+    // Text that arrives whole, pasted or set by an assistive tool: what it brings goes through
+    // the key filter a character at a time, in a text box and in an editable combo alike.
+    void arrivingTextGoesThroughKeyPress_data() {
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("arriving");
+        QTest::addColumn<QString>("kept");
+        QTest::newRow("into an empty box") << ""
+                                           << "bxa"
+                                           << "bA";
+        QTest::newRow("in the middle") << "12"
+                                       << "1xab2"
+                                       << "1Ab2";
+        QTest::newRow("over a selection, dropped") << "abc"
+                                                   << "axc"
+                                                   << "abc";
+        QTest::newRow("over a selection, one kept") << "abc"
+                                                    << "axyc"
+                                                    << "ayc";
+        QTest::newRow("a deletion") << "abc"
+                                    << "ac"
+                                    << "ac";
+        QTest::newRow("the same text again") << "bA"
+                                             << "bA"
+                                             << "bA";
+    }
+    void arrivingTextGoesThroughKeyPress() {
+        QFETCH(QString, before);
+        QFETCH(QString, arriving);
+        QFETCH(QString, kept);
+        const auto filter = [](int& key) {
+            if (key == 'x') key = 0;
+            if (key == 'a') key = 'A';
+        };
+        TextBox box;
+        box.setText(before);
+        box.KeyPress = filter;
+        box.receiveText(arriving);
+        QCOMPARE(box.Text(), kept);
+        ComboBox combo;
+        combo.setText(before);
+        combo.KeyPress = filter;
+        combo.receiveText(arriving);
+        QCOMPARE(combo.Text(), kept);
+    }
+
+    void arrivingTextWithNoFilterIsTakenWhole() {
+        TextBox box;
+        int changes = 0;
+        box.Change = [&] { ++changes; };
+        box.receiveText("a x");
+        ComboBox combo;
+        combo.receiveText("a x");
+        QCOMPARE(box.Text(), QStringLiteral("a x"));
+        QCOMPARE(combo.Text(), QStringLiteral("a x"));
+        QCOMPARE(changes, 1);
+    }
+
     void checkBoxClickOnChangeOnly() {
         CheckBox check;
         QList<int> clicks;
@@ -238,6 +295,14 @@ class ControlsTest : public QObject {
         spin.stepDown();
         QCOMPARE(spin.Value(), 6);
         QCOMPARE(buddy.Text(), QStringLiteral("6"));
+        // A number typed beyond the range is stepped back into it, also to the value it had.
+        spin.setValue(8);
+        buddy.setText("150");
+        spin.stepDown();
+        QCOMPARE(buddy.Text(), QStringLiteral("8"));
+        buddy.setText("-3");
+        spin.step(10);
+        QCOMPARE(buddy.Text(), QStringLiteral("7"));
     }
 };
 
