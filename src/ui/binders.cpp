@@ -73,6 +73,19 @@ class KeyPressFilter : public QObject {
     bool typing_ = false;
 };
 
+// Text that reached a text box or an editable combo: a key let through is taken as it stands,
+// anything else goes through the key filter a character at a time.
+template <typename C>
+void take(ShellMDI& shell, C& control, const KeyPressFilter& keys, const QString& text) {
+    const QString arrived = text; // the widget's own string may change meanwhile
+    shell.dispatch([&] {
+        if (keys.typing())
+            control.setText(arrived);
+        else
+            control.receiveText(arrived);
+    });
+}
+
 KeyPressFilter* keyPressFilter(const std::function<void(int&)>& handler, QWidget* widget,
                                ShellMDI& shell) {
     auto* filter = new KeyPressFilter(
@@ -239,13 +252,7 @@ void Binder::textBox(TextBox& control, QLineEdit* widget) {
     QObject::connect(widget, &QLineEdit::textChanged, widget,
                      [shell = &shell_, &control, widget, keys, caret](const QString& text) {
                          if (text == control.Text()) return; // the logic's own write
-                         const QString arrived = text;
-                         shell->dispatch([&] {
-                             if (keys->typing())
-                                 control.setText(arrived);
-                             else
-                                 control.receiveText(arrived);
-                         });
+                         take(*shell, control, *keys, text);
                          if (widget->text() != control.Text()) widget->setText(control.Text());
                          caret();
                      });
@@ -338,14 +345,8 @@ void Binder::comboBox(ComboBox& control, QComboBox* widget) {
     QObject::connect(widget, &QComboBox::editTextChanged, widget,
                      [shell = &shell_, &control, keys, busy, widget, update](const QString& text) {
                          if (text == control.Text()) return;
-                         const QString arrived = text;
                          *busy = true;
-                         shell->dispatch([&] {
-                             if (keys->typing())
-                                 control.setText(arrived);
-                             else
-                                 control.receiveText(arrived);
-                         });
+                         take(*shell, control, *keys, text);
                          *busy = false;
                          QMetaObject::invokeMethod(widget, update, Qt::QueuedConnection);
                      });

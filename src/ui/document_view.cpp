@@ -1,7 +1,7 @@
 #include "ui/document_view.h"
-#include "ui/combo_widget.h"
 #include "shell/shell_mdi.h"
 #include "ui/binders.h"
+#include "ui/combo_widget.h"
 #include "ui/layout_surface.h"
 #include "ui/menu_binder.h"
 #include "ui/source_editor.h"
