@@ -305,8 +305,9 @@ void Binder::optionButton(OptionButton& control, QRadioButton* widget) {
                      [&control, chosen] { *chosen = control.Value(); });
     QObject::connect(widget, &QAbstractButton::toggled, widget,
                      [shell = &shell_, &control, update](bool on) {
-                         if (on && !control.Value())
-                             shell->dispatch([&] { control.setValue(true); });
+                         // Turned off, it waits for the option turned on to tell the model.
+                         if (!on || control.Value()) return;
+                         shell->dispatch([&] { control.setValue(true); });
                          update();
                      });
     QObject::connect(widget, &QAbstractButton::clicked, widget,
