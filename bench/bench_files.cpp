@@ -5,10 +5,10 @@
 #include "shell/code_editor.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
-#include "ui/main_window.h"
-#include "ui/qt_platform.h"
-#include "ui/source_editor.h"
-#include "ui/workbench.h"
+#include "ui/window/main_window.h"
+#include "ui/desktop/qt_platform.h"
+#include "ui/source/source_editor.h"
+#include "ui/window/workbench.h"
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>

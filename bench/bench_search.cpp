@@ -7,7 +7,7 @@
 #include "platform/url_transfer.h"
 #include "search/find_replace.h"
 #include "search/replace_in_files.h"
-#include "ui/source_editor.h"
+#include "ui/source/source_editor.h"
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>

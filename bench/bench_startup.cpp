@@ -2,10 +2,10 @@
 // screen, and the resident memory then. Run by scripts/bench-startup.sh, which passes the
 // moment it started the process (nanoseconds since the epoch).
 #include "shell/settings_store.h"
-#include "ui/main_window.h"
-#include "ui/qt_platform.h"
-#include "ui/splash.h"
-#include "ui/workbench.h"
+#include "ui/window/main_window.h"
+#include "ui/desktop/qt_platform.h"
+#include "ui/desktop/splash.h"
+#include "ui/window/workbench.h"
 #include <QApplication>
 #include <QFile>
 #include <QSplashScreen>

@@ -1,10 +1,10 @@
 // Tessaline: the splash while the main window loads, then the main window.
 #include "editor/file_system.h"
 #include "shell/settings_store.h"
-#include "ui/main_window.h"
-#include "ui/qt_platform.h"
-#include "ui/splash.h"
-#include "ui/workbench.h"
+#include "ui/window/main_window.h"
+#include "ui/desktop/qt_platform.h"
+#include "ui/desktop/splash.h"
+#include "ui/window/workbench.h"
 #include <QApplication>
 #include <QSplashScreen>
 #include <unistd.h>

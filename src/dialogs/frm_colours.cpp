@@ -1,6 +1,7 @@
 #include "dialogs/frm_colours.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -240,5 +241,7 @@ void Colours::Cancel_Click() {
 void bindColoursDialog(DialogContext& shell, Commands& commands) {
     commands.bind(QStringLiteral("mnuEditProperties"), [&shell] { showDialog<Colours>(shell); });
 }
+
+static const CommandSet coloursDialogCommands{bindColoursDialog};
 
 } // namespace tsl

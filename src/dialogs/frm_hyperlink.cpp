@@ -1,7 +1,8 @@
 #include "dialogs/frm_hyperlink.h"
-#include "editor/markup_steps.h"
+#include "markup/markup_steps.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -209,5 +210,7 @@ void bindLinkDialogs(DialogContext& shell, Commands& commands) {
     commands.bind(QStringLiteral("mnuInsertAnchor"), [&shell] { showDialog<frmAnchor>(shell); });
     commands.bind(QStringLiteral("mnuInsertLink"), [&shell] { showDialog<frmLink>(shell); });
 }
+
+static const CommandSet linkDialogsCommands{bindLinkDialogs};
 
 } // namespace tsl

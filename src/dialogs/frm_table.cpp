@@ -1,6 +1,7 @@
 #include "dialogs/frm_table.h"
 #include "runtime/int16.h"
 #include "runtime/vb_strings.h"
+#include "shell/command_registry.h"
 #include <cmath>
 
 namespace tsl {
@@ -162,5 +163,7 @@ void frmTable::OK_Click() {
 void bindTableDialog(DialogContext& shell, Commands& commands) {
     commands.bind(QStringLiteral("mnuInsertTable"), [&shell] { showDialog<frmTable>(shell); });
 }
+
+static const CommandSet tableDialogCommands{bindTableDialog};
 
 } // namespace tsl

@@ -1,6 +1,7 @@
 #include "dialogs/new_image.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -84,5 +85,7 @@ void NewImage::Cancel_Click() {
 void bindImageDialog(DialogContext& shell, Commands& commands) {
     commands.bind(QStringLiteral("mnuInsertImage"), [&shell] { showDialog<NewImage>(shell); });
 }
+
+static const CommandSet imageDialogCommands{bindImageDialog};
 
 } // namespace tsl

@@ -1,6 +1,7 @@
 #include "dialogs/table_chooser.h"
 #include "dialogs/frm_table.h"
-#include "shell/shell_mdi.h"
+#include "shell/code_editor.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -130,5 +131,19 @@ void TableChooser::picDropDown_MouseUp(int button, int, int xTwips, int yTwips) 
             MsgIcon::Exclamation, MsgButtons::OK, QStringLiteral("Tessaline"));
     }
 }
+
+// The chooser opens from two buttons that have no menu item: the formatting toolbar's table
+// button and the first button of a document's table strip in Layout view.
+void bindTableChooser(DialogContext& context, Commands& commands) {
+    TableChooser* chooser = &context.part<TableChooser>();
+    commands.bindAction(QStringLiteral("tableChooserFromTags"), [chooser] {
+        chooser->ShowAtButton(QStringLiteral("tbrTags"), 22, TableChooser::MainToolbar);
+    });
+    commands.bindAction(QStringLiteral("tableChooserFromTable"), [chooser] {
+        chooser->ShowAtButton(QStringLiteral("tbrTable"), 0, TableChooser::TableToolbar);
+    });
+}
+
+static const CommandSet tableChooserCommands{bindTableChooser};
 
 } // namespace tsl

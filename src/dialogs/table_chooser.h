@@ -8,7 +8,7 @@
 
 namespace tsl {
 
-class ShellMDI;
+class DialogContext;
 
 // picDropDown as last drawn, for the view to paint: client size, cells, label panel.
 class ChooserPicture : public Control {
@@ -35,7 +35,7 @@ class TableChooser {
     static constexpr int kCellStep = 24;
     static constexpr int kOpenSize = 126;
 
-    explicit TableChooser(ShellMDI& shell) : shell_(shell) {}
+    explicit TableChooser(DialogContext& shell) : shell_(shell) {}
 
     ChooserPicture picDropDown{QStringLiteral("picDropDown")};
     cDropDownToolWindow DropDown{QStringLiteral("DropDown")};
@@ -57,7 +57,7 @@ class TableChooser {
 
   private:
     void drawAt(int xTwips, int yTwips, int button, bool& inside, int& columns, int& rows);
-    ShellMDI& shell_;
+    DialogContext& shell_;
 };
 
 } // namespace tsl

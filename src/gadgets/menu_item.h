@@ -1,6 +1,7 @@
 #pragma once
 // A menu item as the logic sees it: caption, state, and its click handler.
 #include "gadgets/controls.h"
+#include <vector>
 
 namespace tsl {
 
@@ -29,6 +30,12 @@ class MenuItem : public Control {
     bool separator_;
     bool checked_ = false;
     QString iconKey_;
+};
+
+// One node of the menu bar: an item and, for a submenu, its children in display order.
+struct MenuNode {
+    MenuItem* item = nullptr;
+    std::vector<MenuNode> children;
 };
 
 } // namespace tsl

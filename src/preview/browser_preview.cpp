@@ -1,7 +1,8 @@
 #include "preview/browser_preview.h"
 #include "runtime/resume.h"
 #include "shell/frm_options.h"
-#include "shell/shell_mdi.h"
+#include "shell/shell_core.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -13,10 +14,10 @@ codeEditor& required(codeEditor* doc) {
 }
 
 // Asks whether to save first; Yes saves through File > Save.
-void offerSave(ShellMDI& shell) {
+void offerSave(ShellCore& shell) {
     const MsgResult answer =
         shell.platform().msgBox(preview::saveQuestion(), MsgIcon::Question, MsgButtons::YesNo);
-    if (answer == MsgResult::Yes) shell.mnuFileSave_Click();
+    if (answer == MsgResult::Yes) shell.runMenuClick(QStringLiteral("mnuFileSave"));
 }
 } // namespace
 
@@ -36,7 +37,7 @@ QString noBrowserTitle() {
 }
 } // namespace preview
 
-void mnuFilePrevDef_Click(ShellMDI& shell) {
+void mnuFilePrevDef_Click(ShellCore& shell) {
     shell.CurrentDocument = shell.ActiveForm();
     codeEditor& doc = required(shell.ActiveForm());
     if (doc.Tag == QLatin1String("Dirty") || doc.codebox().FileName().isEmpty()) offerSave(shell);
@@ -45,7 +46,7 @@ void mnuFilePrevDef_Click(ShellMDI& shell) {
     if (!file.isEmpty()) shell.platform().shellOpen(file);
 }
 
-void mnuFilePrevSec_Click(ShellMDI& shell) {
+void mnuFilePrevSec_Click(ShellCore& shell) {
     silentExit([&] {
         shell.CurrentDocument = shell.ActiveForm();
         codeEditor& doc = required(shell.ActiveForm());
@@ -76,10 +77,12 @@ void mnuFilePrevSec_Click(ShellMDI& shell) {
     });
 }
 
-void bindBrowserPreview(ShellMDI& shell, Commands& commands) {
+void bindBrowserPreview(ShellCore& shell, Commands& commands) {
     commands.bind(QStringLiteral("mnuFilePrevDef"), [&shell] { mnuFilePrevDef_Click(shell); });
     commands.bind(QStringLiteral("mnuFilePrevSec"), [&shell] { mnuFilePrevSec_Click(shell); });
     commands.bind(QStringLiteral("mnuNet"), [&shell] { mnuNet_Click(shell); });
 }
+
+static const CommandSet browserPreviewCommands{bindBrowserPreview};
 
 } // namespace tsl

@@ -5,17 +5,17 @@
 
 namespace tsl {
 
-class ShellMDI;
+class ShellCore;
 class Commands;
 
 // The active document's file in the desktop's default browser.
-void mnuFilePrevDef_Click(ShellMDI& shell);
+void mnuFilePrevDef_Click(ShellCore& shell);
 // The active document's file in the browser named in the settings.
-void mnuFilePrevSec_Click(ShellMDI& shell);
+void mnuFilePrevSec_Click(ShellCore& shell);
 // A page fetched by address into a new untitled document.
-void mnuNet_Click(ShellMDI& shell);
+void mnuNet_Click(ShellCore& shell);
 // The progress of the transfer, in the first panel of the status bar.
-void Inet1_StateChanged(ShellMDI& shell, int state);
+void Inet1_StateChanged(ShellCore& shell, int state);
 
 namespace preview {
 // The question before a browser is launched for a changed or unsaved file.
@@ -28,6 +28,6 @@ QString urlTitle();
 QString fetchFailedText();
 } // namespace preview
 
-void bindBrowserPreview(ShellMDI& shell, Commands& commands);
+void bindBrowserPreview(ShellCore& shell, Commands& commands);
 
 } // namespace tsl

@@ -2,7 +2,7 @@
 #include "platform/url_transfer.h"
 #include "preview/browser_preview.h"
 #include "runtime/resume.h"
-#include "shell/shell_mdi.h"
+#include "shell/shell_core.h"
 
 namespace tsl {
 
@@ -28,11 +28,11 @@ codeEditor& required(codeEditor* doc) {
 }
 } // namespace
 
-void mnuNet_Click(ShellMDI& shell) {
+void mnuNet_Click(ShellCore& shell) {
     resumeNext([&] { shell.CurrentDocument = shell.ActiveForm(); });
     shell.LockWindowUpdate(true);
     shell.bLoadingOnline = true;
-    resumeNext([&] { shell.NewHtmlDocument(); }); // releases drawing at its end
+    resumeNext([&] { shell.runMenuClick(QStringLiteral("mnuFileNewHTML")); }); // releases drawing at its end
     shell.bLoadingOnline = false;
     codeEditor* fetched = shell.ActiveForm();
     resumeNext([&] { required(shell.ActiveForm()).codebox().setText(QString()); });
@@ -66,7 +66,7 @@ void mnuNet_Click(ShellMDI& shell) {
     shell.bLoadingOnline = false;
 }
 
-void Inet1_StateChanged(ShellMDI& shell, int state) {
+void Inet1_StateChanged(ShellCore& shell, int state) {
     auto panel = [&shell](const QString& text) {
         resumeNext([&] { shell.StatusBar1.setPanelText(1, text); });
     };

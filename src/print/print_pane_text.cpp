@@ -1,6 +1,7 @@
 #include "print/print_pane_text.h"
 #include "runtime/resume.h"
-#include "shell/shell_mdi.h"
+#include "shell/shell_core.h"
+#include "shell/command_registry.h"
 #include <cmath>
 
 namespace tsl {
@@ -45,7 +46,7 @@ QString noPrinterText() {
     return QStringLiteral("There is no printer on this system to print to.");
 }
 
-void mnuFilePrint_Click(ShellMDI& shell) {
+void mnuFilePrint_Click(ShellCore& shell) {
     // One handler for the whole command: a cancel ends it, any other failure goes on with the
     // next statement, and a failure inside the paging abandons the job where it stood.
     Platform& platform = shell.platform();
@@ -71,8 +72,10 @@ void mnuFilePrint_Click(ShellMDI& shell) {
     }
 }
 
-void bindPrinting(ShellMDI& shell, Commands& commands) {
+void bindPrinting(ShellCore& shell, Commands& commands) {
     commands.bind(QStringLiteral("mnuFilePrint"), [&shell] { mnuFilePrint_Click(shell); });
 }
+
+static const CommandSet printingCommands{bindPrinting};
 
 } // namespace tsl

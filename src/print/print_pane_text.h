@@ -5,7 +5,7 @@
 
 namespace tsl {
 
-class ShellMDI;
+class ShellCore;
 class Commands;
 class SourcePane;
 
@@ -17,10 +17,10 @@ TwipsRect DrawingRect(const PrinterDevice& printer, int nLeftMargin, int nTopMar
 // fit on the one before.
 void PrintPaneText(SourcePane& pane, PrinterDevice& printer, int nLeftMargin, int nTopMargin,
                    int nRightMargin, int nBottomMargin);
-void mnuFilePrint_Click(ShellMDI& shell);
+void mnuFilePrint_Click(ShellCore& shell);
 // Said when the system has no printer to send the job to.
 QString noPrinterText();
 
-void bindPrinting(ShellMDI& shell, Commands& commands);
+void bindPrinting(ShellCore& shell, Commands& commands);
 
 } // namespace tsl

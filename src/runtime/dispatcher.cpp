@@ -1,5 +1,4 @@
 #include "runtime/dispatcher.h"
-#include "platform/platform.h"
 #include "runtime/runtime_error.h"
 
 namespace tsl {
@@ -18,7 +17,7 @@ bool Dispatcher::run(const std::function<void()>& handler) {
         lastError_ = -1;
         text = QStringLiteral("Unexpected error:\n\n%1").arg(QString::fromLocal8Bit(e.what()));
     }
-    platform_.msgBox(text, MsgIcon::Critical);
+    show_(text);
     return false;
 }
 

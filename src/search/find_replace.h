@@ -21,6 +21,13 @@ struct FindState {
     Int16 FindHits = 0;
 };
 
+// What the search keeps for the whole run: the search of Find & Replace and the folder last
+// shown when choosing files to replace in.
+struct SearchSession {
+    FindState Search;
+    QString sLastChooseDir;
+};
+
 // Selects the next match of FindText from the caret in the chosen direction, or says that the
 // search has reached the end. `activeSelStart` is the caret of the window's active control.
 void FindNextMatch(FindState& state, SourcePane& codebox, int activeSelStart, Platform& platform);

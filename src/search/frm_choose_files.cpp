@@ -1,5 +1,6 @@
 #include "search/frm_choose_files.h"
 #include "runtime/resume.h"
+#include "search/find_replace.h"
 #include "search/frm_ext_find.h"
 #include "shell/settings_store.h"
 #include <QDir>
@@ -34,7 +35,7 @@ frmChooseFiles::frmChooseFiles(frmExtFind& owner)
 
 void frmChooseFiles::Form_Load() {
     DialogContext& shell = owner_.shell();
-    QString start = shell.sLastChooseDir;
+    QString start = shell.part<SearchSession>().sLastChooseDir;
     if (start.isEmpty()) start = shell.settings().get(keys::Fuzzies, keys::DefaultDir);
     // With nowhere remembered, the chooser opens in the home folder.
     if (start.isEmpty()) start = QDir::homePath();
@@ -53,7 +54,7 @@ void frmChooseFiles::Form_Load() {
 }
 
 void frmChooseFiles::Form_Unload() {
-    owner_.shell().sLastChooseDir = dirHTML.Path();
+    owner_.shell().part<SearchSession>().sLastChooseDir = dirHTML.Path();
 }
 
 void frmChooseFiles::dirHTML_Change() {

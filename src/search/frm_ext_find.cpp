@@ -3,6 +3,7 @@
 #include "search/frm_choose_files.h"
 #include "search/replace_in_files.h"
 #include "shell/code_editor.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -172,5 +173,7 @@ void bindExtendedReplace(DialogContext& shell, Commands& commands) {
         shell.forms().showModal(form);
     });
 }
+
+static const CommandSet extendedReplaceCommands{bindExtendedReplace};
 
 } // namespace tsl

@@ -1,6 +1,8 @@
 #include "search/frm_find.h"
+#include "search/find_replace.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -30,7 +32,7 @@ void frmFind::Form_Load() {
     shell_.bFindOpen = true;
     cmdFind.setEnabled(false);
     optDirectionDown.setValue(true);
-    shell_.Search.FindDirection = 1;
+    shell_.part<SearchSession>().Search.FindDirection = 1;
 }
 
 void frmFind::Form_Unload() {
@@ -39,17 +41,17 @@ void frmFind::Form_Unload() {
 }
 
 void frmFind::txtFind_Change() {
-    shell_.Search.FindChanged = true;
+    shell_.part<SearchSession>().Search.FindChanged = true;
     const bool any = !txtFind.Text().isEmpty();
     enableControls({&cmdFind, &txtReplace, &cmdReplace, &Command1, &Label2}, any);
 }
 
 void frmFind::chkCase_Click() {
-    shell_.Search.FindMatchCase = Int16(chkCase.Value());
+    shell_.part<SearchSession>().Search.FindMatchCase = Int16(chkCase.Value());
 }
 
 void frmFind::optDirection_Click(int index) {
-    shell_.Search.FindDirection = Int16(index);
+    shell_.part<SearchSession>().Search.FindDirection = Int16(index);
 }
 
 SourcePane& frmFind::codebox() const {
@@ -57,9 +59,9 @@ SourcePane& frmFind::codebox() const {
 }
 
 void frmFind::cmdFind_Click() {
-    shell_.Search.FindText = txtFind.Text();
+    shell_.part<SearchSession>().Search.FindText = txtFind.Text();
     SourcePane& pane = codebox();
-    FindNextMatch(shell_.Search, pane, pane.SelStart(), shell_.platform());
+    FindNextMatch(shell_.part<SearchSession>().Search, pane, pane.SelStart(), shell_.platform());
 }
 
 void frmFind::cmdReplace_Click() {
@@ -78,9 +80,9 @@ void frmFind::cmdReplace_Click() {
 }
 
 void frmFind::Command1_Click() {
-    shell_.Search.FindText = txtFind.Text();
+    shell_.part<SearchSession>().Search.FindText = txtFind.Text();
     const int replaced =
-        ReplaceAllMatches(shell_.Search, codebox(), txtReplace.Text(), shell_.platform());
+        ReplaceAllMatches(shell_.part<SearchSession>().Search, codebox(), txtReplace.Text(), shell_.platform());
     txtFind.SelectAll();
     SetFocus();
     if (replaced > 0) required(shell_.ActiveForm()).CheckToAddStep(false);
@@ -88,8 +90,8 @@ void frmFind::Command1_Click() {
 
 void frmFind::cmdCancel_Click() {
     resumeNext([&] { shell_.CurrentDocument = shell_.ActiveForm(); });
-    resumeNext([&] { shell_.Search.FindText = txtFind.Text(); });
-    resumeNext([&] { shell_.Search.FindMatchCase = Int16(chkCase.Value()); });
+    resumeNext([&] { shell_.part<SearchSession>().Search.FindText = txtFind.Text(); });
+    resumeNext([&] { shell_.part<SearchSession>().Search.FindMatchCase = Int16(chkCase.Value()); });
     Unload();
     resumeNext([&] { required(shell_.CurrentDocument).SetFocus(); });
 }
@@ -110,9 +112,9 @@ void mnuEditFind_Click(DialogContext& shell) {
         form->Form_Load();
     }
     SourcePane& pane = doc.codebox();
-    form->txtFind.setText(pane.SelLength() > 0 ? pane.SelText() : shell.Search.FindText);
-    shell.Search.FindChanged = true;
-    if (shell.Search.FindMatchCase != 0) form->chkCase.setValue(1);
+    form->txtFind.setText(pane.SelLength() > 0 ? pane.SelText() : shell.part<SearchSession>().Search.FindText);
+    shell.part<SearchSession>().Search.FindChanged = true;
+    if (shell.part<SearchSession>().Search.FindMatchCase != 0) form->chkCase.setValue(1);
     if (made) {
         shell.frmFind = made.get();
         shell.forms().showModeless(std::move(made));
@@ -124,5 +126,7 @@ void mnuEditFind_Click(DialogContext& shell) {
 void bindFindReplace(DialogContext& shell, Commands& commands) {
     commands.bind(QStringLiteral("mnuEditFind"), [&shell] { mnuEditFind_Click(shell); });
 }
+
+static const CommandSet findReplaceCommands{bindFindReplace};
 
 } // namespace tsl

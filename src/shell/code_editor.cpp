@@ -1,11 +1,11 @@
 #include "shell/code_editor.h"
 #include "runtime/resume.h"
-#include "shell/shell_mdi.h"
+#include "shell/shell_core.h"
 #include "shell/skeletons.h"
 
 namespace tsl {
 
-codeEditor::codeEditor(ShellMDI& shell, std::unique_ptr<SourcePane> codebox,
+codeEditor::codeEditor(ShellCore& shell, std::unique_ptr<SourcePane> codebox,
                        std::unique_ptr<LayoutSurface> layout,
                        std::unique_ptr<BrowserSurface> browser)
     : cdColor(shell.platform()), shell_(shell), codebox_(std::move(codebox)),

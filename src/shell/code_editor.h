@@ -14,6 +14,7 @@
 
 namespace tsl {
 
+class ShellCore;
 class ShellMDI;
 
 // One snapshot of the Source pane: the whole text and the selection that goes with it.
@@ -62,7 +63,7 @@ enum MouseButton { vbLeftButton = 1, vbRightButton = 2, vbMiddleButton = 4 };
 class codeEditor : public QObject {
     Q_OBJECT
   public:
-    codeEditor(ShellMDI& shell, std::unique_ptr<SourcePane> codebox,
+    codeEditor(ShellCore& shell, std::unique_ptr<SourcePane> codebox,
                std::unique_ptr<LayoutSurface> layout,
                std::unique_ptr<BrowserSurface> browser = nullptr);
     ~codeEditor() override;
@@ -161,6 +162,7 @@ class codeEditor : public QObject {
     void editMenuRequested();
 
   private:
+    friend class ShellCore;
     friend class ShellMDI;
     void buildViews();
     void toSource();
@@ -172,7 +174,7 @@ class codeEditor : public QObject {
     // Puts a text in a slot, as a difference from the slot below where that is small.
     void keepText(UndoStep& slot, const QString& text);
 
-    ShellMDI& shell_;
+    ShellCore& shell_;
     std::unique_ptr<SourcePane> codebox_;
     std::unique_ptr<LayoutSurface> layout_;
     std::unique_ptr<BrowserSurface> browser_;

@@ -1,6 +1,6 @@
 // Which commands a document needs: off when the last one closes (and in Preview), on again
 // when one comes.
-#include "shell/shell_mdi.h"
+#include "shell/shell_core.h"
 
 namespace tsl {
 
@@ -81,12 +81,12 @@ const char* const kCssOffItems[] = {
     "mnuInsertSpace",    "mnuTagsCenter",   "mnuTagsBlock",          "mnuViewFmtTlb",
     "mnuViewForms",      "mnuViewTagList",  "mnuInsertLink",         "mnuHeadings"};
 
-void setItem(ShellMDI& shell, const char* name, bool on) {
+void setItem(ShellCore& shell, const char* name, bool on) {
     shell.menu(QLatin1String(name)).setEnabled(on);
 }
 } // namespace
 
-void ShellMDI::DisableDocumentCommands() {
+void ShellCore::DisableDocumentCommands() {
     for (const char* name : kDocumentMenuItems) {
         menu(QLatin1String(name)).setEnabled(false);
     }
@@ -108,7 +108,7 @@ void ShellMDI::DisableDocumentCommands() {
     bCommandsDisabled = true;
 }
 
-void ShellMDI::EnableDocumentCommands() {
+void ShellCore::EnableDocumentCommands() {
     for (const char* name : kDocumentMenuItems) {
         const QLatin1String item(name);
         // Undo follows the document's own history; Remove Formatting only Layout view.
@@ -129,7 +129,7 @@ void ShellMDI::EnableDocumentCommands() {
     bCommandsDisabled = false;
 }
 
-void ShellMDI::SetCssCommandState() {
+void ShellCore::SetCssCommandState() {
     setItem(*this, "mnuInsertCSS", true);
     tbrMain.setButtonEnabled(19, true);
     setItem(*this, "mnuFilePreview", false);
@@ -146,7 +146,7 @@ void ShellMDI::SetCssCommandState() {
     OpenSave.FilterIndex = kCssFilterIndex;
 }
 
-void ShellMDI::SetHtmlCommandState() {
+void ShellCore::SetHtmlCommandState() {
     OpenSave.FilterIndex = kHtmlFilterIndex;
     setItem(*this, "mnuFilePreview", true);
     setItem(*this, "mnuEditProperties", true);
@@ -172,7 +172,7 @@ void ShellMDI::SetHtmlCommandState() {
         tbrMain.setButtonEnabled(i, true);
 }
 
-void ShellMDI::setOpenButtons() {
+void ShellCore::setOpenButtons() {
     tbrMain.setButtonEnabled(19, true);
     tbrMain.setButtonEnabled(20, true);
     tbrTags.setButtonEnabled(11, true);

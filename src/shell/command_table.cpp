@@ -139,20 +139,8 @@ const MenuRow kMenuTree[] = {
 // clang-format on
 } // namespace
 
-// The subsystems that bind menu items, each from its own file.
+// The main window's own file commands; every other subsystem registers its own.
 void bindFileCommands(ShellMDI& shell, Commands& commands);
-void bindEditorCommands(ShellMDI& shell, Commands& commands);
-void bindTableDialog(DialogContext& context, Commands& commands);
-void bindOptionsDialog(DialogContext& context, Commands& commands);
-void bindAboutDialog(DialogContext& context, Commands& commands);
-void bindFindReplace(DialogContext& context, Commands& commands);
-void bindLinkDialogs(DialogContext& context, Commands& commands);
-void bindImageDialog(DialogContext& context, Commands& commands);
-void bindColoursDialog(DialogContext& context, Commands& commands);
-void bindExtendedReplace(DialogContext& context, Commands& commands);
-void bindStyleDialog(DialogContext& context, Commands& commands);
-void bindBrowserPreview(ShellMDI& shell, Commands& commands);
-void bindPrinting(ShellMDI& shell, Commands& commands);
 
 void ShellMDI::bindViewCommands(Commands& commands) {
     commands.bind(QStringLiteral("mnuViewStdTlb"), [this] { mnuViewStdTlb_Click(); });
@@ -166,6 +154,15 @@ void ShellMDI::bindViewCommands(Commands& commands) {
     for (const auto& [item, code] : arrange)
         commands.bind(QLatin1String(item), [this, code = code] { emit arrangeRequested(code); });
 }
+
+ShellMDI::ShellMDI(Platform& platform, SettingsStore& settings, SurfaceFactory& surfaces,
+                   FormHost& forms)
+    : ShellCore(platform, settings, surfaces, forms) {
+    buildMenus();
+    buildToolbars();
+}
+
+ShellMDI::~ShellMDI() = default;
 
 void ShellMDI::notAvailableYet() {
     platform_.notAvailable();
@@ -195,21 +192,13 @@ void ShellMDI::buildMenus() {
 
     Commands commands;
     bindFileCommands(*this, commands);
-    bindEditorCommands(*this, commands);
     bindViewCommands(commands);
-    bindTableDialog(*this, commands);
-    bindOptionsDialog(*this, commands);
-    bindAboutDialog(*this, commands);
-    bindFindReplace(*this, commands);
-    bindLinkDialogs(*this, commands);
-    bindImageDialog(*this, commands);
-    bindColoursDialog(*this, commands);
-    bindExtendedReplace(*this, commands);
-    bindStyleDialog(*this, commands);
-    bindBrowserPreview(*this, commands);
-    bindPrinting(*this, commands);
+    for (const CommandBinder& bind : registeredCommandSets())
+        bind(*this, commands);
     for (const auto& [name, handler] : commands.handlers())
         menu(name).Click = handler;
+    for (const auto& [name, handler] : commands.actions())
+        actions_[name] = handler;
 
     for (const auto& [key, item] : MenuIconPairs())
         SetMenuIcon(key, item);
@@ -251,12 +240,6 @@ const std::vector<std::pair<QString, QString>>& ShellMDI::MenuIconPairs() {
 void ShellMDI::SetMenuIcon(const QString& key, const QString& item) {
     // The menu icon control takes the picture's index in its list; the view looks the key up.
     menu(item).setIconKey(key);
-}
-
-void ShellMDI::runMenuClick(const QString& itemName) {
-    // A button runs the handler of its menu item, whether the item is enabled or not.
-    const MenuItem& item = menu(itemName);
-    if (item.Click) item.Click();
 }
 
 void ShellMDI::setShortcutCaptions() {

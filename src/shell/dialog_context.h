@@ -7,11 +7,14 @@
 #include "platform/common_dialog.h"
 #include "platform/platform.h"
 #include "runtime/int16.h"
-#include "search/find_replace.h"
 #include "shell/settings_store.h"
 #include <QPointer>
 #include <QStringList>
 #include <functional>
+#include <map>
+#include <memory>
+#include <type_traits>
+#include <typeindex>
 #include <vector>
 
 namespace tsl {
@@ -61,12 +64,9 @@ struct ShellState {
     QString txtTemp1;
     QString txtTemp2;
     bool bRelativeUp = false;
-    // The search of Find & Replace, kept while the program runs, and its open dialog.
-    FindState Search;
+    // The open Find & Replace window, which any document that closes closes too.
     bool bFindOpen = false;
     QPointer<Form> frmFind;
-    // The folder last shown when choosing files to replace in.
-    QString sLastChooseDir;
 };
 
 class DialogContext : public ShellState {
@@ -86,21 +86,29 @@ class DialogContext : public ShellState {
     virtual void RelativePath(CommonDialog& dialog, TextBox& target) = 0;
     // Sets bFileAlreadyOpen when a document window has exactly that path as its caption.
     virtual void CheckFileOpen(const QString& path) = 0;
-};
+    // Runs a handler the user set off; a run-time error that escapes it is shown.
+    virtual bool dispatch(const std::function<void()>& handler) = 0;
 
-// Handlers bound to menu items by name. Each subsystem binds its own items in its own file;
-// the menu tree itself is data, and an item nobody binds says it is not available yet.
-class Commands {
-  public:
-    void bind(const QString& item, std::function<void()> handler) {
-        handlers_.emplace_back(item, std::move(handler));
+    // The state a subsystem keeps for the whole run (the search, the tag list, ...), made on
+    // first use, with this context when it takes one. The main window holds it without
+    // knowing its type, so a subsystem adds state without touching a shared header.
+    template <typename T> T& part() {
+        std::shared_ptr<void>& slot = parts_[std::type_index(typeid(T))];
+        if (!slot) {
+            if constexpr (std::is_constructible_v<T, DialogContext&>)
+                slot = std::make_shared<T>(*this);
+            else
+                slot = std::make_shared<T>();
+        }
+        return *static_cast<T*>(slot.get());
     }
-    const std::vector<std::pair<QString, std::function<void()>>>& handlers() const {
-        return handlers_;
-    }
+
+  protected:
+    // Frees the parts while the context they refer to is still whole.
+    void releaseParts() { parts_.clear(); }
 
   private:
-    std::vector<std::pair<QString, std::function<void()>>> handlers_;
+    std::map<std::type_index, std::shared_ptr<void>> parts_;
 };
 
 // Shows a modal dialog of type F for the document in front, as every dialog command does.

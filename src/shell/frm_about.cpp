@@ -1,6 +1,7 @@
 #include "shell/frm_about.h"
 #include "runtime/resume.h"
 #include "shell/code_editor.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -35,5 +36,7 @@ void bindAboutDialog(DialogContext& shell, Commands& commands) {
         platform.showHelp(platform.applicationFolder() + QStringLiteral("/tessaline.chm"));
     });
 }
+
+static const CommandSet aboutDialogCommands{bindAboutDialog};
 
 } // namespace tsl

@@ -2,6 +2,7 @@
 #include "runtime/resume.h"
 #include "runtime/vb_strings.h"
 #include "shell/code_editor.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -135,5 +136,7 @@ void frmOptions::closeAndReturn() {
 void bindOptionsDialog(DialogContext& shell, Commands& commands) {
     commands.bind(QStringLiteral("mnuEditPrefs"), [&shell] { showDialog<frmOptions>(shell); });
 }
+
+static const CommandSet optionsDialogCommands{bindOptionsDialog};
 
 } // namespace tsl

@@ -1,6 +1,6 @@
 #include "shell/relative_path.h"
 #include "runtime/resume.h"
-#include "shell/shell_mdi.h"
+#include "shell/shell_core.h"
 
 namespace tsl {
 
@@ -53,7 +53,7 @@ RelativeLink relativeLink(const QString& documentPath, const QString& documentTi
     return {forwardSlashes(link, separator), true};
 }
 
-void ShellMDI::RelativePath(CommonDialog& dialog, TextBox& target) {
+void ShellCore::RelativePath(CommonDialog& dialog, TextBox& target) {
     // No error reaches the user: a cancel or a failing step leaves the target as it was.
     silentExit([&] {
         dialog.FileName.clear();

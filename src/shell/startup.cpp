@@ -25,7 +25,7 @@ void ShellMDI::MDIForm_Load(const QString& commandLine) {
     OpenSave.InitDir = settings_.get(keys::Fuzzies, keys::DefaultDir);
     OpenSave.CancelError = true;
     OpenSave.Filter = kFileFilter;
-    mnuInsert_Click();
+    runMenuClick(QStringLiteral("mnuInsert"));
 
     // Start-up reads "UseRelative"; the dialog keeps "Use Relative". Nothing writes the first,
     // so relative paths are on at every start.
@@ -48,7 +48,6 @@ void ShellMDI::MDIForm_Load(const QString& commandLine) {
     if (hasMenu(QStringLiteral("mnuViewTagList")))
         menu(QStringLiteral("mnuViewTagList")).setChecked(bTagListOpen);
 
-    LoadTagList();
     NewHtmlDocument();
     LoadRecentFiles();
     const QString wrap = settings_.get(keys::Fuzzies, keys::WordWrap, QStringLiteral("1"));

@@ -104,7 +104,7 @@ void ShellMDI::buildBands() {
 
 void ShellMDI::tbrMain_ButtonClick(int index) {
     if (index == 24) {
-        insertBadge();
+        runAction(QStringLiteral("insertBadge"));
         return;
     }
     const QString item = itemOf(kMainButtons, index);
@@ -149,7 +149,7 @@ void ShellMDI::tbrTags_ButtonClick(int index) {
         return;
     }
     if (index == 22) {
-        tableChooser.ShowAtButton(tbrTags.name(), 22, TableChooser::MainToolbar);
+        runAction(QStringLiteral("tableChooserFromTags"));
         return;
     }
     const QString item = itemOf(kTagsButtons, index);

@@ -4,6 +4,7 @@
 #include "stylesheets/css_rule.h"
 #include "stylesheets/frm_atag.h"
 #include "stylesheets/style_folder.h"
+#include "shell/command_registry.h"
 
 namespace tsl {
 
@@ -500,5 +501,7 @@ void ShowStyleDialog(DialogContext& shell) {
 void bindStyleDialog(DialogContext& shell, Commands& commands) {
     commands.bind(QStringLiteral("mnuInsertCSS"), [&shell] { ShowStyleDialog(shell); });
 }
+
+static const CommandSet styleDialogCommands{bindStyleDialog};
 
 } // namespace tsl

@@ -1,5 +1,5 @@
 // The browser engine on QtWebEngine, built as a library of its own and loaded on first use.
-#include "ui/engine.h"
+#include "ui/desktop/engine.h"
 #include <QPointer>
 #include <QWebEngineFindTextResult>
 #include <QWebEngineHistory>

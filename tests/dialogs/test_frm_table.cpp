@@ -1,6 +1,7 @@
 // The Insert Table dialog's own rules: its markup, the interplay of its fields, which boxes
 // filter which keys, what its common dialog starts with, and OK from the menu. The shapes it
 // shares with every dialog are tested once, in test_dialog_shapes.
+#include "dialogs/table_chooser.h"
 #include "dialogs/frm_table.h"
 #include "runtime/runtime_error.h"
 #include "test_shell.h"
@@ -274,7 +275,7 @@ class TableDialogTest : public QObject {
         ts->tbrTags.press(21);
         QCOMPARE(ts.forms.shown, QStringList{"frmTable"});
         ts->tbrTags.press(22);
-        QVERIFY(ts->tableChooser.DropDown.IsShowing());
+        QVERIFY(ts->part<TableChooser>().DropDown.IsShowing());
     }
 };
 

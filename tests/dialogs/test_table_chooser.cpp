@@ -1,5 +1,6 @@
 // The quick table chooser: its grid, the growth beyond the right and bottom edges, Cancel
 // beyond the top and left, where it opens, and what a release inserts in either view.
+#include "dialogs/table_chooser.h"
 #include "test_rows.h"
 #include "test_shell.h"
 
@@ -23,8 +24,8 @@ Drawn drawAt(TableChooser& chooser, int x, int y) {
 
 // The shell's chooser, shown at the top left.
 TableChooser& shownChooser(TestShell& ts) {
-    ts->tableChooser.ShowTableChooser(0, 0);
-    return ts->tableChooser;
+    ts->part<TableChooser>().ShowTableChooser(0, 0);
+    return ts->part<TableChooser>();
 }
 
 int litCells(const ChooserPicture& picture) {
@@ -42,7 +43,7 @@ class TableChooserTest : public QObject {
   private slots:
     void opensWithFiveColumnsAndFourRows() {
         TestShell ts;
-        TableChooser& chooser = ts->tableChooser;
+        TableChooser& chooser = ts->part<TableChooser>();
         chooser.ShowTableChooser(3000, 400);
         const ChooserPicture& picture = chooser.picDropDown;
         QCOMPARE(picture.ScaleWidth, 126);
@@ -113,7 +114,7 @@ class TableChooserTest : public QObject {
 
     void opensBesideItsButton() {
         TestShell ts;
-        TableChooser& chooser = ts->tableChooser;
+        TableChooser& chooser = ts->part<TableChooser>();
         chooser.ShowTableChooser(3000, 400, TableChooser::MainToolbar);
         QCOMPARE(QPoint(chooser.DropDown.left(), chooser.DropDown.top()), QPoint(2795, 900));
         chooser.ShowTableChooser(3000, 400, TableChooser::TableToolbar);
@@ -176,7 +177,7 @@ class TableChooserTest : public QObject {
 
     void aPressOutsideHidesTheWindow() {
         TestShell ts;
-        TableChooser& chooser = ts->tableChooser;
+        TableChooser& chooser = ts->part<TableChooser>();
         chooser.picDropDown_MouseDown(1, 0, 10, 10); // not showing: nothing happens
         QCOMPARE(chooser.picDropDown.label, QString());
         chooser.ShowTableChooser(0, 0);
@@ -192,8 +193,8 @@ class TableChooserTest : public QObject {
         layoutOf(ts.active()).refusePaste = true;
         shell.bLayoutActive = true;
         shell.bCaretStepTaken = true;
-        shell.tableChooser.ShowTableChooser(0, 0);
-        shell.tableChooser.picDropDown_MouseUp(1, 0, 10 * kTwips, 10 * kTwips);
+        shell.part<TableChooser>().ShowTableChooser(0, 0);
+        shell.part<TableChooser>().picDropDown_MouseUp(1, 0, 10 * kTwips, 10 * kTwips);
         QCOMPARE(platform.messages.size(), 1);
         QCOMPARE(platform.messages[0].text,
                  QStringLiteral("You can not insert a table on top of another table."));

@@ -401,7 +401,7 @@ class InsertCommandsTest : public QObject {
     void removeFormattingGoesToTheSurfaceInAnyView() {
         TestShell ts;
         codeEditor& doc = documentWith(ts, kText);
-        ts->mnuFormatRemove_Click();
+        ts->runMenuClick(QStringLiteral("mnuFormatRemove"));
         QCOMPARE(layoutCommands(doc), QStringLiteral("5034,0,"));
     }
 

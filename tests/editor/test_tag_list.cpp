@@ -1,4 +1,5 @@
 // The tag list: its 89 templates, double clicks with and without a selection, and drags.
+#include "markup/tag_list.h"
 #include "editor_fixture.h"
 
 using namespace tsl;
@@ -62,7 +63,7 @@ void addNodeRows() {
 
 codeEditor& documentAndNode(TestShell& ts, int index, int caret = 4) {
     codeEditor& doc = documentWith(ts, kText, caret);
-    ts->tvwTags_MouseDown(index);
+    ts->part<TagList>().tvwTags_MouseDown(index);
     return doc;
 }
 } // namespace
@@ -76,8 +77,8 @@ class TagListTest : public QObject {
         QFETCH(int, index);
         TestShell ts;
         ts.load();
-        QCOMPARE(ts->tvwTags.ListCount(), 89);
-        QCOMPARE(ts->tvwTags.List(index), templateOf(nodeAt(index)));
+        QCOMPARE(ts->part<TagList>().tvwTags.ListCount(), 89);
+        QCOMPARE(ts->part<TagList>().tvwTags.List(index), templateOf(nodeAt(index)));
     }
 
     void doubleClickAtCaret_data() { addNodeRows(); }
@@ -91,7 +92,7 @@ class TagListTest : public QObject {
         const int redo = node.shape == Anchor ? 11 : node.shape == Input ? -1 : caret;
         TestShell ts;
         codeEditor& doc = documentAndNode(ts, index);
-        ts->tvwTags_DblClick();
+        ts->part<TagList>().tvwTags_DblClick();
         QCOMPARE(doc.codebox().Text(), QStringLiteral("one ") + insertedOf(node) + "two three");
         QCOMPARE(doc.codebox().SelStart(), 4 + caret);
         QCOMPARE(doc.nDoneIndex, Int16(2));
@@ -114,7 +115,7 @@ class TagListTest : public QObject {
         TestShell ts;
         codeEditor& doc = documentAndNode(ts, index);
         select(doc, 4, 3);
-        ts->tvwTags_DblClick();
+        ts->part<TagList>().tvwTags_DblClick();
         const QString text = q < 0
                                  ? QStringLiteral("one ") + t + "two three"
                                  : QStringLiteral("one ") + t.left(q) + "two" + t.mid(q) + " three";
@@ -133,9 +134,9 @@ class TagListTest : public QObject {
     void anchorsInWords() {
         TestShell ts;
         codeEditor& doc = documentWith(ts, QStringLiteral("click here"));
-        ts->tvwTags_MouseDown(0);
+        ts->part<TagList>().tvwTags_MouseDown(0);
         select(doc, 6, 4);
-        ts->tvwTags_DblClick();
+        ts->part<TagList>().tvwTags_DblClick();
         QCOMPARE(doc.codebox().Text(), QStringLiteral("click <a href=\"\">here</a>"));
         QCOMPARE(doc.codebox().SelText(), QStringLiteral("here"));
     }
@@ -147,14 +148,14 @@ class TagListTest : public QObject {
             codeEditor& doc = documentAndNode(ts, 6);
             ts->bLayoutActive = layout;
             doc.SelectedTab = tab;
-            ts->tvwTags_DblClick();
+            ts->part<TagList>().tvwTags_DblClick();
             QCOMPARE(doc.codebox().Text(), kText);
             QVERIFY(!ts->bInsertingMarkup);
             QString data;
-            QVERIFY(!ts->tvwTags_OLEStartDrag(data));
+            QVERIFY(!ts->part<TagList>().tvwTags_OLEStartDrag(data));
             doc.SelectedTab = 1;
             ts->bLayoutActive = false;
-            QVERIFY(ts->tvwTags_OLEStartDrag(data));
+            QVERIFY(ts->part<TagList>().tvwTags_OLEStartDrag(data));
         }
     }
 
@@ -170,9 +171,9 @@ class TagListTest : public QObject {
         TestShell ts;
         const QString big(40000, QLatin1Char('x'));
         codeEditor& doc = documentWith(ts, big);
-        ts->tvwTags_MouseDown(node);
+        ts->part<TagList>().tvwTags_MouseDown(node);
         select(doc, start, 5);
-        ts->dispatch([&] { ts->tvwTags_DblClick(); });
+        ts->dispatch([&] { ts->part<TagList>().tvwTags_DblClick(); });
         QVERIFY(ts.platform.messages.isEmpty());
         QCOMPARE(doc.codebox().Text(), big);
         QVERIFY(ts->bInsertingMarkup);
@@ -182,7 +183,7 @@ class TagListTest : public QObject {
         TestShell ts;
         codeEditor& doc = documentAndNode(ts, 6);
         doc.Steps[1].SelLen = 3;
-        ts->tvwTags_DblClick();
+        ts->part<TagList>().tvwTags_DblClick();
         QCOMPARE(doc.Steps[1].SelLen, 0);
         doc.Undo();
         QCOMPARE(doc.codebox().SelStart(), 4);
@@ -192,13 +193,13 @@ class TagListTest : public QObject {
     void pressOnEmptySpaceKeepsTheNode() {
         TestShell ts;
         ts.load();
-        ts->tvwTags_MouseDown(6);
-        QCOMPARE(ts->tvwTags.ListIndex(), 6);
-        QCOMPARE(ts->sDraggedTag, QStringLiteral("<B>  </B>"));
-        ts->tvwTags_MouseDown(-1);
-        ts->tvwTags_MouseDown(89);
-        QCOMPARE(ts->tvwTags.ListIndex(), 6);
-        QCOMPARE(ts->sDraggedTag, QStringLiteral("<B>  </B>"));
+        ts->part<TagList>().tvwTags_MouseDown(6);
+        QCOMPARE(ts->part<TagList>().tvwTags.ListIndex(), 6);
+        QCOMPARE(ts->part<TagList>().sDraggedTag, QStringLiteral("<B>  </B>"));
+        ts->part<TagList>().tvwTags_MouseDown(-1);
+        ts->part<TagList>().tvwTags_MouseDown(89);
+        QCOMPARE(ts->part<TagList>().tvwTags.ListIndex(), 6);
+        QCOMPARE(ts->part<TagList>().sDraggedTag, QStringLiteral("<B>  </B>"));
     }
 
     void dragStart_data() { addNodeRows(); }
@@ -214,7 +215,7 @@ class TagListTest : public QObject {
         TestShell ts;
         documentAndNode(ts, index);
         QString data;
-        QVERIFY(ts->tvwTags_OLEStartDrag(data));
+        QVERIFY(ts->part<TagList>().tvwTags_OLEStartDrag(data));
         QCOMPARE(data, insertedOf(node));
         QCOMPARE(int(ts->nTagDropBack), back);
         QCOMPARE(int(ts->nStepCaretAdvance), advance);
@@ -228,10 +229,10 @@ class TagListTest : public QObject {
         TestShell ts;
         codeEditor& doc = documentAndNode(ts, 31, 0); // <H1>  </H1>
         QString data;
-        ts->tvwTags_OLEStartDrag(data);
+        ts->part<TagList>().tvwTags_OLEStartDrag(data);
         doc.codebox().setSelStart(4); // the pane's own drop
         doc.codebox().setSelText(data);
-        ts->tvwTags_OLECompleteDrag(1);
+        ts->part<TagList>().tvwTags_OLECompleteDrag(1);
         QCOMPARE(doc.codebox().Text(), QStringLiteral("one <h1></h1>two three"));
         QCOMPARE(doc.codebox().SelStart(), 8);
         QCOMPARE(doc.nDoneIndex, Int16(2));
@@ -248,7 +249,7 @@ class TagListTest : public QObject {
         codeEditor& doc = documentAndNode(ts, 31, 0);
         doc.Steps[1].SelLen = 3;
         QString data;
-        ts->tvwTags_OLEStartDrag(data);
+        ts->part<TagList>().tvwTags_OLEStartDrag(data);
         doc.codebox().setSelStart(4);
         doc.codebox().setSelText(data);
         QCOMPARE(doc.Steps[1].SelLen, 0);
@@ -263,8 +264,8 @@ class TagListTest : public QObject {
         auto& pane = static_cast<TextPane&>(doc.codebox());
         const int focus = pane.focusCount();
         QString data;
-        ts->tvwTags_OLEStartDrag(data);
-        ts->tvwTags_OLECompleteDrag(0);
+        ts->part<TagList>().tvwTags_OLEStartDrag(data);
+        ts->part<TagList>().tvwTags_OLECompleteDrag(0);
         QCOMPARE(pane.SelStart(), 6);
         QCOMPARE(pane.focusCount(), focus + 1);
     }

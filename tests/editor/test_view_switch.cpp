@@ -1,6 +1,7 @@
 // The three views of a document with engine-free surfaces: what each switch does to the text,
 // the temporary file, the undo history and the commands, and how the Layout surface's state
 // reaches the toolbars.
+#include "dialogs/table_chooser.h"
 #include "test_rows.h"
 #include "test_shell.h"
 #include <QDir>
@@ -319,14 +320,14 @@ class ViewSwitchTest : public QObject {
     void theTableStripOpensTheChooserBelowItsOwnButton() {
         Views v;
         v.show(2);
-        v.ts->tableChooser.DropDown.ButtonPosition = [](const QString& toolbar, int index) {
+        v.ts->part<TableChooser>().DropDown.ButtonPosition = [](const QString& toolbar, int index) {
             return toolbar == QLatin1String("tbrTable") && index == 0 ? QPoint(3000, 2000)
                                                                       : QPoint();
         };
         v.doc->tbrTable.press(0);
-        QVERIFY(v.ts->tableChooser.DropDown.IsShowing());
-        QCOMPARE(v.ts->tableChooser.DropDown.left(), 3100);
-        QCOMPARE(v.ts->tableChooser.DropDown.top(), 3000);
+        QVERIFY(v.ts->part<TableChooser>().DropDown.IsShowing());
+        QCOMPARE(v.ts->part<TableChooser>().DropDown.left(), 3100);
+        QCOMPARE(v.ts->part<TableChooser>().DropDown.top(), 3000);
     }
 
     void theBrowserStripPassesOverAnEmptyHistory() {

@@ -1,5 +1,6 @@
 // The Find & Replace window and Extended Replace with its file chooser, driven as the user
 // drives them: what they enable, what they ask and say, and what they change.
+#include "search/find_replace.h"
 #include "search/frm_choose_files.h"
 #include "search/frm_ext_find.h"
 #include "search/frm_find.h"
@@ -53,21 +54,21 @@ class SearchDialogsTest : public QObject {
   private slots:
     void findTakesTheSelectionOrTheLastSearch() {
         FindWindow w(QStringLiteral("one two one"), 4, 3);
-        w->Search.FindMatchCase = 1;
+        w->part<SearchSession>().Search.FindMatchCase = 1;
         frmFind& form = w.open();
         QCOMPARE(form.txtFind.Text(), QStringLiteral("two"));
-        QVERIFY(w->bFindOpen && w->Search.FindChanged);
+        QVERIFY(w->bFindOpen && w->part<SearchSession>().Search.FindChanged);
         QCOMPARE(form.chkCase.Value(), 1);
         QVERIFY(form.optDirectionDown.Value() && form.cmdFind.Enabled());
         QCOMPARE(form.Caption(), QStringLiteral("Find & Replace"));
         form.cmdCancel.press();
         QVERIFY(!w->bFindOpen);
-        QCOMPARE(w->Search.FindText, QStringLiteral("two"));
+        QCOMPARE(w->part<SearchSession>().Search.FindText, QStringLiteral("two"));
         // Reopened without a selection, it brings back the last search, direction down.
         w.pane().setSelStart(0);
-        w->Search.FindDirection = 0;
+        w->part<SearchSession>().Search.FindDirection = 0;
         QCOMPARE(w.open().txtFind.Text(), QStringLiteral("two"));
-        QCOMPARE(w->Search.FindDirection, Int16(1));
+        QCOMPARE(w->part<SearchSession>().Search.FindDirection, Int16(1));
     }
 
     void anEmptySearchTextTurnsTheActionsOff() {
@@ -284,7 +285,7 @@ class SearchDialogsTest : public QObject {
         const QString open = e.page("open.htm", "x");
         e.page("c.txt", "x");
         e.open(open);
-        e->sLastChooseDir = e.dir.path();
+        e->part<SearchSession>().sLastChooseDir = e.dir.path();
         frmExtFind& f = *e.form;
         f.FindBox.setText(QStringLiteral("x"));
         e.forms.then<frmChooseFiles>([&](frmChooseFiles& c) {
@@ -310,7 +311,7 @@ class SearchDialogsTest : public QObject {
                                             "be executed on them.")});
         QCOMPARE(f.lstFiles.items(), QStringList{b});
         QVERIFY(f.ReplaceButton.Enabled());
-        QCOMPARE(e->sLastChooseDir, e.dir.path());
+        QCOMPARE(e->part<SearchSession>().sLastChooseDir, e.dir.path());
         // Cancel keeps the list; reopened, the chooser starts with it.
         e.forms.then<frmChooseFiles>([&](frmChooseFiles& c) {
             QCOMPARE(c.lstHTMLFiles.items(), QStringList{b});

@@ -326,7 +326,7 @@ class CommandTableTest : public QObject {
         codeEditor& doc = withWordSelected(ts);
         ts->tbrTags.press(9);
         QCOMPARE(doc.codebox().Text(), QStringLiteral("word"));
-        ts->mnuTagsRight_Click();
+        ts->runMenuClick(QStringLiteral("mnuTagsRight"));
         QCOMPARE(doc.codebox().Text(), QStringLiteral("<p align=\"right\">word</p>"));
     }
 

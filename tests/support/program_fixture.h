@@ -5,8 +5,8 @@
 #include "scripted_platform.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
-#include "ui/main_window.h"
-#include "ui/workbench.h"
+#include "ui/window/main_window.h"
+#include "ui/window/workbench.h"
 #include <QTest>
 #include <memory>
 

@@ -1,12 +1,13 @@
 // The Preferences and About dialogs and the tag list pane, driven through their widgets.
+#include "markup/tag_list.h"
 #include "program_fixture.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
-#include "ui/form_host.h"
-#include "ui/main_window.h"
-#include "ui/source_editor.h"
-#include "ui/tag_pane.h"
-#include "ui/workbench.h"
+#include "ui/kit/form_host.h"
+#include "ui/window/main_window.h"
+#include "ui/source/source_editor.h"
+#include "ui/window/tag_pane.h"
+#include "ui/window/workbench.h"
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
@@ -185,7 +186,7 @@ class DialogsAndPaneTest : public QObject {
         p.settings.save(keys::Fuzzies, keys::TagListOpen, QStringLiteral("Yes"));
         p.start();
         TagListView* list = p.bench->window().tagPane()->list();
-        QCOMPARE(list->count(), p.shell().tvwTags.ListCount());
+        QCOMPARE(list->count(), p.shell().part<TagList>().tvwTags.ListCount());
         const auto found = list->findItems(QStringLiteral("<B>  </B>"), Qt::MatchExactly);
         QVERIFY(!found.isEmpty());
         list->scrollToItem(found.first());

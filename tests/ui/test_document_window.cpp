@@ -1,12 +1,13 @@
 // The real window on the offscreen platform: typing in a Source pane, saving and closing
 // through the menus, the bytes of the files, and the keys that belong to the window.
+#include "markup/tag_list.h"
 #include "program_fixture.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
 #include "test_shell.h"
-#include "ui/main_window.h"
-#include "ui/source_editor.h"
-#include "ui/workbench.h"
+#include "ui/window/main_window.h"
+#include "ui/source/source_editor.h"
+#include "ui/window/workbench.h"
 #include <QAction>
 #include <QApplication>
 #include <QMdiArea>
@@ -179,11 +180,11 @@ class DocumentWindowTest : public QObject {
         ShellMDI& shell = p.shell();
         p.active().codebox().setText(QStringLiteral("one two"));
         const int node =
-            static_cast<int>(shell.tvwTags.items().indexOf(QStringLiteral("<B>  </B>")));
+            static_cast<int>(shell.part<TagList>().tvwTags.items().indexOf(QStringLiteral("<B>  </B>")));
         QVERIFY(node >= 0);
-        shell.tvwTags_MouseDown(node);
+        shell.part<TagList>().tvwTags_MouseDown(node);
         QString data;
-        QVERIFY(shell.tvwTags_OLEStartDrag(data));
+        QVERIFY(shell.part<TagList>().tvwTags_OLEStartDrag(data));
         // The drop itself is the editor's: the text goes in where the pointer lets go.
         CodeBox* box = p.codebox();
         const QPoint where = box->cursorRect(4).center();
@@ -195,7 +196,7 @@ class DocumentWindowTest : public QObject {
         QApplication::sendEvent(box->viewport(), &move);
         QDropEvent drop(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(box->viewport(), &drop);
-        shell.tvwTags_OLECompleteDrag(1);
+        shell.part<TagList>().tvwTags_OLECompleteDrag(1);
         QCOMPARE(p.active().codebox().Text(), QStringLiteral("one <b></b>two"));
         QCOMPARE(p.active().codebox().SelStart(), 7);
         QCOMPARE(p.active().codebox().SelLength(), 0);

@@ -2,8 +2,8 @@
 // pressed, in Source view, and for those with a Layout path on the real engine in Layout view.
 #include "program_fixture.h"
 #include "test_shell.h"
-#include "ui/form_host.h"
-#include "ui/layout_surface.h"
+#include "ui/kit/form_host.h"
+#include "ui/layout/layout_surface.h"
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>

@@ -5,7 +5,7 @@
 // registering its view.
 #include "gadgets/form.h"
 #include "program_fixture.h"
-#include "ui/form_host.h"
+#include "ui/kit/form_host.h"
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAccessible>

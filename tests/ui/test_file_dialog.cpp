@@ -3,7 +3,7 @@
 #include "editor/file_system.h"
 #include "platform/common_dialog.h"
 #include "test_shell.h"
-#include "ui/qt_platform.h"
+#include "ui/desktop/qt_platform.h"
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>

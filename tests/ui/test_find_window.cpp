@@ -1,8 +1,9 @@
 // The real Find & Replace window beside the documents: typed into, its buttons pressed, the
 // document in front changed under it, and closed.
 #include "program_fixture.h"
+#include "search/find_replace.h"
 #include "search/frm_find.h"
-#include "ui/form_host.h"
+#include "ui/kit/form_host.h"
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
@@ -69,7 +70,7 @@ class FindWindowTest : public QObject {
 
         p.press("cmdCancel");
         QTRY_VERIFY(!p.findWindow());
-        QCOMPARE(p.shell().Search.FindText, QStringLiteral("body"));
+        QCOMPARE(p.shell().part<SearchSession>().Search.FindText, QStringLiteral("body"));
         QVERIFY(!p.shell().bFindOpen);
     }
 

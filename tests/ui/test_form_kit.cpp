@@ -3,8 +3,8 @@
 // modeless form owned by the host beside the main window, and a form with no view.
 #include "frm_tiny.h"
 #include "program_fixture.h"
-#include "ui/form_host.h"
-#include "ui/form_kit.h"
+#include "ui/kit/form_host.h"
+#include "ui/kit/form_kit.h"
 #include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,7 +16,7 @@ using namespace tsl::test;
 
 namespace {
 // The whole view of the small dialog.
-void buildTinyView(frmTiny& f, FormDialog& dialog, ShellMDI& shell) {
+void buildTinyView(frmTiny& f, FormDialog& dialog, DialogContext& shell) {
     using namespace kit;
     build(dialog, shell,
           Column({Group(f.fraTiny, {Field(f.lblSize, Spin(f.txtSize, f.udSize)),

@@ -1,7 +1,7 @@
 // The real Insert Hyperlink dialog: filled through its widgets, its OK pressed, the link in
 // the document with the word still selected.
 #include "program_fixture.h"
-#include "ui/form_host.h"
+#include "ui/kit/form_host.h"
 #include <QAction>
 #include <QComboBox>
 #include <QLineEdit>

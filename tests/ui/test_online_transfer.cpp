@@ -4,7 +4,7 @@
 #include "preview/browser_preview.h"
 #include "test_rows.h"
 #include "test_shell.h"
-#include "ui/net_transfer.h"
+#include "ui/desktop/net_transfer.h"
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>

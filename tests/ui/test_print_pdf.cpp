@@ -4,7 +4,7 @@
 #include "editor/text_pane.h"
 #include "print/print_pane_text.h"
 #include "test_rows.h"
-#include "ui/qt_printer.h"
+#include "ui/desktop/qt_printer.h"
 #include <QFile>
 #include <QPageLayout>
 #include <QPrinter>

@@ -9,7 +9,7 @@
 #include "shell/shell_mdi.h"
 #include "test_rows.h"
 #include "test_shell.h"
-#include "ui/source_editor.h"
+#include "ui/source/source_editor.h"
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>

@@ -3,7 +3,7 @@
 #include "program_fixture.h"
 #include "shell/code_editor.h"
 #include "shell/shell_mdi.h"
-#include "ui/source_editor.h"
+#include "ui/source/source_editor.h"
 #include <QTest>
 
 using namespace tsl;

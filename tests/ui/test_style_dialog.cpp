@@ -1,7 +1,7 @@
 // The style dialog on screen: fields set on several tabs, saved under a name, loaded again in
 // a new opening, and OK writing the rule into the page.
 #include "program_fixture.h"
-#include "ui/form_host.h"
+#include "ui/kit/form_host.h"
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QAction>

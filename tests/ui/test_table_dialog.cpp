@@ -1,10 +1,11 @@
 // The Insert Table dialog and the table chooser on screen, driven through their widgets.
+#include "dialogs/table_chooser.h"
 #include "program_fixture.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
-#include "ui/form_host.h"
-#include "ui/main_window.h"
-#include "ui/workbench.h"
+#include "ui/kit/form_host.h"
+#include "ui/window/main_window.h"
+#include "ui/window/workbench.h"
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -157,11 +158,11 @@ class TableDialogWidgetTest : public QObject {
         QVERIFY((popup->geometry().topLeft() - expected).manhattanLength() <= 4);
         QVERIFY(popup->geometry().top() >= button->mapToGlobal(QPoint(0, button->height())).y());
         QTest::mouseMove(popup, QPoint(60, 40));
-        QCOMPARE(p.shell().tableChooser.picDropDown.label, QStringLiteral("3 x 2 table"));
+        QCOMPARE(p.shell().part<TableChooser>().picDropDown.label, QStringLiteral("3 x 2 table"));
         // Beyond the right edge the grid grows.
         QTest::mouseMove(popup, QPoint(130, 40));
         QCOMPARE(popup->width(), 150);
-        QCOMPARE(p.shell().tableChooser.picDropDown.label, QStringLiteral("6 x 2 table"));
+        QCOMPARE(p.shell().part<TableChooser>().picDropDown.label, QStringLiteral("6 x 2 table"));
         saveShot(*popup, QStringLiteral("table-chooser"));
         QTest::mouseMove(popup, QPoint(60, 40));
         QTest::mouseClick(popup, Qt::LeftButton, Qt::NoModifier, QPoint(60, 40));
@@ -206,7 +207,7 @@ class TableDialogWidgetTest : public QObject {
         auto* popup = p.bench->window().findChild<QWidget*>(QStringLiteral("picDropDown"));
         QTRY_VERIFY(popup->isVisible());
         popup->close();
-        QVERIFY(!p.shell().tableChooser.DropDown.IsShowing());
+        QVERIFY(!p.shell().part<TableChooser>().DropDown.IsShowing());
         QCOMPARE(p.text(), before);
     }
 };

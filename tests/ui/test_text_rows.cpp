@@ -3,7 +3,7 @@
 // up edit by edit always valid for the text.
 #include "random_documents.h"
 #include "test_rows.h"
-#include "ui/text_rows.h"
+#include "ui/source/text_rows.h"
 #include <QRandomGenerator>
 #include <QTest>
 

@@ -2,8 +2,8 @@
 // exact and raise one Change, the mouse selects, lines wrap or scroll, a line of megabytes stays
 // cheap, and the editor shows the pane's own text with layouts for the rows on screen only.
 #include "test_rows.h"
-#include "ui/source_editor.h"
-#include "ui/text_moves.h"
+#include "ui/source/source_editor.h"
+#include "ui/source/text_moves.h"
 #include <QAccessible>
 #include <QApplication>
 #include <QInputMethodEvent>

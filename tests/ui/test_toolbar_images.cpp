@@ -3,9 +3,9 @@
 #include "scripted_platform.h"
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
-#include "ui/icons.h"
-#include "ui/main_window.h"
-#include "ui/workbench.h"
+#include "ui/desktop/icons.h"
+#include "ui/window/main_window.h"
+#include "ui/window/workbench.h"
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>

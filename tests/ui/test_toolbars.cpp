@@ -5,10 +5,10 @@
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
 #include "test_rows.h"
-#include "ui/main_window.h"
-#include "ui/menu_binder.h"
-#include "ui/tag_pane.h"
-#include "ui/workbench.h"
+#include "ui/window/main_window.h"
+#include "ui/kit/menu_binder.h"
+#include "ui/window/tag_pane.h"
+#include "ui/window/workbench.h"
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -190,7 +190,7 @@ class ToolbarsTest : public QObject {
             return QIcon(pixmap);
         };
         QMenuBar bar;
-        binder.buildMenuBar(&bar);
+        binder.buildMenuBar(&bar, p.shell().menuBar());
         const auto find = [&bar](const char* name) {
             return bar.findChild<QAction*>(QLatin1String(name));
         };

@@ -4,9 +4,9 @@
 #include "shell/settings_store.h"
 #include "shell/shell_mdi.h"
 #include "test_shell.h"
-#include "ui/layout_surface.h"
-#include "ui/main_window.h"
-#include "ui/workbench.h"
+#include "ui/layout/layout_surface.h"
+#include "ui/window/main_window.h"
+#include "ui/window/workbench.h"
 #include <QApplication>
 #include <QBuffer>
 #include <QImage>
