@@ -1,8 +1,8 @@
 // Commands that write markup without a dialog: wraps, paragraph and line break, entities,
 // dates, the comment, the badge, and Cut, Copy, Paste, Select All, Undo and Redo.
+#include "markup/insert_commands.h"
 #include "markup/markup_steps.h"
 #include "runtime/resume.h"
-#include "markup/insert_commands.h"
 #include "shell/command_registry.h"
 #include "shell/shell_core.h"
 #include <QLocale>
@@ -18,8 +18,7 @@ codeEditor& activeDocument(ShellCore& shell) {
 }
 } // namespace
 
-MarkupCommands::MarkupCommands(DialogContext& context)
-    : shell_(static_cast<ShellCore&>(context)) {}
+MarkupCommands::MarkupCommands(DialogContext& context) : shell_(static_cast<ShellCore&>(context)) {}
 
 const QString MarkupCommands::kBadgeMarkup = QStringLiteral(
     "<p><a href=\"https://www.tessaline.org/\">\n<img "
@@ -46,7 +45,7 @@ void MarkupCommands::mnuH_Click(int level) {
         const QString n = QString::number(level);
         if (shell_.bLayoutActive) {
             activeDocument(shell_).DHTMLEdit1().ExecCommand(layoutcmd::SetBlockFormat, 2,
-                                                           QStringLiteral("Heading ") + n);
+                                                            QStringLiteral("Heading ") + n);
             return;
         }
         wrap(QStringLiteral("<h") + n + QLatin1Char('>'),

@@ -1,6 +1,6 @@
 // The tag list: HTML tags as the text they insert, put in by double click or by drag.
-#include "runtime/resume.h"
 #include "markup/tag_list.h"
+#include "runtime/resume.h"
 #include "shell/code_editor.h"
 #include "shell/command_registry.h"
 #include <algorithm>
@@ -147,7 +147,8 @@ void TagList::tvwTags_DblClick() {
 bool TagList::tvwTags_OLEStartDrag(QString& data) {
     shell_.bTagDropPending = true;
     shell_.bInsertingMarkup = true;
-    const bool allowed = !(shell_.bLayoutActive || (shell_.ActiveForm() && shell_.ActiveForm()->SelectedTab == 3));
+    const bool allowed =
+        !(shell_.bLayoutActive || (shell_.ActiveForm() && shell_.ActiveForm()->SelectedTab == 3));
     silentExit([&] {
         shell_.CurrentDocument = shell_.ActiveForm();
         data = sDraggedTag;

@@ -1,7 +1,7 @@
 // The Edit commands every document shares (Cut, Copy, Paste, Select All, Undo, Redo) and the
 // one path by which markup reaches the document in front.
-#include "shell/command_registry.h"
 #include "runtime/resume.h"
+#include "shell/command_registry.h"
 #include "shell/shell_core.h"
 
 namespace tsl {

@@ -366,8 +366,7 @@ void codeEditor::tbrTable_ButtonClick(int index) {
         {10, layoutcmd::SplitCell}};
     for (const auto& [button, id] : commands)
         if (index == button) layout_->ExecCommand(id, 2);
-    if (index == 0)
-        shell_.runAction(QStringLiteral("tableChooserFromTable"));
+    if (index == 0) shell_.runAction(QStringLiteral("tableChooserFromTable"));
     if (index == 12) {
         const bool on = !tbrTable.ButtonChecked(12);
         shell_.settings().save(keys::Fuzzies, keys::ShowBorders,

@@ -2,6 +2,7 @@
 // The browser engine behind the Layout and Preview views, as the view uses it. The engine
 // lives in a library of its own that is loaded when a document first shows Layout or Preview,
 // so that start-up neither loads nor pays for it.
+// Open to every floor of the view above the desktop, and to the engine module (src/web).
 #include <QString>
 #include <QUrl>
 #include <QVariant>

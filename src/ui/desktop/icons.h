@@ -2,6 +2,7 @@
 // Pictures for the menus, by key ("New", "Open", "Save", ... "Help"). They are the toolbar
 // pictures' own SVG sources, compiled into the program, so a menu icon never goes missing and
 // is drawn sharp at any screen scale.
+// Open to the kit and the window.
 #include <QIcon>
 #include <QString>
 

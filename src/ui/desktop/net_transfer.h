@@ -2,6 +2,7 @@
 // The internet transfer of the real program, on QtNetwork. OpenURL waits in a loop of its own
 // that repaints the windows but lets no input of the user through, so the command sees a call
 // that returns with the text.
+// Used by QtPlatform alone.
 #include "platform/url_transfer.h"
 #include <QNetworkAccessManager>
 

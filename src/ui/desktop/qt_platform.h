@@ -1,5 +1,6 @@
 #pragma once
 // The desktop services of the real program, on Qt.
+// Open to the window and main(); the logic sees it only as a Platform.
 #include "platform/platform.h"
 #include "ui/desktop/net_transfer.h"
 #include <QObject>

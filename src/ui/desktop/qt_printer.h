@@ -1,6 +1,7 @@
 #pragma once
 // The printer of the real program: a print job on a QPrinter, and the printing of an engine
 // page through the same kind of printer.
+// Used by QtPlatform and the Layout surface.
 #include "platform/printer_device.h"
 #include <QFont>
 #include <QPainter>

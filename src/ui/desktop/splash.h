@@ -1,5 +1,6 @@
 #pragma once
 // The picture shown while the program loads.
+// Used by main() alone.
 #include <QPixmap>
 
 namespace tsl {

@@ -1,6 +1,7 @@
 #pragma once
 // The table chooser on screen: a drop-down grid under a toolbar button that follows the
 // logic's chooser. It paints what the chooser drew and hands it the mouse in twips.
+// Open to the window, which makes the chooser's popup.
 #include <QPointer>
 #include <QWidget>
 

@@ -3,6 +3,7 @@
 // state and the rules; the widget shows it and hands the user's input back to it. Every
 // handler the user sets off runs through the shell's dispatcher. A binder may be a local of
 // the code that builds a dialog: the bindings it makes do not refer to it.
+// Open to every dialog view and to the window.
 #include "gadgets/controls.h"
 #include "gadgets/file_lists.h"
 #include <functional>

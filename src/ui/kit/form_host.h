@@ -1,6 +1,7 @@
 #pragma once
 // Shows the logic's forms as Qt dialogs, modal or modeless. Each form has a view that builds
 // its widgets and binds them to the form's controls; the dialog closes when the form unloads.
+// Open to the dialog views and to the window, which owns the host.
 #include "gadgets/form.h"
 #include <QDialog>
 #include <QPointer>

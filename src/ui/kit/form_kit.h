@@ -6,6 +6,7 @@
 //   kit::build(dialog, shell, Column({
 //       Group(form.fraSize, {Field(form.lblCols, Spin(form.ColBox, form.ColUpDown))}),
 //       Buttons({&form.OK, &form.Cancel})}));
+// Open to the dialog views: the one way a dialog is laid out.
 #include "gadgets/controls.h"
 #include "gadgets/file_lists.h"
 #include "gadgets/tab_control.h"

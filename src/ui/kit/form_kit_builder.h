@@ -1,5 +1,6 @@
 #pragma once
 // What the kit's items build with: the shell, the binder, and the label that names a field.
+// Internal to the kit.
 #include "shell/dialog_context.h"
 #include "ui/kit/binders.h"
 #include "ui/kit/form_kit.h"

@@ -1,6 +1,7 @@
 #pragma once
 // The menu bar and the toolbars on screen, made from the logic's menu tree and toolbar models.
 // Captions, check marks and enabled states come from the models; clicks go back to them.
+// Open to the window; the kit's toolbars use it too.
 #include <QHash>
 #include <QIcon>
 #include <QKeySequence>

@@ -1,6 +1,7 @@
 #pragma once
 // The find bar of the Layout view: a search in the page as it is shown, above the page.
 // Return finds the next occurrence, Shift+Return the one before, Escape closes the bar.
+// Internal to the Layout surface.
 #include <QWidget>
 
 class QCheckBox;

@@ -4,6 +4,7 @@
 // start-up. The logic reads the page synchronously: a read waits for the page's answer in a
 // nested event loop that lets no user input through, so an edit made just before a switch of
 // views is never lost. Command states and values are pushed from the page at each change.
+// Open to the window, which makes a surface for each document.
 #include "editor/surfaces.h"
 #include "ui/desktop/engine.h"
 #include <QHash>

@@ -2,6 +2,7 @@
 // The Source pane on screen: the pane holds the exact text, once, and its editor (CodeBox, a
 // TextView) shows and edits that same text, so no character is ever rewritten and the logic's
 // many reads of the whole text cost nothing.
+// Open to the window, which makes a pane for each document.
 #include "editor/surfaces.h"
 #include "ui/source/text_view.h"
 #include <QPointer>

@@ -4,6 +4,7 @@
 // punctuation) and the spaces after it; the end of each paragraph is a stop of its own. Only the
 // neighbourhood of the caret is read, so a move in a line of megabytes costs what it costs in a
 // short line. Positions are indices into the exact text.
+// Internal to the Source pane.
 #include <QString>
 
 namespace tsl::moves {

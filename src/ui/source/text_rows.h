@@ -4,6 +4,7 @@
 // out more than a few thousand characters however long the line. The index keeps the start of
 // each row and nothing else, and follows an edit in time proportional to the characters edited
 // plus the number of rows; the text itself stays with its owner.
+// Internal to the Source pane.
 #include <QString>
 #include <vector>
 

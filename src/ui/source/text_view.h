@@ -8,6 +8,7 @@
 // Scrolling: the vertical scroll bar counts rows (a line, or a cut of a very long line), and a
 // row taller than one line (a wrapped line) scrolls within itself by pixels; the largest value
 // is found from the last screenful alone. Everything stays linear in the rows on screen.
+// Internal to the Source pane; the window reaches the editor through QtSourcePane.
 #include "ui/source/text_moves.h"
 #include "ui/source/text_rows.h"
 #include <QAbstractScrollArea>

@@ -1,6 +1,7 @@
 #pragma once
 // What assistive technology reads of a TextView: an editable text of several lines, its text
 // and selection, and the characters, words, lines and paragraphs around a position.
+// Internal to the Source pane.
 class QAccessibleInterface;
 class QObject;
 class QString;

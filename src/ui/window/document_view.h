@@ -2,6 +2,7 @@
 // The inside of a document window: the three views in a stack, the view tabs below them, and
 // the tool strips and combos of the Layout and Preview views. WebEngine comes in only when a
 // document first shows Layout or Preview.
+// Internal to the window.
 #include <QWidget>
 
 class QStackedWidget;

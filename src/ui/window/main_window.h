@@ -1,6 +1,7 @@
 #pragma once
 // The main window on screen: menus, toolbars, the document tab strip, the document windows,
 // the tag list pane and the status bar, all following the logic's ShellMDI.
+// Open to main() and the widget tests.
 #include "ui/kit/menu_binder.h"
 #include <QHash>
 #include <QMainWindow>

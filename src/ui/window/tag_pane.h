@@ -1,5 +1,6 @@
 #pragma once
 // The tag list pane at the side of the main window, with the sizer that sets its width.
+// Internal to the window.
 #include <QListWidget>
 #include <QWidget>
 

@@ -2,6 +2,7 @@
 // The whole program on a given platform and settings store: the logic's main window, the
 // surfaces and dialogs of the view, and the window on screen. main() makes one; so do the
 // widget tests, with a scripted platform.
+// Open to main(), the benchmarks and the widget tests.
 #include "editor/surfaces.h"
 #include "ui/kit/form_host.h"
 #include <memory>

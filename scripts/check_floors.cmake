@@ -1,0 +1,52 @@
+# Fails when a source includes a header from a higher floor than its own.
+# Run: cmake -DSRC=<project>/src -P scripts/check_floors.cmake
+# The floors, lowest first. A file may include headers of its own floor and of the floors below;
+# the ui folders are floors of their own, so the longest matching prefix decides.
+set(FLOORS
+  runtime platform gadgets editor shell
+  markup dialogs search stylesheets preview print
+  ui/desktop ui/kit ui/source ui/layout web ui/dialogs ui/window app)
+
+function(floor_of path out)
+  set(found -1)
+  set(best 0)
+  set(index 0)
+  foreach(floor IN LISTS FLOORS)
+    string(LENGTH "${floor}/" len)
+    string(SUBSTRING "${path}" 0 ${len} head)
+    if(head STREQUAL "${floor}/" AND len GREATER best)
+      set(found ${index})
+      set(best ${len})
+    endif()
+    math(EXPR index "${index} + 1")
+  endforeach()
+  set(${out} ${found} PARENT_SCOPE)
+endfunction()
+
+if(NOT SRC)
+  message(FATAL_ERROR "Pass -DSRC=<project>/src")
+endif()
+file(GLOB_RECURSE files RELATIVE "${SRC}" "${SRC}/*.cpp" "${SRC}/*.h")
+set(violations 0)
+foreach(file IN LISTS files)
+  floor_of("${file}" own)
+  if(own EQUAL -1)
+    message(SEND_ERROR "${file}: its folder is on no floor; add it to FLOORS")
+    math(EXPR violations "${violations} + 1")
+    continue()
+  endif()
+  file(STRINGS "${SRC}/${file}" includes REGEX "^#include \"")
+  foreach(line IN LISTS includes)
+    string(REGEX REPLACE "^#include \"([^\"]+)\".*" "\\1" header "${line}")
+    floor_of("${header}" other)
+    if(other GREATER own)
+      list(GET FLOORS ${own} ownName)
+      list(GET FLOORS ${other} otherName)
+      message(SEND_ERROR "${file} includes ${header}: ${ownName} may not reach up to ${otherName}")
+      math(EXPR violations "${violations} + 1")
+    endif()
+  endforeach()
+endforeach()
+if(violations GREATER 0)
+  message(FATAL_ERROR "${violations} include(s) run up a floor")
+endif()
