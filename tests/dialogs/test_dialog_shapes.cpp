@@ -1,11 +1,10 @@
-// What every dialog shares, tested once against a small dialog: its controls found by name,
-// the buttons Enter and Escape press, the commit sequence in both views, Cancel, the key
-// filters, the colour picker, the file browse, and a modeless form's lifetime.
+// What every dialog shares, tested once against a small dialog: the buttons Enter and Escape
+// press, the commit sequence in both views, Cancel, the key filters, the colour picker and the
+// file browse. And every element dialog: the commands that open it, and its caption.
+#include "dialogs_helpers.h"
 #include "frm_tiny.h"
 #include "test_rows.h"
 #include "test_shell.h"
-#include <QPointer>
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -25,34 +24,44 @@ class DialogShapesTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void controlsAreFoundByName() {
+    // The caption is the text of the window's title: every dialog's, exactly.
+    void everyDialogOpensFromItsCommandsWithItsCaption_data() {
+        columns<QString, QString, int, QString>({"item", "toolbar", "button", "shown"});
+        row("page", "mnuEditProperties", "tbrTags", 11, "Colours: Page Properties");
+        row("anchor", "mnuInsertAnchor", "tbrTags", 13, "frmAnchor: Insert Anchor / Bookmark");
+        row("link", "mnuInsertHyperlink", "tbrTags", 14, "frmHyperlink: Insert Hyperlink");
+        row("image", "mnuInsertImage", "tbrTags", 16, "NewImage: Insert Image");
+        row("table", "mnuInsertTable", "tbrTags", 21, "frmTable: Insert Table");
+        row("css link", "mnuInsertLink", "tbrMain", 20, "frmLink: Link to ...");
+        row("style", "mnuInsertCSS", "tbrMain", 19, "frmStyle: Style Settings");
+    }
+    void everyDialogOpensFromItsCommandsWithItsCaption() {
+        QFETCH(QString, item);
+        QFETCH(QString, toolbar);
+        QFETCH(int, button);
         TestShell ts;
-        frmTiny form(*ts);
-        QCOMPARE(form.control("txtColour"), &form.txtColour);
-        QCOMPARE(form.find<UpDown>("udSize"), &form.udSize);
-        QCOMPARE(form.find<TextBox>("udSize"), nullptr);
-        QCOMPARE(form.control("nothing"), nullptr);
-        QStringList names;
-        for (Control* control : form.controls())
-            names.append(control->name());
-        QCOMPARE(names.first(), QStringLiteral("fraTiny"));
-        QCOMPARE(names.last(), QStringLiteral("Cancel"));
-        QCOMPARE(names.size(), 12);
-        QCOMPARE(form.lblSize.Caption(), QStringLiteral("&Size:"));
-        QCOMPARE(form.udSize.buddy, &form.txtSize);
+        ts.load();
+        QStringList seen;
+        for (int i = 0; i < 2; ++i)
+            ts.forms.scripts.enqueue([&](Form& f) {
+                seen.append(f.formName() + ": " + f.Caption());
+                f.Unload();
+            });
+        ts.run(item.toUtf8().constData());
+        (toolbar == QLatin1String("tbrTags") ? ts->tbrTags : ts->tbrMain).press(button);
+        QFETCH(QString, shown);
+        QCOMPARE(seen, (QStringList{shown, shown}));
+        QVERIFY(ts.platform.messages.isEmpty());
     }
 
     void theCloseBoxPressesTheCancelButton() {
         TestShell ts;
-        ts.load();
         frmTiny form(*ts);
-        QCOMPARE(form.defaultButton(), &form.OK);
-        QCOMPARE(form.cancelButton(), &form.Cancel);
+        QVERIFY(form.defaultButton() == &form.OK && form.cancelButton() == &form.Cancel);
         int cancelled = 0;
         form.Cancel.Click = [&] { ++cancelled; }; // a Cancel that keeps the dialog open
         form.closeBox();
-        QCOMPARE(cancelled, 1);
-        QVERIFY(form.isLoaded());
+        QVERIFY(cancelled == 1 && form.isLoaded());
         form.Cancel.Cancel = false; // with no cancel button the close box just unloads
         form.closeBox();
         QVERIFY(!form.isLoaded());
@@ -61,27 +70,25 @@ class DialogShapesTest : public QObject {
     void theCommitSequenceInSourceView() {
         TestShell ts;
         ts.load();
-        codeEditor& active = ts.active();
-        const QString before = active.codebox().Text();
-        const int caret = active.codebox().SelStart();
+        codeEditor& doc = ts.active();
+        const QString before = doc.codebox().Text();
+        const int caret = doc.codebox().SelStart();
+        ts->bCaretStepTaken = true;
         QVERIFY(!withTiny(ts, [](frmTiny& f) {
-            f.txtSize.setText("7");
+            setFields(f, "txtSize=7");
             f.OK.press();
         }));
-        QCOMPARE(active.codebox().Text(),
-                 insertedAt(before, caret, QStringLiteral("<tiny size=\"7\" color=\"\">")));
-        QCOMPARE(active.Tag, QStringLiteral("Dirty"));
-        QVERIFY(!ts->bInsertingMarkup);
-        QVERIFY(!ts->bCaretStepTaken);
+        QCOMPARE(doc.codebox().Text(), insertedAt(before, caret, "<tiny size=\"7\" color=\"\">"));
+        QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
+        QVERIFY(!ts->bInsertingMarkup && !ts->bCaretStepTaken);
         QVERIFY(ts->menu("mnuEditUndo").Enabled());
         ts.run("mnuEditUndo");
-        QCOMPARE(active.codebox().Text(), before);
+        QCOMPARE(doc.codebox().Text(), before);
     }
 
     void theCommitSequenceInLayoutView() {
         TestShell ts;
-        ts.load();
-        ts->bLayoutActive = true;
+        ts.load().bLayoutActive = true;
         const QString before = ts.active().codebox().Text();
         QVERIFY(!withTiny(ts, [](frmTiny& f) { f.OK.press(); }));
         QCOMPARE(layoutOf(ts.active()).pasted, QStringList{"<tiny size=\"1\" color=\"\">"});
@@ -92,19 +99,18 @@ class DialogShapesTest : public QObject {
     // A failure while building or inserting ends OK at once and silently: the dialog stays
     // open and the flag stays set.
     void aFailedCommitKeepsTheDialogOpen_data() {
-        QTest::addColumn<bool>("layout");
-        QTest::newRow("no number") << false;
-        QTest::newRow("refused paste") << true;
+        columns<bool>({"layout"});
+        row("no number", false);
+        row("refused paste", true);
     }
     void aFailedCommitKeepsTheDialogOpen() {
         QFETCH(bool, layout);
         TestShell ts;
-        ts.load();
-        ts->bLayoutActive = layout;
+        ts.load().bLayoutActive = layout;
         layoutOf(ts.active()).refusePaste = true;
         const QString before = ts.active().codebox().Text();
         QVERIFY(withTiny(ts, [layout](frmTiny& f) {
-            if (!layout) f.txtSize.setText("");
+            setFields(f, layout ? "" : "txtSize=");
             f.OK.press();
         }));
         QVERIFY(ts->bInsertingMarkup);
@@ -120,11 +126,10 @@ class DialogShapesTest : public QObject {
         int focused = 0;
         connect(&doc, &codeEditor::focusRequested, this, [&] { ++focused; });
         QVERIFY(!withTiny(ts, [](frmTiny& f) {
-            f.txtSize.setText("5");
+            setFields(f, "txtSize=5");
             f.Cancel.press();
         }));
-        QCOMPARE(doc.codebox().Text(), before);
-        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QCOMPARE(doc.codebox().Text() + doc.Tag, before + "Clean");
         QVERIFY(!ts->menu("mnuEditUndo").Enabled());
         QCOMPARE(focused, 1);
     }
@@ -132,18 +137,10 @@ class DialogShapesTest : public QObject {
     // Box, typed, shown: digits only; hex digits in capitals, up to the box's length.
     void keyFilters_data() {
         columns<QString, QString, QString>({"box", "typed", "shown"});
-        QTest::newRow("numeric") << "txtSize"
-                                 << "a1-b2.3"
-                                 << "123";
-        QTest::newRow("hex") << "txtColour"
-                             << "#ff00Gg"
-                             << "FF00";
-        QTest::newRow("hex, to its length") << "txtColour"
-                                            << "abcdef01"
-                                            << "ABCDEF";
-        QTest::newRow("no filter") << "txtFile"
-                                   << "a b.gif"
-                                   << "a b.gif";
+        row("numeric", "txtSize", "a1-b2.3", "123");
+        row("hex", "txtColour", "#ff00Gg", "FF00");
+        row("hex, to its length", "txtColour", "abcdef01", "ABCDEF");
+        row("no filter", "txtFile", "a b.gif", "a b.gif");
     }
     void keyFilters() {
         QFETCH(QString, box);
@@ -156,7 +153,7 @@ class DialogShapesTest : public QObject {
         target->typeText(typed);
         QCOMPARE(target->Text(), shown);
         target->typeKey(8);
-        QCOMPARE(target->Text(), shown.left(shown.size() - 1));
+        QCOMPARE(target->Text(), shown.chopped(1));
     }
 
     void theColourPicker() {
@@ -164,17 +161,21 @@ class DialogShapesTest : public QObject {
         frmTiny form(*ts);
         int focused = 0;
         connect(&form.txtColour, &Control::focusRequested, this, [&] { ++focused; });
-        ts.platform.colorAnswers.enqueue(0x0080FFu); // red FF, green 80, blue 00
+        // Red FF, green 80, blue 00; then blue alone, padded to six digits.
+        ts.platform.colorAnswers << 0x0080FFu << 0x050000u << std::nullopt;
         form.cmdColour.press();
         QCOMPARE(form.txtColour.Text(), QStringLiteral("FF8000"));
-        QCOMPARE(focused, 1);
-        ts.platform.colorAnswers.enqueue(0x050000u); // blue alone, padded to six digits
-        form.cmdColour.press();
-        QCOMPARE(form.txtColour.Text(), QStringLiteral("000005"));
-        ts.platform.colorAnswers.enqueue(std::nullopt);
         form.cmdColour.press();
         QCOMPARE(form.txtColour.Text(), QStringLiteral("000005"));
         QCOMPARE(focused, 2);
+        // A cancel does not hand back the earlier choice, even with a dialog set not to raise
+        // on cancel, whose setting it keeps.
+        form.cdTiny.CancelError = false;
+        form.txtColour.setText("ABCDEF");
+        form.cmdColour.press();
+        QCOMPARE(form.txtColour.Text(), QStringLiteral("ABCDEF"));
+        QCOMPARE(focused, 2);
+        QVERIFY(!form.cdTiny.CancelError);
         QVERIFY(ts.platform.messages.isEmpty());
     }
 
@@ -186,38 +187,21 @@ class DialogShapesTest : public QObject {
         ts->OpenSave.InitDir = "/web/site/";
         frmTiny form(*ts);
         form.cdTiny.InitDir = "/web/site/";
+        ts.platform.fileAnswers << FileDialogAnswer::file("/web/img/bg.gif")
+                                << FileDialogAnswer::file("/web/site/img/bg.gif")
+                                << FileDialogAnswer::cancel();
         // A link that climbs keeps the start folders.
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file("/web/img/bg.gif"));
         form.cmdFile.press();
-        QCOMPARE(form.txtFile.Text(), QStringLiteral("../img/bg.gif"));
-        QCOMPARE(form.cdTiny.InitDir, QStringLiteral("/web/site/"));
+        QCOMPARE(form.txtFile.Text() + form.cdTiny.InitDir,
+                 QStringLiteral("../img/bg.gif/web/site/"));
         QVERIFY(!ts->bRelativeUp);
         // Anything else clears them, a cancel too.
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file("/web/site/img/bg.gif"));
         form.cmdFile.press();
         QCOMPARE(form.txtFile.Text(), QStringLiteral("img/bg.gif"));
-        QCOMPARE(form.cdTiny.InitDir, QString());
-        QCOMPARE(ts->OpenSave.InitDir, QString());
+        QCOMPARE(form.cdTiny.InitDir + ts->OpenSave.InitDir, QString());
         form.cdTiny.InitDir = "/x/";
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
         form.cmdFile.press();
-        QCOMPARE(form.txtFile.Text(), QStringLiteral("img/bg.gif"));
-        QCOMPARE(form.cdTiny.InitDir, QString());
-    }
-
-    void aModelessFormLivesUntilItUnloads() {
-        TestShell ts;
-        ts.load();
-        auto owned = std::make_unique<frmTiny>(*ts);
-        QPointer<frmTiny> form = owned.get();
-        ts->forms().showModeless(std::move(owned));
-        QCOMPARE(ts.forms.modeless<frmTiny>(), form.data());
-        ts.run("mnuInsertParagraph"); // the main window goes on working meanwhile
-        form->txtSize.setText("3");
-        form->OK.press();
-        QVERIFY(!form.isNull()); // not freed under its own handler
-        QCOMPARE(ts.forms.modeless<frmTiny>(), nullptr);
-        QVERIFY(form.isNull());
+        QCOMPARE(form.txtFile.Text() + form.cdTiny.InitDir, QStringLiteral("img/bg.gif"));
     }
 };
 

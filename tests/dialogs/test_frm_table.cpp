@@ -1,192 +1,117 @@
 // The Insert Table dialog's own rules: its markup, the interplay of its fields, which boxes
 // filter which keys, what its common dialog starts with, and OK from the menu. The shapes it
 // shares with every dialog are tested once, in test_dialog_shapes.
-#include "dialogs/table_chooser.h"
 #include "dialogs/frm_table.h"
-#include "runtime/runtime_error.h"
+#include "dialogs_helpers.h"
+#include "test_rows.h"
 #include "test_shell.h"
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-const QString kDefaultRows =
-    QStringLiteral("   <tr>\n      <td>&nbsp;</td>\n      <td>&nbsp;</td>\n"
-                   "   </tr>\n   <tr>\n      <td>&nbsp;</td>\n"
-                   "      <td>&nbsp;</td>\n   </tr>\n");
+const QString kColourFields =
+    QStringLiteral("txtBC;lblBC;cmdBC;txtLB;lblLB;cmdLB;txtDB;lblDB;cmdDB");
 
-// The first line of the markup: the table tag.
-QString tableTag(const frmTable& form) {
-    return form.markup().section(QLatin1Char('\n'), 0, 0);
+QString rowOf(int columns, const QString& attributes = QString()) {
+    return "   <tr" + attributes + ">\n" +
+           QStringLiteral("      <td>&nbsp;</td>\n").repeated(columns) + "   </tr>\n";
 }
-
 } // namespace
 
 class TableDialogTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void theDefaultTable() {
-        TestShell ts;
-        frmTable form(*ts);
-        QCOMPARE(form.markup(), QStringLiteral("<table border=\"0\" width=\"100%\">\n") +
-                                    kDefaultRows + QStringLiteral("</table>"));
-    }
-
+    // Fields set, then the table tag written; the rows as they come by default.
     void tableAttributes_data() {
-        QTest::addColumn<std::function<void(frmTable&)>>("fill");
-        QTest::addColumn<QString>("tag");
-        using F = std::function<void(frmTable&)>;
-        QTest::newRow("spacing 2 and padding 1 write nothing") << F([](frmTable& f) {
-            f.Spacing.setText("2");
-            f.Padding.setText("1");
-        }) << "<table border=\"0\" width=\"100%\">";
-        QTest::newRow("spacing and padding 0 are written") << F([](frmTable& f) {
-            f.Spacing.setText("0");
-            f.Padding.setText("0");
-        }) << "<table cellspacing=\"0\" cellpadding=\"0\" border=\"0\" width=\"100%\">";
-        QTest::newRow("empty border") << F([](frmTable& f) { f.BorderBox.setText(""); })
-                                      << "<table border=\"\" width=\"100%\">";
-        QTest::newRow("border as typed") << F([](frmTable& f) { f.BorderBox.setText("2px"); })
-                                         << "<table border=\"2px\" width=\"100%\">";
-        QTest::newRow("width in pixels") << F([](frmTable& f) {
-            f.PixelsOpt.setValue(true);
-            f.WidthBox.setText("640");
-        }) << "<table border=\"0\" width=\"640\">";
-        QTest::newRow("no custom width")
-            << F([](frmTable& f) { f.WidthCheck.setValue(0); }) << "<table border=\"0\">";
-        QTest::newRow("background colour and file") << F([](frmTable& f) {
-            f.txtBGColour.setText("FF8000");
-            f.BackgroundBox.setText("img/bg.gif");
-        }) << "<table border=\"0\" width=\"100%\" bgcolor=\"#FF8000\" background=\"img/bg.gif\">";
-        QTest::newRow("all sides, colour left empty") << F([](frmTable& f) {
-            f.BorderBox.setText("1");
-            f.optAllSides.setValue(true);
-        }) << "<table border=\"1\" width=\"100%\" bordercolor=\"\">";
-        QTest::newRow("lighter and darker without #")
-            << F([](frmTable& f) {
-                   f.BorderBox.setText("1");
-                   f.optSpecLD.setValue(true);
-                   f.txtLB.setText("EEEEEE");
-                   f.txtDB.setText("333333");
-               })
-            << "<table border=\"1\" width=\"100%\" bordercolorlight=\"EEEEEE\" "
-               "bordercolordark=\"333333\">";
-        QTest::newRow("everything, in order")
-            << F([](frmTable& f) {
-                   f.Spacing.setText("5");
-                   f.Padding.setText("4");
-                   f.BorderBox.setText("3");
-                   f.WidthBox.setText("80");
-                   f.txtBGColour.setText("000000");
-                   f.BackgroundBox.setText("b.gif");
-                   f.optAllSides.setValue(true);
-                   f.txtBC.setText("FF0000");
-               })
-            << "<table cellspacing=\"5\" cellpadding=\"4\" border=\"3\" width=\"80%\" "
-               "bgcolor=\"#000000\" background=\"b.gif\" bordercolor=\"FF0000\">";
+        columns<QString, QString>({"fields", "tag"});
+        row("the default table", "", "<table border=\"0\" width=\"100%\">");
+        row("spacing 2 and padding 1 write nothing", "Spacing=2;Padding=1",
+            "<table border=\"0\" width=\"100%\">");
+        row("spacing and padding 0 are written", "Spacing=0;Padding=0",
+            "<table cellspacing=\"0\" cellpadding=\"0\" border=\"0\" width=\"100%\">");
+        row("empty border", "BorderBox=", "<table border=\"\" width=\"100%\">");
+        row("border as typed", "BorderBox=2px", "<table border=\"2px\" width=\"100%\">");
+        row("width in pixels", "PixelsOpt=1;WidthBox=640", "<table border=\"0\" width=\"640\">");
+        row("no custom width", "WidthCheck=0", "<table border=\"0\">");
+        row("background colour and file", "txtBGColour=FF8000;BackgroundBox=img/bg.gif",
+            "<table border=\"0\" width=\"100%\" bgcolor=\"#FF8000\" background=\"img/bg.gif\">");
+        row("all sides, colour left empty", "BorderBox=1;optAllSides=1",
+            "<table border=\"1\" width=\"100%\" bordercolor=\"\">");
+        row("lighter and darker without #", "BorderBox=1;optSpecLD=1;txtLB=EEEEEE;txtDB=333333",
+            "<table border=\"1\" width=\"100%\" bordercolorlight=\"EEEEEE\" "
+            "bordercolordark=\"333333\">");
+        row("everything, in order",
+            "Spacing=5;Padding=4;BorderBox=3;WidthBox=80;txtBGColour=000000;BackgroundBox=b.gif;"
+            "optAllSides=1;txtBC=FF0000",
+            "<table cellspacing=\"5\" cellpadding=\"4\" border=\"3\" width=\"80%\" "
+            "bgcolor=\"#000000\" background=\"b.gif\" bordercolor=\"FF0000\">");
     }
     void tableAttributes() {
-        QFETCH(std::function<void(frmTable&)>, fill);
+        QFETCH(QString, fields);
         QFETCH(QString, tag);
         TestShell ts;
         frmTable form(*ts);
-        fill(form);
-        QCOMPARE(tableTag(form), tag);
+        setFields(form, fields);
+        QCOMPARE(form.markup(), tag + "\n" + rowOf(2) + rowOf(2) + "</table>");
     }
 
-    void alignmentGoesOnEveryRow() {
+    // Alignment belongs to the rows; no rows leaves the table tags alone.
+    void theRows() {
         TestShell ts;
         frmTable form(*ts);
-        form.Alignment.setText("left");
-        form.cmbVAlign.setText("bottom");
-        form.RowBox.setText("3");
-        form.ColBox.setText("1");
+        setFields(form, "Alignment=left;cmbVAlign=bottom;RowBox=3;ColBox=1");
+        const QString tag = QStringLiteral("<table border=\"0\" width=\"100%\">\n");
         QCOMPARE(form.markup(),
-                 QStringLiteral("<table border=\"0\" width=\"100%\">\n") +
-                     QStringLiteral("   <tr align=\"left\" valign=\"bottom\">\n      "
-                                    "<td>&nbsp;</td>\n   </tr>\n")
-                         .repeated(3) +
-                     QStringLiteral("</table>"));
+                 tag + rowOf(1, " align=\"left\" valign=\"bottom\"").repeated(3) + "</table>");
+        setFields(form, "RowBox=0");
+        QCOMPARE(form.markup(), tag + "</table>");
     }
 
-    void noRowsLeavesTheTableTagsAlone() {
+    // The border width enables the border options; each option enables its colour fields
+    // and empties the others'.
+    void theBorderFields() {
         TestShell ts;
         frmTable form(*ts);
-        form.RowBox.setText("0");
-        QCOMPARE(form.markup(), QStringLiteral("<table border=\"0\" width=\"100%\">\n</table>"));
-    }
-
-    void theBorderWidthRulesTheBorderOptions() {
-        TestShell ts;
-        frmTable form(*ts);
-        QVERIFY(form.optNone.Value());
-        QVERIFY(!form.optAllSides.Enabled() && !form.optSpecLD.Enabled());
-        form.BorderBox.setText("2");
-        QVERIFY(form.optAllSides.Enabled() && form.optSpecLD.Enabled());
+        const QString fields = "optAllSides;optSpecLD;" + kColourFields;
+        QCOMPARE(enabledOf(form, fields), QString());
+        setFields(form, "BorderBox=2");
+        QCOMPARE(enabledOf(form, fields), QString("optAllSides;optSpecLD"));
         QVERIFY(form.optNone.Value()); // the current option stays
-        form.optAllSides.setValue(true);
-        form.txtBC.setText("ABCDEF");
-        form.BorderBox.setText("");
+        setFields(form, "optAllSides=1;txtBC=111111");
+        QCOMPARE(enabledOf(form, kColourFields), QString("txtBC;lblBC;cmdBC"));
+        setFields(form, "optSpecLD=1");
+        QCOMPARE(enabledOf(form, kColourFields), QString("txtLB;lblLB;cmdLB;txtDB;lblDB;cmdDB"));
+        setFields(form, "txtLB=222222;txtDB=333333;optAllSides=1");
+        QCOMPARE(valuesOf(form, "txtBC;txtLB;txtDB"), QString(";;"));
+        QCOMPARE(enabledOf(form, kColourFields), QString("txtBC;lblBC;cmdBC"));
+        setFields(form, "txtBC=444444;optNone=1");
+        QCOMPARE(enabledOf(form, fields), QString("optAllSides;optSpecLD"));
+        setFields(form, "optAllSides=1;txtBC=555555;BorderBox=");
         QVERIFY(form.optNone.Value());
-        QVERIFY(!form.optAllSides.Enabled() && !form.optSpecLD.Enabled());
+        QCOMPARE(enabledOf(form, fields), QString());
         QCOMPARE(form.txtBC.Text(), QString());
-        QVERIFY(!form.txtBC.Enabled() && !form.cmdBC.Enabled() && !form.lblBC.Enabled());
-        QCOMPARE(form.markup().section('\n', 0, 0),
-                 QStringLiteral("<table border=\"\" width=\"100%\">"));
-    }
-
-    void theBorderOptionsSwitchTheirColourFields() {
-        TestShell ts;
-        frmTable form(*ts);
-        form.BorderBox.setText("1");
-        const auto enabled = [&](std::initializer_list<Control*> controls) {
-            QStringList on;
-            for (Control* c : controls)
-                if (c->Enabled()) on.append(c->name());
-            return on;
-        };
-        const std::initializer_list<Control*> all = {&form.txtBC, &form.lblBC, &form.cmdBC,
-                                                     &form.txtLB, &form.lblLB, &form.cmdLB,
-                                                     &form.txtDB, &form.lblDB, &form.cmdDB};
-        QVERIFY(enabled(all).isEmpty());
-        form.optAllSides.setValue(true);
-        QCOMPARE(enabled(all), (QStringList{"txtBC", "lblBC", "cmdBC"}));
-        form.txtBC.setText("111111");
-        form.optSpecLD.setValue(true);
-        QCOMPARE(enabled(all), (QStringList{"txtLB", "lblLB", "cmdLB", "txtDB", "lblDB", "cmdDB"}));
-        QCOMPARE(form.txtBC.Text(), QString());
-        form.txtLB.setText("222222");
-        form.txtDB.setText("333333");
-        form.optAllSides.setValue(true);
-        QCOMPARE(form.txtLB.Text(), QString());
-        QCOMPARE(form.txtDB.Text(), QString());
-        form.optNone.setValue(true);
-        QVERIFY(enabled(all).isEmpty());
     }
 
     void theWidthFields() {
         TestShell ts;
         frmTable form(*ts);
-        form.WidthCheck.setValue(0);
-        QVERIFY(!form.PercentOpt.Enabled() && !form.PixelsOpt.Enabled() &&
-                !form.WidthBox.Enabled());
-        form.WidthCheck.setValue(1);
-        QVERIFY(form.PercentOpt.Enabled() && form.PixelsOpt.Enabled() && form.WidthBox.Enabled());
-        form.WidthBox.setText("100");
-        form.UpDown1.stepUp();
-        QCOMPARE(form.WidthBox.Text(), QStringLiteral("100"));
-        form.PixelsOpt.setValue(true);
-        QCOMPARE(form.WidthBox.Text(), QStringLiteral("100")); // the box is not touched
-        form.UpDown1.stepUp();
-        QCOMPARE(form.WidthBox.Text(), QStringLiteral("101"));
-        form.WidthBox.setText("2000");
-        form.UpDown1.stepUp();
-        QCOMPARE(form.WidthBox.Text(), QStringLiteral("2000"));
-        form.PercentOpt.setValue(true);
-        form.UpDown1.stepUp();
-        QCOMPARE(form.WidthBox.Text(), QStringLiteral("100"));
+        const QString width = QStringLiteral("PercentOpt;PixelsOpt;WidthBox");
+        setFields(form, "WidthCheck=0");
+        QCOMPARE(enabledOf(form, width), QString());
+        setFields(form, "WidthCheck=1;WidthBox=100");
+        QCOMPARE(enabledOf(form, width), width);
+        // The spinner's range follows the unit; the box is not touched when it changes.
+        const auto step = [&](const char* fields) {
+            setFields(form, fields);
+            form.UpDown1.stepUp();
+            return form.WidthBox.Text();
+        };
+        QCOMPARE(step(""), QStringLiteral("100"));
+        QCOMPARE(step("PixelsOpt=1"), QStringLiteral("101"));
+        QCOMPARE(step("WidthBox=2000"), QStringLiteral("2000"));
+        QCOMPARE(step("PercentOpt=1"), QStringLiteral("100"));
     }
 
     // Digits in the counts and the width, hex digits in the colours, anything in the border.
@@ -209,15 +134,13 @@ class TableDialogTest : public QObject {
     void theCommonDialogStartsWithImagesAndTheOpenFolder() {
         TestShell ts;
         ts.load();
-        ts.active().codebox().setFileName("/web/site/page.htm");
-        ts.active().txtFileTitle = "page.htm";
         ts->OpenSave.InitDir = "/web/site/";
         frmTable form(*ts);
         form.Form_Load();
         QCOMPARE(form.cdTable.InitDir, QStringLiteral("/web/site/"));
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file("/web/site/img/bg.gif"));
         form.Browse.press();
-        QCOMPARE(form.BackgroundBox.Text(), QStringLiteral("img/bg.gif"));
+        QCOMPARE(form.BackgroundBox.Text(), QStringLiteral("/web/site/img/bg.gif"));
         QCOMPARE(ts.platform.fileDialogsShown.last().Filter,
                  QStringLiteral("All Formats|*.gif; *.jpeg; *.jpg|GIF Format (*.gif)|*.gif|"
                                 "JPEG Format (*.jpg; *.jpeg)|*.jpg; *.jpeg"));
@@ -226,56 +149,31 @@ class TableDialogTest : public QObject {
         QCOMPARE(form.txtBGColour.Text(), QStringLiteral("FF8000"));
     }
 
-    void okInsertsAtTheCaretAndRecordsAStep() {
+    // An empty count fails silently, the dialog open and the flag set; then the table goes in
+    // at the caret as one step.
+    void okFromTheMenu() {
         TestShell ts;
         ts.load();
         codeEditor& doc = ts.active();
         const QString before = doc.codebox().Text();
         const int caret = doc.codebox().SelStart();
-        ts.forms.then<frmTable>([](frmTable& f) {
-            f.ColBox.setText("1");
-            f.RowBox.setText("1");
+        ts.forms.then<frmTable>([&](frmTable& f) {
+            setFields(f, "RowBox=");
+            f.OK.press();
+            QVERIFY(f.isLoaded() && ts->bInsertingMarkup);
+            QCOMPARE(doc.codebox().Text(), before);
+            setFields(f, "ColBox=1;RowBox=1");
             f.OK.press();
             QVERIFY(!f.isLoaded());
         });
-        ts->menu("mnuInsertTable").Click();
-        const QString table = QStringLiteral("<table border=\"0\" width=\"100%\">\n   <tr>\n      "
-                                             "<td>&nbsp;</td>\n   </tr>\n</table>");
-        QCOMPARE(doc.codebox().Text(), insertedAt(before, caret, table));
-        QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
-        QVERIFY(!ts->bInsertingMarkup);
-        QVERIFY(!ts->bCaretStepTaken);
-        QVERIFY(ts->menu("mnuEditUndo").Enabled());
-        QCOMPARE(ts->CurrentDocument, &doc);
-        ts->mnuEditUndo_Click();
-        QCOMPARE(doc.codebox().Text(), before);
-    }
-
-    void anEmptyCountKeepsTheDialogOpenWithTheFlagSet() {
-        TestShell ts;
-        ts.load();
-        const QString before = ts.active().codebox().Text();
-        bool stayed = false;
-        ts.forms.then<frmTable>([&](frmTable& f) {
-            f.RowBox.setText("");
-            f.OK.press();
-            stayed = f.isLoaded();
-        });
         ts.run("mnuInsertTable");
-        QVERIFY(stayed);
-        QVERIFY(ts->bInsertingMarkup);
-        QCOMPARE(ts.active().codebox().Text(), before);
+        QCOMPARE(doc.codebox().Text(),
+                 insertedAt(before, caret,
+                            "<table border=\"0\" width=\"100%\">\n" + rowOf(1) + "</table>"));
+        QVERIFY(!ts->bInsertingMarkup);
         QVERIFY(ts.platform.messages.isEmpty());
-    }
-
-    void theDrawTableButtonsOfTheTagsBar() {
-        TestShell ts;
-        ts.load();
-        ts.forms.then<frmTable>([](frmTable& f) { f.Cancel.press(); });
-        ts->tbrTags.press(21);
-        QCOMPARE(ts.forms.shown, QStringList{"frmTable"});
-        ts->tbrTags.press(22);
-        QVERIFY(ts->part<TableChooser>().DropDown.IsShowing());
+        ts.run("mnuEditUndo");
+        QCOMPARE(doc.codebox().Text(), before);
     }
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 // Shared set-up of the Source editor tests: a document with a known text and a one-step
-// history, a hand-driven clock, typing, and the state of the shared edit commands.
+// history, texts with their selection marked, the shell's markup flags, a hand-driven clock,
+// and the state of the shared edit commands.
 #include "editor/text_pane.h"
 #include "test_rows.h"
 #include "test_shell.h"
@@ -25,9 +26,42 @@ inline codeEditor& documentWith(TestShell& ts, const QString& text, int caret = 
     return doc;
 }
 
+// A shell and its one document, for the tests that need no more.
+struct Editing : TestShell {
+    codeEditor& doc;
+    explicit Editing(const QString& text, int caret = 0) : doc(documentWith(*this, text, caret)) {}
+};
+
 inline void select(codeEditor& doc, int start, int length) {
     doc.codebox().setSelStart(start);
     doc.codebox().setSelLength(length);
+}
+
+// A text with the selection marked: "|" the caret, "[" and "]" around a selection.
+inline QString marked(codeEditor& doc) {
+    const SourcePane& pane = doc.codebox();
+    QString text = pane.Text();
+    if (pane.SelLength() == 0) return text.insert(pane.SelStart(), u'|');
+    return text.insert(pane.SelStart() + pane.SelLength(), u']').insert(pane.SelStart(), u'[');
+}
+inline QString unmarked(QString text) {
+    return text.remove(u'|').remove(u'[').remove(u']');
+}
+// Puts a marked text in the pane, selection and all; the history is left alone.
+inline void setMarked(codeEditor& doc, const QString& text) {
+    doc.codebox().setText(unmarked(text));
+    const qsizetype caret = text.indexOf(u'|');
+    const qsizetype start = caret >= 0 ? caret : text.indexOf(u'[');
+    select(doc, int(start), caret >= 0 ? 0 : int(text.indexOf(u']') - start - 1));
+}
+
+// The shell's markup flag (m) and caret-step flag (c), as a string and back.
+inline QString flags(TestShell& ts) {
+    return QString(ts->bInsertingMarkup ? "m" : "") + (ts->bCaretStepTaken ? "c" : "");
+}
+inline void setFlags(TestShell& ts, const QString& on) {
+    ts->bInsertingMarkup = on.contains(u'm');
+    ts->bCaretStepTaken = on.contains(u'c');
 }
 
 // Sets the clock to a number of seconds since midnight.
@@ -64,6 +98,17 @@ inline bool redoOn(TestShell& ts) {
     const bool menu = ts->menu(QStringLiteral("mnuEditRedo")).Enabled();
     if (menu != ts->tbrMain.ButtonEnabled(12)) throw std::runtime_error("Redo button disagrees");
     return menu;
+}
+
+// What the Layout surface was sent: commands as "id,option,value", pastes, and its focus.
+inline QString surfaceLog(codeEditor& doc) {
+    QStringList out;
+    for (const auto& c : layoutOf(doc).commands)
+        out << QStringLiteral("%1,%2,%3").arg(c.id).arg(c.option).arg(c.value);
+    for (const QString& markup : layoutOf(doc).pasted)
+        out << QStringLiteral("paste ") + markup;
+    if (layoutOf(doc).focusCount > 0) out << QStringLiteral("focus");
+    return out.join(QStringLiteral("; "));
 }
 
 } // namespace tsl::test

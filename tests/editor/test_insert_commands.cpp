@@ -1,426 +1,234 @@
-// The commands that write markup without a dialog: wraps, paragraph, line break, entities,
-// dates, comment, badge, and the edit commands, in Source and Layout view.
+// The commands that write markup without a dialog (wraps, paragraph, line break, entities,
+// dates, comment, badge) and the edit commands, in Source and Layout view.
 #include "editor_fixture.h"
+#include "markup/insert_commands.h"
 
 using namespace tsl;
 using namespace tsl::test;
 
 namespace {
 const QString kText = QStringLiteral("one two three");
-
-// A document whose text is kText, two steps deep, so that Undo can pass over a step.
-codeEditor& twoStepDocument(TestShell& ts) {
-    codeEditor& doc = documentWith(ts, QStringLiteral("one two thre"));
-    doc.codebox().setSelStart(12);
-    doc.codebox().setSelText(QStringLiteral("e"));
-    doc.AddStep();
-    return doc;
-}
-
-void click(TestShell& ts, const QString& item) {
-    ts->menu(item).Click();
-}
-
-QString layoutCommands(codeEditor& doc) {
-    QStringList out;
-    for (const auto& c : layoutOf(doc).commands)
-        out << QStringLiteral("%1,%2,%3").arg(c.id).arg(c.option).arg(c.value);
-    return out.join(QLatin1Char(';'));
-}
 } // namespace
 
 class InsertCommandsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // Per wrap: item, open, close, whether the step below keeps the selection, the flags just
-    // after entry from both clear (markup, caret), the Layout command "id,option,value" (empty:
-    // works on the pane), whether Layout clears the flags and takes the focus, and whether a
-    // position past 16 bits fails silently.
-    void wraps_data() {
-        columns<QString, QString, QString, bool, bool, bool, QString, bool, bool, bool>(
-            {"item", "open", "close", "addsSelection", "entryMarkup", "entryCaret", "layout",
-             "layoutClears", "layoutFocus", "silent"});
-        const char* const rows[] = {"mnuH1|<h1>|</h1>|1|1|0|5043,2,Heading 1|0|0|1",
-                                    "mnuH2|<h2>|</h2>|1|0|1|5043,2,Heading 2|0|0|1",
-                                    "mnuH3|<h3>|</h3>|1|0|1|5043,2,Heading 3|0|0|1",
-                                    "mnuH4|<h4>|</h4>|1|0|1|5043,2,Heading 4|0|0|1",
-                                    "mnuH5|<h5>|</h5>|1|0|1|5043,2,Heading 5|0|0|1",
-                                    "mnuH6|<h6>|</h6>|1|0|1|5043,2,Heading 6|0|0|1",
-                                    "mnuSub|<sub>|</sub>|1|1|0||1|0|1",
-                                    "mnuSup|<sup>|</sup>|1|1|0||1|0|1",
-                                    "mnuTagsBlock|<blockquote>|</blockquote>|1|1|0|5018,0,|0|0|0",
-                                    "mnuTagsBold|<b>|</b>|1|1|0|5000,2,|1|0|1",
-                                    "mnuTagsCenter|<center>|</center>|1|1|0|5024,2,|1|1|0",
-                                    "mnuTagsItalic|<i>|</i>|1|0|0|5000,2,|1|0|1",
-                                    "mnuTagsRight|<p align=\"right\">|</p>|0|1|0|5026,2,|1|1|0",
-                                    "mnuTagsStrike|<strike>|</strike>|1|1|0|5000,2,|1|0|1",
-                                    "mnuTagsUnderline|<u>|</u>|1|1|0|5000,2,|1|0|1"};
+    // item # before: flags, view and history # pane before # pane after # flags after # steps
+    // after # pane after one Undo ("=": as before; none: not tried) # what the Layout surface
+    // got and the clipboard, if changed. Flags: m markup, c caret step; L Layout view, s a style
+    // sheet, b the text after already one step below. "|" is the caret, "[..]" the selection.
+    void commands_data() {
+        columns<QString, QString, QString, QString, QString, int, QString, QString>(
+            {"item", "in", "before", "after", "out", "steps", "undo", "log"});
+        const char* const rows[] = {
+            // Wraps keep the selection, saved below first (but not Right's); the flags end clear.
+            "mnuH1##one [two] three#one <h1>[two]</h1> three##2#=",
+            "mnuH2##one [two] three#one <h2>[two]</h2> three##2#=",
+            "mnuH3##one [two] three#one <h3>[two]</h3> three##2#=",
+            "mnuH4##one [two] three#one <h4>[two]</h4> three##2#=",
+            "mnuH5##one [two] three#one <h5>[two]</h5> three##2#=",
+            "mnuH6##one [two] three#one <h6>[two]</h6> three##2#=",
+            "mnuSub##one [two] three#one <sub>[two]</sub> three##2#=",
+            "mnuSup##one [two] three#one <sup>[two]</sup> three##2#=",
+            "mnuTagsBlock##one [two] three#one <blockquote>[two]</blockquote> three##2#=",
+            "mnuTagsBold##one [two] three#one <b>[two]</b> three##2#=",
+            "mnuTagsCenter##one [two] three#one <center>[two]</center> three##2#=",
+            "mnuTagsItalic##one [two] three#one <i>[two]</i> three##2#=",
+            "mnuTagsRight##one [two] three#one <p align=\"right\">[two]</p> three##2#|one two "
+            "three",
+            "mnuTagsStrike##one [two] three#one <strike>[two]</strike> three##2#=",
+            "mnuTagsUnderline##one [two] three#one <u>[two]</u> three##2#=",
+            // No selection: an empty pair, the caret between; Redo puts it back there.
+            "mnuH2##one |two three#one <h2>|</h2>two three##2#=",
+            "mnuTagsRight##one |two three#one <p align=\"right\">|</p>two three##2#=",
+            "mnuTagsBlock##one |two three#one <blockquote>|</blockquote>two three##2#=",
+            // After a caret move, with the result one step below: a step only when the command
+            // set the markup flag as it began.
+            "mnuH1#bc#one |two three#one <h1>|</h1>two three##3#",
+            "mnuH2#bc#one |two three#one <h2>|</h2>two three##2#",
+            "mnuTagsItalic#bc#one |two three#one <i>|</i>two three##2#",
+            "mnuTagsBold#bc#one |two three#one <b>|</b>two three##3#",
+            // Layout view: the surface's command, or the pane's wrap where there is none.
+            "mnuH1#Lc#one |two three#one |two three#mc#1##5043,2,Heading 1",
+            "mnuH2#Lc#one |two three#one |two three#c#1##5043,2,Heading 2",
+            "mnuH3#Lc#one |two three#one |two three#c#1##5043,2,Heading 3",
+            "mnuH4#Lc#one |two three#one |two three#c#1##5043,2,Heading 4",
+            "mnuH5#Lc#one |two three#one |two three#c#1##5043,2,Heading 5",
+            "mnuH6#Lc#one |two three#one |two three#c#1##5043,2,Heading 6",
+            "mnuSub#Lc#one |two three#one <sub>|</sub>two three##2#",
+            "mnuSup#Lc#one |two three#one <sup>|</sup>two three##2#",
+            "mnuTagsBlock#Lc#one |two three#one |two three#mc#1##5018,0,",
+            "mnuTagsBold#Lc#one |two three#one |two three##1##5000,2,",
+            "mnuTagsCenter#Lc#one |two three#one |two three##1##5024,2,; focus",
+            "mnuTagsItalic#Lc#one |two three#one |two three##1##5000,2,",
+            "mnuTagsRight#Lc#one |two three#one |two three##1##5026,2,; focus",
+            "mnuTagsStrike#Lc#one |two three#one |two three##1##5000,2,",
+            "mnuTagsUnderline#Lc#one |two three#one |two three##1##5000,2,",
+            // Paragraph, line break (a line feed alone, no selection saved) and comment.
+            "mnuInsertParagraph##one [two] three#one <p>[two] three##2#=",
+            "mnuInsertParagraph##|one two three#<p>|one two three##2#=",
+            "mnuInsertParagraph#L#one |two three#one |two three##1##paste <p>",
+            "mnuInsertParagraph#b#one |two three#one <p>|two three##2#",
+            "mnuInsertBreak##one [two] three#one <br>\n| three##2#one two| three",
+            "mnuInsertBreak#L#one |two three#one |two three##1##paste <br>",
+            "mnuInsertBreak#b#one |two three#one <br>\n|two three##2#",
+            "mnuInsertComment##one [two] three#one <!-- [two] --> three##2#=",
+            "mnuInsertComment##one |two three#one <!-- | -->two three##2#=",
+            "mnuInsertComment#s#one [two] three#one /* [two] */ three##2#=",
+            "mnuInsertComment#s#one |two three#one /* | */two three##2#=",
+            "mnuInsertComment#b#one |two three#one <!-- | -->two three##2#",
+            // Single inserts. Group A (ampersand to less) saves the selection and, after a
+            // caret move, adds no step and leaves the flags; B (quote to trade) saves the
+            // selection, adds its step and clears the flags; C (space) as B, no selection saved.
+            "mnuInsertAmpersand##one [two] three#one &amp;| three##2#=",
+            "mnuInsertCopyright##one [two] three#one &copy;| three##2#=",
+            "mnuInsertGreater##one [two] three#one &gt;| three##2#=",
+            "mnuInsertLess##one [two] three#one &lt;| three##2#=",
+            "mnuInsertQuote##one [two] three#one &quot;| three##2#=",
+            "mnuInsertReg##one [two] three#one &reg;| three##2#=",
+            "mnuInsertTrade##one [two] three#one &trade;| three##2#=",
+            "mnuInsertSpace##one [two] three#one &nbsp;| three##2#one two| three",
+            "mnuInsertAmpersand#mc#one [two] three#one &amp;| three#mc#1#",
+            "mnuInsertCopyright#mc#one [two] three#one &copy;| three#mc#1#",
+            "mnuInsertGreater#mc#one [two] three#one &gt;| three#mc#1#",
+            "mnuInsertLess#mc#one [two] three#one &lt;| three#mc#1#",
+            "mnuInsertQuote#mc#one [two] three#one &quot;| three##2#=",
+            "mnuInsertReg#mc#one [two] three#one &reg;| three##2#=",
+            "mnuInsertTrade#mc#one [two] three#one &trade;| three##2#=",
+            "mnuInsertSpace#mc#one [two] three#one &nbsp;| three##2#one two| three",
+            "mnuInsertAmpersand#Lc#one |two three#one |two three#c#1##paste &amp;",
+            "mnuInsertQuote#Lc#one |two three#one |two three##1##paste &quot;",
+            "mnuInsertSpace#Lc#one |two three#one |two three##1##paste &nbsp;",
+            "mnuInsertQuote#b#one |two three#one &quot;|two three##2#",
+            "mnuInsertSpace#b#one |two three#one &nbsp;|two three##2#",
+            // Dates (group D): no selection saved, no step after a caret move.
+            "mnuInsertDate4##one [two] three#one 05/03/26 7:05:09| three##2#one two| three",
+            "mnuInsertDate4#mc#one [two] three#one 05/03/26 7:05:09| three#mc#1#",
+            "mnuInsertDate3#Lc#one |two three#one |two three#c#1##paste 05/03/26",
+            // Edit commands. Paste leaves the markup flag set, and adds no step after a caret
+            // move.
+            "mnuEditPaste##one [two] three#one TWO| three#m#2#=",
+            "mnuEditPaste#c#one [two] three#one TWO| three#mc#1#",
+            "mnuEditCut##[one] two three#| two three##2#=#clipboard one",
+            "mnuEditCopy##one [two ]three#one [two ]three##1##clipboard two ",
+            "mnuEditSelectall##one| two three#[one two three]##1#",
+            "mnuEditCut#L#[one] two three#[one] two three##1##5003,0,; focus",
+            "mnuEditCopy#L#[one] two three#[one] two three##1##5002,0,; focus",
+            "mnuEditPaste#L#[one] two three#[one] two three#m#1##5032,0,; focus",
+            "mnuEditSelectall#L#[one] two three#[one] two three##1##5035,0,",
+            "mnuEditUndo#L#[one] two three#[one] two three##1##5049,0,",
+            "mnuEditRedo#L#[one] two three#[one] two three##1##5033,0,",
+            "mnuFormatRemove#L#[one] two three#[one] two three##1##5034,0,",
+            "mnuFormatRemove##one |two three#one |two three##1##5034,0,",
+        };
         for (const char* row : rows) {
-            const QStringList f = QString::fromUtf8(row).split(u'|');
-            const auto on = [&](int i) { return f.at(i) == QLatin1String("1"); };
-            QTest::newRow(row) << f.at(0) << f.at(1) << f.at(2) << on(3) << on(4) << on(5)
-                               << f.at(6) << on(7) << on(8) << on(9);
+            const QStringList f = QString::fromUtf8(row).split(u'#');
+            QTest::newRow(qPrintable(QString::fromUtf8(row).replace(u'\n', u' ')))
+                << f[0] << f[1] << f[2] << f[3] << f[4] << f[5].toInt() << f[6] << f.value(7);
         }
     }
-
-    void wraps() {
+    void commands() {
+        QFETCH(QString, in);
+        QFETCH(QString, before);
+        QFETCH(QString, after);
+        Editing e(unmarked(in.contains(u'b') ? after : before));
+        setMarked(e.doc, before);
+        if (in.contains(u'b')) e.doc.AddStep();
+        e.doc.CSSDoc = in.contains(u's') ? QStringLiteral("Yes") : QStringLiteral("No");
+        e->bLayoutActive = in.contains(u'L');
+        setFlags(e, in);
+        e.platform.clipboard = QStringLiteral("TWO");
+        e.platform.clock = QDateTime(QDate(2026, 3, 5), QTime(7, 5, 9));
         QFETCH(QString, item);
-        QFETCH(QString, open);
-        QFETCH(QString, close);
-        QFETCH(bool, entryMarkup);
-        QFETCH(QString, layout);
-        QFETCH(bool, layoutClears);
-        QFETCH(bool, silent);
-        const QString wrapped = "one " + open + "two" + close + " three";
-        { // A selection: wrapped and kept, a step added.
-            TestShell ts;
-            codeEditor& doc = twoStepDocument(ts);
-            select(doc, 4, 3);
-            click(ts, item);
-            QCOMPARE(doc.codebox().Text(), wrapped);
-            QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
-            QCOMPARE(doc.codebox().SelLength(), 3);
-            QCOMPARE(doc.nDoneIndex, Int16(3));
-            QVERIFY(!ts->bInsertingMarkup && !ts->bCaretStepTaken);
-            doc.Undo();
-            QFETCH(bool, addsSelection);
-            if (addsSelection) {
-                QCOMPARE(doc.codebox().Text(), kText);
-                QCOMPARE(doc.codebox().SelStart(), 4);
-                QCOMPARE(doc.codebox().SelLength(), 3);
-                doc.Redo();
-                QCOMPARE(doc.codebox().Text(), wrapped);
-                QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
-                QCOMPARE(doc.codebox().SelLength(), 3);
-            } else {
-                // No selection saved below: one press passes over that step as well.
-                QCOMPARE(doc.codebox().Text(), QStringLiteral("one two thre"));
-                QCOMPARE(doc.codebox().SelStart(), 12);
-            }
-        }
-        { // No selection: an empty pair, the caret between, the step ends past the close.
-            TestShell ts;
-            codeEditor& doc = twoStepDocument(ts);
-            doc.codebox().setSelStart(4);
-            click(ts, item);
-            QCOMPARE(doc.codebox().Text(), "one " + open + close + "two three");
-            QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
-            QCOMPARE(doc.nDoneIndex, Int16(3));
-            QCOMPARE(doc.Steps[3].SelStart, 4 + open.size() + close.size());
-            QCOMPARE(doc.Steps[3].CaretBack, close.size());
-            QCOMPARE(ts->nStepCaretAdvance + ts->nStepCaretBack, 0);
-            doc.Undo();
-            QCOMPARE(doc.codebox().SelStart(), 4);
-            doc.Redo();
-            QCOMPARE(doc.codebox().SelStart(), 4 + open.size());
-        }
-        { // After a caret move, with the result already one step below, a step is added
-            // outright only when the markup flag was set on entry.
-            TestShell ts;
-            codeEditor& doc = documentWith(ts, "one " + open + close + "two three");
-            doc.codebox().setText(kText);
-            doc.codebox().setSelStart(4);
-            doc.AddStep();
-            ts->bCaretStepTaken = true;
-            click(ts, item);
-            QCOMPARE(doc.nDoneIndex, Int16(entryMarkup ? 3 : 2));
-        }
-        { // Layout view: the surface's command, or the pane's wrap when there is none.
-            TestShell ts;
-            codeEditor& doc = documentWith(ts, kText, 4);
-            ts->bLayoutActive = true;
-            ts->bCaretStepTaken = true;
-            click(ts, item);
-            QCOMPARE(layoutCommands(doc), layout);
-            QTEST(layoutOf(doc).focusCount == 1, "layoutFocus");
-            QCOMPARE(doc.codebox().Text() == kText, !layout.isEmpty());
-            QCOMPARE(ts->bInsertingMarkup, !layoutClears && entryMarkup);
-            QCOMPARE(ts->bCaretStepTaken, !layoutClears);
-        }
-        { // A selection starting past 32767 fails after the collapse and before any tag.
-            TestShell ts;
-            const QString big(40000, QLatin1Char('x'));
-            codeEditor& doc = documentWith(ts, big);
-            select(doc, 33000, 5);
-            ts->dispatch([&] { click(ts, item); });
-            QCOMPARE(ts.platform.messages.size(), silent ? 0 : 1);
-            if (!silent) QVERIFY(ts.platform.messages[0].text.startsWith("Run-time error '6'"));
-            QCOMPARE(doc.codebox().Text(), big);
-            QCOMPARE(doc.codebox().SelStart(), 33000);
-            QCOMPARE(doc.codebox().SelLength(), 0);
-            QTEST(ts->bInsertingMarkup, "entryMarkup");
-            QTEST(ts->bCaretStepTaken, "entryCaret");
-        }
+        e.run(qPrintable(item));
+        QCOMPARE(marked(e.doc), after);
+        QTEST(flags(e), "out");
+        QTEST(int(e.doc.nDoneIndex), "steps");
+        QCOMPARE(e->nStepCaretAdvance + e->nStepCaretBack, 0);
+        QString log = surfaceLog(e.doc);
+        if (e.platform.clipboard != QLatin1String("TWO"))
+            log +=
+                (log.isEmpty() ? "" : "; ") + QStringLiteral("clipboard ") + e.platform.clipboard;
+        QTEST(log, "log");
+        QFETCH(QString, undo);
+        if (undo.isEmpty()) return;
+        e.doc.Undo();
+        QCOMPARE(marked(e.doc), undo == QLatin1String("=") ? before : undo);
+        e.doc.Redo();
+        QCOMPARE(marked(e.doc), after);
     }
 
-    void paragraph() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        select(doc, 4, 3);
-        click(ts, QStringLiteral("mnuInsertParagraph"));
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one <p>two three"));
-        QCOMPARE(doc.codebox().SelStart(), 7);
-        QCOMPARE(doc.codebox().SelLength(), 3);
-        QCOMPARE(doc.Steps[1].SelLen, 3);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        doc.codebox().setSelStart(0);
-        click(ts, QStringLiteral("mnuInsertParagraph"));
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("<p>one <p>two three"));
-        QCOMPARE(doc.codebox().SelStart(), 3);
-        QVERIFY(!ts->bInsertingMarkup);
-        ts->bLayoutActive = true;
-        click(ts, QStringLiteral("mnuInsertParagraph"));
-        QCOMPARE(layoutOf(doc).pasted, QStringList{QStringLiteral("<p>")});
-    }
-
-    // Without a caret step the step call first looks at the step below.
-    void stepCallLooksBelow_data() {
-        columns<QString, QString>({"item", "result"});
-        for (const auto& [item, result] : {std::pair{"mnuInsertParagraph", "one <p>two three"},
-                                           std::pair{"mnuInsertBreak", "one <br>\ntwo three"},
-                                           std::pair{"mnuInsertComment", "one <!--  -->two three"},
-                                           std::pair{"mnuInsertQuote", "one &quot;two three"},
-                                           std::pair{"mnuInsertSpace", "one &nbsp;two three"}})
-            QTest::newRow(item) << QString::fromUtf8(item) << QString::fromUtf8(result);
-    }
-    void stepCallLooksBelow() {
-        QFETCH(QString, item);
-        QFETCH(QString, result);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, result);
-        doc.codebox().setText(kText);
-        doc.codebox().setSelStart(4);
-        doc.AddStep();
-        click(ts, item);
-        QCOMPARE(doc.codebox().Text(), result);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-    }
-
-    void lineBreakWritesALineFeedAlone() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        select(doc, 4, 3);
-        click(ts, QStringLiteral("mnuInsertBreak"));
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one <br>\n three"));
-        QCOMPARE(doc.codebox().SelStart(), 9);
-        QCOMPARE(doc.Steps[1].SelLen, 0);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        ts->bLayoutActive = true;
-        click(ts, QStringLiteral("mnuInsertBreak"));
-        QCOMPARE(layoutOf(doc).pasted, QStringList{QStringLiteral("<br>")});
-    }
-
-    // The single inserts by group: A adds no step after a caret move, B and C do; C saves
-    // no selection.
-    void singleInserts_data() {
-        columns<QString, QString, QString>({"item", "text", "group"});
-        const QStringList rows =
-            words("mnuInsertAmpersand &amp; A mnuInsertCopyright &copy; A mnuInsertGreater &gt; A "
-                  "mnuInsertLess &lt; A mnuInsertQuote &quot; B mnuInsertReg &reg; B "
-                  "mnuInsertTrade &trade; B mnuInsertSpace &nbsp; C");
+    // A selection starting past 32767 fails after the collapse and before any tag: silently,
+    // but for three commands, with the flags as the command set them at its start.
+    void wrapsPast16Bits_data() {
+        columns<QString, bool, QString>({"item", "loud", "flags"});
+        const QStringList rows = words(
+            "mnuH1 0 m mnuH2 0 c mnuH3 0 c mnuH4 0 c mnuH5 0 c mnuH6 0 c mnuSub 0 m mnuSup 0 m "
+            "mnuTagsBlock 1 m mnuTagsBold 0 m mnuTagsCenter 1 m mnuTagsItalic 0 - mnuTagsRight 1 m "
+            "mnuTagsStrike 0 m mnuTagsUnderline 0 m");
         for (int i = 0; i < rows.size(); i += 3)
-            QTest::newRow(qPrintable(rows.at(i))) << rows.at(i) << rows.at(i + 1) << rows.at(i + 2);
+            QTest::newRow(qPrintable(rows[i]))
+                << rows[i] << (rows[i + 1] == "1") << QString(rows[i + 2]).remove(u'-');
     }
-    void singleInserts() {
+    void wrapsPast16Bits() {
         QFETCH(QString, item);
-        QFETCH(QString, text);
-        QFETCH(QString, group);
-        const bool full = group != QLatin1String("A");
-        { // As after a paste, which leaves the markup flag, and a caret move.
-            TestShell ts;
-            codeEditor& doc = documentWith(ts, kText);
-            select(doc, 4, 3);
-            ts->bInsertingMarkup = true;
-            ts->bCaretStepTaken = true;
-            click(ts, item);
-            QCOMPARE(doc.codebox().Text(), "one " + text + " three");
-            QCOMPARE(doc.nDoneIndex, Int16(full ? 2 : 1));
-            QCOMPARE(ts->bInsertingMarkup, !full);
-            QCOMPARE(ts->bCaretStepTaken, !full);
-            QCOMPARE(doc.Steps[1].SelLen, group == QLatin1String("C") ? 0 : 3);
-        }
-        { // With both flags clear every group adds its step.
-            TestShell ts;
-            codeEditor& doc = documentWith(ts, kText, 4);
-            click(ts, item);
-            QCOMPARE(doc.nDoneIndex, Int16(2));
-            QVERIFY(!ts->bInsertingMarkup);
-        }
-        { // Layout view: pasted on the surface.
-            TestShell ts;
-            codeEditor& doc = documentWith(ts, kText, 4);
-            ts->bLayoutActive = true;
-            ts->bCaretStepTaken = true;
-            click(ts, item);
-            QCOMPARE(layoutOf(doc).pasted, QStringList{text});
-            QCOMPARE(doc.codebox().Text(), kText);
-            QCOMPARE(ts->bCaretStepTaken, !full);
-            QVERIFY(!ts->bInsertingMarkup);
-        }
+        QFETCH(bool, loud);
+        const QString big(40000, QLatin1Char('x'));
+        Editing e(big);
+        select(e.doc, 33000, 5);
+        e->dispatch([&] { e.run(qPrintable(item)); });
+        QCOMPARE(e.platform.messages.size(), loud ? 1 : 0);
+        if (loud) QVERIFY(e.platform.messages[0].text.startsWith("Run-time error '6'"));
+        QCOMPARE(e.doc.codebox().Text(), big);
+        QCOMPARE(e.doc.codebox().SelStart(), 33000);
+        QCOMPARE(e.doc.codebox().SelLength(), 0);
+        QTEST(flags(e), "flags");
     }
 
-    void dates() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        // The captions follow the clock each time the menu opens; the first date's state
-        // goes to all four.
-        ts.platform.clock = QDateTime(QDate(2026, 3, 5), QTime(7, 5, 9));
+    // The captions follow the clock each time the menu opens; the first date's state goes to
+    // all four.
+    void dateCaptions() {
+        Editing e(kText);
+        e.platform.clock = QDateTime(QDate(2026, 3, 5), QTime(7, 5, 9));
         const QLocale locale = QLocale::system();
-        const QString longDate = locale.dayName(4) + QStringLiteral(" 5 ") + locale.monthName(3) +
-                                 QStringLiteral(" 2026");
-        const QStringList expected = {longDate, longDate + QStringLiteral(" 7:05:09"),
-                                      QStringLiteral("05/03/26"),
-                                      QStringLiteral("05/03/26 7:05:09")};
-        ts->menu(QStringLiteral("mnuInsertDate1")).setEnabled(false);
-        click(ts, QStringLiteral("mnuInsert"));
+        const QString longDate =
+            locale.dayName(4) + QStringLiteral(" 5 ") + locale.monthName(3) + " 2026";
+        const QStringList expected = {longDate, longDate + " 7:05:09", "05/03/26",
+                                      "05/03/26 7:05:09"};
+        e->menu(QStringLiteral("mnuInsertDate1")).setEnabled(false);
+        e.run("mnuInsert");
         for (int n = 1; n <= 4; ++n) {
-            const MenuItem& entry = ts->menu(QStringLiteral("mnuInsertDate%1").arg(n));
+            const MenuItem& entry = e->menu(QStringLiteral("mnuInsertDate%1").arg(n));
             QCOMPARE(entry.Caption(), expected[n - 1]);
             QVERIFY(!entry.Enabled());
         }
-        // Group D: no selection is saved, and no step after a caret move.
-        select(doc, 4, 3);
-        ts->bInsertingMarkup = true;
-        ts->bCaretStepTaken = true;
-        click(ts, QStringLiteral("mnuInsertDate4"));
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one 05/03/26 7:05:09 three"));
-        QCOMPARE(doc.nDoneIndex, Int16(1));
-        QCOMPARE(doc.Steps[1].SelLen, 0);
-        QVERIFY(ts->bInsertingMarkup);
-        ts->bLayoutActive = true;
-        click(ts, QStringLiteral("mnuInsertDate3"));
-        QCOMPARE(layoutOf(doc).pasted, QStringList{QStringLiteral("05/03/26")});
     }
 
-    void comment_data() {
-        columns<QString, int, QString, int>({"cssDoc", "selLength", "text", "selStart"});
-        QTest::newRow("HTML") << "No" << 0 << "one <!--  -->two three" << 9;
-        QTest::newRow("HTML, selection") << "No" << 3 << "one <!-- two --> three" << 9;
-        QTest::newRow("CSS") << "Yes" << 0 << "one /*  */two three" << 7;
-        QTest::newRow("CSS, selection") << "Yes" << 3 << "one /* two */ three" << 7;
-    }
-    void comment() {
-        QFETCH(QString, cssDoc);
-        QFETCH(int, selLength);
-        QFETCH(int, selStart);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        doc.CSSDoc = cssDoc;
-        select(doc, 4, selLength);
-        click(ts, QStringLiteral("mnuInsertComment"));
-        QTEST(doc.codebox().Text(), "text");
-        QCOMPARE(doc.codebox().SelStart(), selStart);
-        QCOMPARE(doc.codebox().SelLength(), selLength);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        QCOMPARE(doc.Steps[1].SelLen, selLength);
-        QVERIFY(!ts->bInsertingMarkup);
-        doc.Undo();
-        QCOMPARE(doc.codebox().Text(), kText);
-        QCOMPARE(doc.codebox().SelStart(), 4);
-        doc.Redo();
-        QCOMPARE(doc.codebox().SelStart(), selStart);
-    }
-
-    void cutAndCopy() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        ts->setPasteEnabled(false);
-        ts->tbrMain.setButtonEnabled(9, false);
-        select(doc, 4, 4);
-        click(ts, QStringLiteral("mnuEditCopy"));
-        QCOMPARE(ts.platform.clipboard, QStringLiteral("two "));
-        QCOMPARE(doc.codebox().Text(), kText);
-        QCOMPARE(doc.nDoneIndex, Int16(1));
-        QVERIFY(ts->tbrMain.ButtonEnabled(9));
-        QVERIFY(ts->menu(QStringLiteral("mnuEditPaste")).Enabled());
-        select(doc, 0, 3);
-        click(ts, QStringLiteral("mnuEditCut"));
-        QCOMPARE(ts.platform.clipboard, QStringLiteral("one"));
-        QCOMPARE(doc.codebox().Text(), QStringLiteral(" two three"));
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        QVERIFY(undoOn(ts));
-        doc.Undo();
-        QCOMPARE(doc.codebox().SelStart(), 0);
-        QCOMPARE(doc.codebox().SelLength(), 3);
-    }
-
-    void pasteLeavesTheMarkupFlagSet() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        ts.platform.clipboard = QStringLiteral("2");
-        select(doc, 4, 3);
-        ts->bCaretStepTaken = true;
-        click(ts, QStringLiteral("mnuEditPaste"));
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one 2 three"));
-        QCOMPARE(doc.nDoneIndex, Int16(1)); // the caret step stands, so no step here
-        QCOMPARE(doc.Steps[1].SelLen, 3);
-        QVERIFY(ts->bInsertingMarkup);
-        QVERIFY(ts->bCaretStepTaken);
-        QVERIFY(undoOn(ts));
-        ts->bCaretStepTaken = false;
-        click(ts, QStringLiteral("mnuEditPaste"));
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-    }
-
-    void selectAll() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 3);
-        click(ts, QStringLiteral("mnuEditSelectall"));
-        QCOMPARE(doc.codebox().SelStart(), 0);
-        QCOMPARE(doc.codebox().SelLength(), kText.size());
-    }
-
-    // Item, Layout command, and whether the surface takes the focus.
-    void editCommandsInLayoutView_data() {
-        columns<QString, QString, bool>({"item", "layout", "focus"});
-        const QStringList rows =
-            words("mnuEditCut 5003,0, 1 mnuEditCopy 5002,0, 1 mnuEditPaste 5032,0, 1 "
-                  "mnuEditSelectall 5035,0, 0 mnuEditUndo 5049,0, 0 mnuEditRedo 5033,0, 0 "
-                  "mnuFormatRemove 5034,0, 0");
-        for (int i = 0; i < rows.size(); i += 3)
-            QTest::newRow(qPrintable(rows.at(i)))
-                << rows.at(i) << rows.at(i + 1) << (rows.at(i + 2) == QLatin1String("1"));
-    }
-    void editCommandsInLayoutView() {
-        QFETCH(QString, item);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        doc.codebox().setText(QStringLiteral("changed"));
-        doc.AddStep();
-        select(doc, 0, 3);
-        ts->bLayoutActive = true;
-        click(ts, item);
-        QTEST(layoutCommands(doc), "layout");
-        QTEST(layoutOf(doc).focusCount == 1, "focus");
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("changed"));
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        QCOMPARE(ts->bInsertingMarkup, item == QLatin1String("mnuEditPaste"));
-    }
-
-    void removeFormattingGoesToTheSurfaceInAnyView() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        ts->runMenuClick(QStringLiteral("mnuFormatRemove"));
-        QCOMPARE(layoutCommands(doc), QStringLiteral("5034,0,"));
+    void copyAndCutEnablePaste() {
+        for (const char* item : {"mnuEditCopy", "mnuEditCut"}) {
+            Editing e(kText);
+            select(e.doc, 0, 3);
+            e->setPasteEnabled(false);
+            e.run(item);
+            QVERIFY(e->tbrMain.ButtonEnabled(9));
+            QVERIFY(e->menu(QStringLiteral("mnuEditPaste")).Enabled());
+        }
     }
 
     void badge() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 4);
-        ts->tbrMain_ButtonClick(24);
-        const QString text = doc.codebox().Text();
-        QVERIFY(text.startsWith(QStringLiteral("one \n<p><a href=\"")));
-        QVERIFY(text.contains(QStringLiteral("\">\n<img src=\"")));
-        const QString tail = QStringLiteral(
-            "\" width=\"88\" height=\"31\" border=\"0\" alt=\"Tessaline Home Page\"></a>");
-        QVERIFY(text.endsWith(tail + QStringLiteral("two three")));
-        QCOMPARE(doc.codebox().SelStart(), text.size() - 9);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        QVERIFY(!ts->bInsertingMarkup);
-        ts->bLayoutActive = true;
-        ts->tbrMain_ButtonClick(24);
-        QCOMPARE(layoutOf(doc).pasted, QStringList{text.mid(5, text.size() - 14)});
+        Editing e(kText, 4);
+        e->tbrMain_ButtonClick(24);
+        const QString badge = QStringLiteral(
+            "<p><a href=\"https://www.tessaline.org/\">\n<img src=\"https://www.tessaline.org/"
+            "images/tessaline-88x31.png\" width=\"88\" height=\"31\" border=\"0\" "
+            "alt=\"Tessaline Home Page\"></a>");
+        QCOMPARE(marked(e.doc), "one \n" + badge + "|two three");
+        QCOMPARE(e.doc.nDoneIndex, Int16(2));
+        QCOMPARE(flags(e), QString());
+        e->bLayoutActive = true;
+        e->tbrMain_ButtonClick(24);
+        QCOMPARE(layoutOf(e.doc).pasted, QStringList{badge});
     }
 };
 

@@ -1,6 +1,7 @@
-// The tag list: its 89 templates, double clicks with and without a selection, and drags.
-#include "markup/tag_list.h"
+// The tag list: its templates, double clicks with and without a selection, and drags.
 #include "editor_fixture.h"
+#include "markup/tag_list.h"
+#include <QRegularExpression>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -8,63 +9,17 @@ using namespace tsl::test;
 namespace {
 const QString kText = QStringLiteral("one two three");
 
-enum Shape { Anchor, Paired, Single, Input };
-struct Node {
-    QString name;
-    Shape shape;
-};
-// After the two anchors, in alphabetical order; paired unless listed as single.
-const QStringList kNames =
-    QStringList{"A HREF", "A NAME"} +
-    words("ACRONYM ADDRESS APPLET AREA B BASE BASEFONT BGSOUND BIG BLINK BLOCKQUOTE BODY BR "
-          "CAPTION CENTER CITE CODE DD DEL DFN DIR DIV DL DT EM FONT FORM FRAME FRAMESET H1 H2 "
-          "H3 H4 H5 H6 HEAD HR HTML I IMG INPUT INS ISINDEX KBD LI LINK LISTING MAP MARQUEE MENU "
-          "META MULTICOL NEXTID NOBR NOFRAMES NOSCRIPT NOTE OL OPTION P PARAM PLAINTEXT PRE S "
-          "SAMP SCRIPT SELECT SMALL SPACER STRIKE STRONG STYLE SUB SUP TAB TABLE TD TEXTAREA TH "
-          "TITLE TR TT U UL VAR WBR XMP");
-const QStringList kSingles =
-    words("AREA BASE BASEFONT BGSOUND BR DD DT HR IMG ISINDEX LI LINK META NEXTID OPTION SPACER "
-          "TAB");
-
-Node nodeAt(int index) {
-    const QString& name = kNames.at(index);
-    return {name, index < 2                 ? Anchor
-                  : name == "INPUT"         ? Input
-                  : kSingles.contains(name) ? Single
-                                            : Paired};
-}
-
-QString templateOf(const Node& node) {
-    const QString& n = node.name;
-    switch (node.shape) {
-    case Anchor:
-        return QStringLiteral("<") + n + QStringLiteral("=\"\">  </A>");
-    case Paired:
-        return QStringLiteral("<%1>  </%1>").arg(n);
-    case Single:
-        return QStringLiteral("<%1>").arg(n);
-    case Input:
-        break;
+// The node of a tag by its name ("B", "A HREF"), pressed as the mouse does.
+int press(TestShell& ts, const QString& tag) {
+    TagList& list = ts->part<TagList>();
+    for (int i = 0; i < list.tvwTags.ListCount(); ++i) {
+        const QString entry = list.tvwTags.List(i);
+        if (entry.startsWith(u'<' + tag) && !entry.at(tag.size() + 1).isLetterOrNumber()) {
+            list.tvwTags_MouseDown(i);
+            return i;
+        }
     }
-    return QStringLiteral("<INPUT TYPE=></INPUT>");
-}
-
-// The inserted text: lower case, the placeholder gone.
-QString insertedOf(const Node& node) {
-    return templateOf(node).remove(QStringLiteral("  ")).toLower();
-}
-
-void addNodeRows() {
-    QTest::addColumn<int>("index");
-    QCOMPARE(kNames.size(), 89);
-    for (int i = 0; i < 89; ++i)
-        QTest::newRow(qPrintable(kNames.at(i))) << i;
-}
-
-codeEditor& documentAndNode(TestShell& ts, int index, int caret = 4) {
-    codeEditor& doc = documentWith(ts, kText, caret);
-    ts->part<TagList>().tvwTags_MouseDown(index);
-    return doc;
+    return -1;
 }
 } // namespace
 
@@ -72,200 +27,194 @@ class TagListTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void templates_data() { addNodeRows(); }
-    void templates() {
-        QFETCH(int, index);
+    // The two anchors, then every tag by name: a pair with room for the content between, or
+    // a single tag; INPUT is the odd one.
+    void theList() {
         TestShell ts;
         ts.load();
-        QCOMPARE(ts->part<TagList>().tvwTags.ListCount(), 89);
-        QCOMPARE(ts->part<TagList>().tvwTags.List(index), templateOf(nodeAt(index)));
+        const ListBox& tags = ts->part<TagList>().tvwTags;
+        QCOMPARE(tags.ListCount(), 89);
+        QCOMPARE(tags.List(0), QStringLiteral("<A HREF=\"\">  </A>"));
+        QCOMPARE(tags.List(1), QStringLiteral("<A NAME=\"\">  </A>"));
+        const QRegularExpression shape(QStringLiteral("<([A-Z0-9]+)>(  </\\1>)?"));
+        QString previous;
+        for (int i = 2; i < 89; ++i) {
+            const QString entry = tags.List(i);
+            const auto match = shape.match(entry);
+            const QString name = match.hasMatch() ? match.captured(1) : QStringLiteral("INPUT");
+            QVERIFY2(match.hasMatch() ? match.capturedLength() == entry.size()
+                                      : entry == QLatin1String("<INPUT TYPE=></INPUT>"),
+                     qPrintable(entry));
+            QVERIFY2(previous < name, qPrintable(name));
+            previous = name;
+        }
+        QCOMPARE(tags.List(press(ts, "B")), QStringLiteral("<B>  </B>"));
+        QCOMPARE(tags.List(press(ts, "H1")), QStringLiteral("<H1>  </H1>"));
+        for (const char* single : {"BR", "LI", "HR", "IMG", "META", "TAB"})
+            QCOMPARE(tags.List(press(ts, single)), QStringLiteral("<%1>").arg(single));
     }
 
-    void doubleClickAtCaret_data() { addNodeRows(); }
-    void doubleClickAtCaret() {
-        QFETCH(int, index);
-        const Node node = nodeAt(index);
-        const int openLength = int(node.name.size()) + 2;
-        const int length = insertedOf(node).size();
-        // Where the caret stands after the click, and after Undo and Redo.
-        const int caret = node.shape == Paired ? openLength : node.shape == Anchor ? 9 : length;
-        const int redo = node.shape == Anchor ? 11 : node.shape == Input ? -1 : caret;
-        TestShell ts;
-        codeEditor& doc = documentAndNode(ts, index);
-        ts->part<TagList>().tvwTags_DblClick();
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one ") + insertedOf(node) + "two three");
-        QCOMPARE(doc.codebox().SelStart(), 4 + caret);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        QVERIFY(!ts->bInsertingMarkup);
-        QCOMPARE(ts->nStepCaretAdvance, Int16(0));
-        QCOMPARE(ts->nStepCaretBack, Int16(0));
-        doc.Undo();
-        QCOMPARE(doc.codebox().Text(), kText);
-        QCOMPARE(doc.codebox().SelStart(), 4);
-        doc.Redo();
-        QCOMPARE(doc.codebox().SelStart(), 4 + redo);
+    // Per tag: a double click at the caret, where Redo puts the caret, a double click around a
+    // selection, and the drag's text with how far the caret goes back after the drop, the
+    // step's advance and its caret back.
+    void insertsAndDrags_data() {
+        columns<QString, QString, QString, QString, QString>(
+            {"tag", "atCaret", "redo", "aroundSelection", "drag"});
+        const char* const rows[] = {
+            "A HREF#one <a href=\"|\"></a>two three#one <a href=\"\">|</a>two three#"
+            "one <a href=\"\">[two]</a> three#<a href=\"\"></a> 6 4 4",
+            "A NAME#one <a name=\"|\"></a>two three#one <a name=\"\">|</a>two three#"
+            "one <a name=\"\">[two]</a> three#<a name=\"\"></a> 6 4 4",
+            "B#one <b>|</b>two three#=#one <b>[two]</b> three#<b></b> 4 4 4",
+            "H1#one <h1>|</h1>two three#=#one <h1>[two]</h1> three#<h1></h1> 5 5 5",
+            "BLOCKQUOTE#one <blockquote>|</blockquote>two three#=#"
+            "one <blockquote>[two]</blockquote> three#<blockquote></blockquote> 13 13 13",
+            "BR#one <br>|two three#=#one <br>[two] three#<br> 0 0 0",
+            "LI#one <li>|two three#=#one <li>[two] three#<li> 0 0 0",
+            // The odd entry: no room for content, so Redo and the selection land astray.
+            "INPUT#one <input type=></input>|two three#one| <input type=></input>two three#"
+            "one <input [typ]e=>two</input> three#<input type=></input> 0 8 22",
+        };
+        for (const char* row : rows) {
+            const QStringList f = QString::fromUtf8(row).split(u'#');
+            QTest::newRow(qPrintable(f[0])) << f[0] << f[1] << f[2] << f[3] << f[4];
+        }
     }
-
-    void doubleClickAroundSelection_data() { addNodeRows(); }
-    void doubleClickAroundSelection() {
-        QFETCH(int, index);
-        const Node node = nodeAt(index);
-        const QString t = insertedOf(node);
-        const int q = t.indexOf(QStringLiteral("</"));
-        TestShell ts;
-        codeEditor& doc = documentAndNode(ts, index);
-        select(doc, 4, 3);
-        ts->part<TagList>().tvwTags_DblClick();
-        const QString text = q < 0
-                                 ? QStringLiteral("one ") + t + "two three"
-                                 : QStringLiteral("one ") + t.left(q) + "two" + t.mid(q) + " three";
-        QCOMPARE(doc.codebox().Text(), text);
-        // The same text stays selected; the odd INPUT entry lands 7 on.
-        const int start = node.shape == Input ? 7 : q < 0 ? t.size() : q;
-        QCOMPARE(doc.codebox().SelStart(), 4 + start);
-        QCOMPARE(doc.codebox().SelLength(), 3);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        doc.Undo();
-        QCOMPARE(doc.codebox().Text(), kText);
-        QCOMPARE(doc.codebox().SelStart(), 4);
-        QCOMPARE(doc.codebox().SelLength(), 3);
-    }
-
-    void anchorsInWords() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, QStringLiteral("click here"));
-        ts->part<TagList>().tvwTags_MouseDown(0);
-        select(doc, 6, 4);
-        ts->part<TagList>().tvwTags_DblClick();
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("click <a href=\"\">here</a>"));
-        QCOMPARE(doc.codebox().SelText(), QStringLiteral("here"));
+    void insertsAndDrags() {
+        QFETCH(QString, tag);
+        QFETCH(QString, atCaret);
+        { // At the caret: one step, the flags and the caret's advance and back all clear.
+            Editing e(kText, 4);
+            press(e, tag);
+            e->part<TagList>().tvwTags_DblClick();
+            QCOMPARE(marked(e.doc), atCaret);
+            QCOMPARE(e.doc.nDoneIndex, Int16(2));
+            QCOMPARE(flags(e), QString());
+            QCOMPARE(e->nStepCaretAdvance + e->nStepCaretBack, 0);
+            e.doc.Undo();
+            QCOMPARE(marked(e.doc), QStringLiteral("one |two three"));
+            e.doc.Redo();
+            QFETCH(QString, redo);
+            QCOMPARE(marked(e.doc), redo == QLatin1String("=") ? atCaret : redo);
+        }
+        { // Around a selection, which stays selected and comes back with Undo.
+            Editing e(kText);
+            press(e, tag);
+            select(e.doc, 4, 3);
+            e->part<TagList>().tvwTags_DblClick();
+            QTEST(marked(e.doc), "aroundSelection");
+            QCOMPARE(e.doc.nDoneIndex, Int16(2));
+            e.doc.Undo();
+            QCOMPARE(marked(e.doc), QStringLiteral("one [two] three"));
+        }
+        Editing e(kText, 4);
+        press(e, tag);
+        QString data;
+        QVERIFY(e->part<TagList>().tvwTags_OLEStartDrag(data));
+        QFETCH(QString, drag);
+        QCOMPARE(QStringLiteral("%1 %2 %3 %4")
+                     .arg(data)
+                     .arg(e->nTagDropBack)
+                     .arg(e->nStepCaretAdvance)
+                     .arg(e->nStepCaretBack),
+                 drag);
+        QVERIFY(e->bDropPending && e->bTagDropPending && e->bInsertingMarkup);
     }
 
     // In Layout and in Preview neither a double click nor a drag inserts.
     void sourceViewOnly() {
         for (const auto& [layout, tab] : {std::pair{true, 2}, std::pair{false, 3}}) {
-            TestShell ts;
-            codeEditor& doc = documentAndNode(ts, 6);
-            ts->bLayoutActive = layout;
-            doc.SelectedTab = tab;
-            ts->part<TagList>().tvwTags_DblClick();
-            QCOMPARE(doc.codebox().Text(), kText);
-            QVERIFY(!ts->bInsertingMarkup);
+            Editing e(kText, 4);
+            press(e, "B");
+            e->bLayoutActive = layout;
+            e.doc.SelectedTab = tab;
+            e->part<TagList>().tvwTags_DblClick();
+            QCOMPARE(e.doc.codebox().Text(), kText);
+            QVERIFY(!e->bInsertingMarkup);
             QString data;
-            QVERIFY(!ts->part<TagList>().tvwTags_OLEStartDrag(data));
-            doc.SelectedTab = 1;
-            ts->bLayoutActive = false;
-            QVERIFY(ts->part<TagList>().tvwTags_OLEStartDrag(data));
+            QVERIFY(!e->part<TagList>().tvwTags_OLEStartDrag(data));
+            e.doc.SelectedTab = 1;
+            e->bLayoutActive = false;
+            QVERIFY(e->part<TagList>().tvwTags_OLEStartDrag(data));
         }
     }
 
     void failuresEndSilentlyWithFlagsSet_data() {
-        columns<int, int>({"node", "start"});
-        QTest::newRow("no node selected") << -1 << 4;
-        QTest::newRow("paired, selection past 32767") << 6 << 33000;
-        QTest::newRow("single, selection past 32767") << 5 << 33000;
+        columns<QString, int>({"tag", "start"});
+        QTest::newRow("no node selected") << "" << 4;
+        QTest::newRow("paired, selection past 32767") << "B" << 33000;
+        QTest::newRow("single, selection past 32767") << "AREA" << 33000;
     }
     void failuresEndSilentlyWithFlagsSet() {
-        QFETCH(int, node);
+        QFETCH(QString, tag);
         QFETCH(int, start);
-        TestShell ts;
         const QString big(40000, QLatin1Char('x'));
-        codeEditor& doc = documentWith(ts, big);
-        ts->part<TagList>().tvwTags_MouseDown(node);
-        select(doc, start, 5);
-        ts->dispatch([&] { ts->part<TagList>().tvwTags_DblClick(); });
-        QVERIFY(ts.platform.messages.isEmpty());
-        QCOMPARE(doc.codebox().Text(), big);
-        QVERIFY(ts->bInsertingMarkup);
+        Editing e(big);
+        if (!tag.isEmpty()) QVERIFY(press(e, tag) > 0);
+        select(e.doc, start, 5);
+        e->dispatch([&] { e->part<TagList>().tvwTags_DblClick(); });
+        QVERIFY(e.platform.messages.isEmpty());
+        QCOMPARE(e.doc.codebox().Text(), big);
+        QVERIFY(e->bInsertingMarkup);
     }
 
     void staleSelectionOfTheStepIsCleared() {
-        TestShell ts;
-        codeEditor& doc = documentAndNode(ts, 6);
-        doc.Steps[1].SelLen = 3;
-        ts->part<TagList>().tvwTags_DblClick();
-        QCOMPARE(doc.Steps[1].SelLen, 0);
-        doc.Undo();
-        QCOMPARE(doc.codebox().SelStart(), 4);
-        QCOMPARE(doc.codebox().SelLength(), 0);
+        Editing e(kText, 4);
+        press(e, "B");
+        e.doc.Steps[1].SelLen = 3;
+        e->part<TagList>().tvwTags_DblClick();
+        QCOMPARE(e.doc.Steps[1].SelLen, 0);
+        e.doc.Undo();
+        QCOMPARE(marked(e.doc), QStringLiteral("one |two three"));
     }
 
     void pressOnEmptySpaceKeepsTheNode() {
         TestShell ts;
         ts.load();
-        ts->part<TagList>().tvwTags_MouseDown(6);
-        QCOMPARE(ts->part<TagList>().tvwTags.ListIndex(), 6);
-        QCOMPARE(ts->part<TagList>().sDraggedTag, QStringLiteral("<B>  </B>"));
-        ts->part<TagList>().tvwTags_MouseDown(-1);
-        ts->part<TagList>().tvwTags_MouseDown(89);
-        QCOMPARE(ts->part<TagList>().tvwTags.ListIndex(), 6);
-        QCOMPARE(ts->part<TagList>().sDraggedTag, QStringLiteral("<B>  </B>"));
+        TagList& list = ts->part<TagList>();
+        list.tvwTags_MouseDown(6);
+        for (int outside : {-1, 89}) {
+            list.tvwTags_MouseDown(outside);
+            QCOMPARE(list.tvwTags.ListIndex(), 6);
+            QCOMPARE(list.sDraggedTag, QStringLiteral("<B>  </B>"));
+        }
     }
 
-    void dragStart_data() { addNodeRows(); }
-    void dragStart() {
-        QFETCH(int, index);
-        const Node node = nodeAt(index);
-        const int length = insertedOf(node).size();
-        const int close = int(node.name.size()) + 3;
-        int back = 0, advance = 0, caretBack = 0;
-        if (node.shape == Paired) back = close, advance = close, caretBack = close;
-        if (node.shape == Anchor) back = 6, advance = 4, caretBack = 4;
-        if (node.shape == Input) advance = 8, caretBack = length + 1;
-        TestShell ts;
-        documentAndNode(ts, index);
-        QString data;
-        QVERIFY(ts->part<TagList>().tvwTags_OLEStartDrag(data));
-        QCOMPARE(data, insertedOf(node));
-        QCOMPARE(int(ts->nTagDropBack), back);
-        QCOMPARE(int(ts->nStepCaretAdvance), advance);
-        QCOMPARE(int(ts->nStepCaretBack), caretBack);
-        QVERIFY(ts->bDropPending);
-        QVERIFY(ts->bTagDropPending);
-        QVERIFY(ts->bInsertingMarkup);
+    // The pane drops the text itself; the completed drag puts the caret inside the tag. A
+    // selection saved in the step below gives way to a caret just inside the dropped tag.
+    void drop_data() {
+        columns<int>({"savedSelection"});
+        QTest::newRow("caret below") << 0;
+        QTest::newRow("selection below") << 3;
     }
-
-    void dropInTheMiddleOfALine() {
-        TestShell ts;
-        codeEditor& doc = documentAndNode(ts, 31, 0); // <H1>  </H1>
+    void drop() {
+        Editing e(kText);
+        press(e, "H1");
+        QFETCH(int, savedSelection);
+        e.doc.Steps[1].SelLen = savedSelection;
         QString data;
-        ts->part<TagList>().tvwTags_OLEStartDrag(data);
-        doc.codebox().setSelStart(4); // the pane's own drop
-        doc.codebox().setSelText(data);
-        ts->part<TagList>().tvwTags_OLECompleteDrag(1);
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one <h1></h1>two three"));
-        QCOMPARE(doc.codebox().SelStart(), 8);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        QVERIFY(!ts->bDropPending);
-        QVERIFY(ts->bInsertingMarkup); // left for a later command to clear
-        doc.Undo();
-        QCOMPARE(doc.codebox().Text(), kText);
-        QCOMPARE(doc.codebox().SelStart(), 4);
-    }
-
-    // A selection saved in the step below gives way to a caret just inside the dropped tag.
-    void dropOverSavedSelection() {
-        TestShell ts;
-        codeEditor& doc = documentAndNode(ts, 31, 0);
-        doc.Steps[1].SelLen = 3;
-        QString data;
-        ts->part<TagList>().tvwTags_OLEStartDrag(data);
-        doc.codebox().setSelStart(4);
-        doc.codebox().setSelText(data);
-        QCOMPARE(doc.Steps[1].SelLen, 0);
-        QCOMPARE(doc.Steps[1].SelStart, 9);
-        doc.Undo();
-        QCOMPARE(doc.codebox().SelLength(), 0);
+        e->part<TagList>().tvwTags_OLEStartDrag(data);
+        e.doc.codebox().setSelStart(4);
+        e.doc.codebox().setSelText(data);
+        e->part<TagList>().tvwTags_OLECompleteDrag(1);
+        QCOMPARE(marked(e.doc), QStringLiteral("one <h1>|</h1>two three"));
+        QCOMPARE(e.doc.nDoneIndex, Int16(2));
+        QCOMPARE(e.doc.Steps[1].SelLen, 0);
+        QCOMPARE(e.doc.Steps[1].SelStart, savedSelection ? 9 : 0);
+        QVERIFY(!e->bDropPending);
+        QVERIFY(e->bInsertingMarkup); // left for a later command to clear
+        e.doc.Undo();
+        QCOMPARE(marked(e.doc), QStringLiteral("one |two three"));
     }
 
     void refusedDropLeavesTheCaret() {
-        TestShell ts;
-        codeEditor& doc = documentAndNode(ts, 31, 6);
-        auto& pane = static_cast<TextPane&>(doc.codebox());
+        Editing e(kText, 6);
+        press(e, "H1");
+        auto& pane = static_cast<TextPane&>(e.doc.codebox());
         const int focus = pane.focusCount();
         QString data;
-        ts->part<TagList>().tvwTags_OLEStartDrag(data);
-        ts->part<TagList>().tvwTags_OLECompleteDrag(0);
+        e->part<TagList>().tvwTags_OLEStartDrag(data);
+        e->part<TagList>().tvwTags_OLECompleteDrag(0);
         QCOMPARE(pane.SelStart(), 6);
         QCOMPARE(pane.focusCount(), focus + 1);
     }

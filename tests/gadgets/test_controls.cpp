@@ -1,6 +1,9 @@
 // The headless controls keep the event rules the logic relies on: which assignments raise
 // Change and Click, which are refused with a run-time error, and how keys reach a text box.
 #include "gadgets/controls.h"
+#include "gadgets/rebar.h"
+#include "gadgets/tab_control.h"
+#include "gadgets/tab_strip.h"
 #include "test_rows.h"
 #include <QSignalSpy>
 
@@ -8,11 +11,10 @@ using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-ComboBox* listCombo(QStringList items) {
-    auto* combo = new ComboBox(QStringLiteral("cmb"), ComboBox::DropDownList);
-    for (const QString& item : items)
-        combo->AddItem(item);
-    return combo;
+// Drops x and turns a into A.
+void filter(int& key) {
+    if (key == 'x') key = 0;
+    if (key == 'a') key = 'A';
 }
 } // namespace
 
@@ -20,60 +22,25 @@ class ControlsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void textBoxChangeOnlyOnARealChange() {
+    // Change only on a real change, also where MaxLength cuts the text to the one it had.
+    // Each typed key goes through KeyPress; backspace takes the one before the caret.
+    void textBoxChangesAndTypedKeys() {
         TextBox box;
         QStringList seen;
         box.Change = [&] { seen << box.Text(); };
-        box.setText("abc");
-        box.setText("abc");
-        box.setText("abd");
-        box.setText("");
-        box.setText("");
-        QCOMPARE(seen, QStringList({"abc", "abd", ""}));
-    }
-
-    void textBoxMaxLengthCuts() {
-        TextBox box;
+        for (const char* text : {"abc", "abc", "", "abcdef"})
+            box.setText(text);
         box.MaxLength = 3;
-        int changes = 0;
-        box.Change = [&] { ++changes; };
         box.setText("abcdef");
-        QCOMPARE(box.Text(), QStringLiteral("abc"));
-        QCOMPARE(changes, 1);
-        // A longer text that cuts to the same one is no change.
         box.setText("abcxyz");
-        QCOMPARE(box.Text(), QStringLiteral("abc"));
-        QCOMPARE(changes, 1);
-        // Typing at the limit is dropped.
-        box.typeKey('z');
-        QCOMPARE(box.Text(), QStringLiteral("abc"));
-        QCOMPARE(changes, 1);
-    }
-
-    void typedKeysGoThroughKeyPress() {
-        TextBox box;
-        QList<int> pressed;
-        box.KeyPress = [&](int& key) {
-            pressed << key;
-            if (key == 'x')
-                key = 0; // dropped
-            else if (key == 'a')
-                key = 'A'; // replaced
-        };
-        int changes = 0;
-        box.Change = [&] { ++changes; };
+        box.typeKey('z'); // at the limit: dropped
+        box.KeyPress = filter;
+        box.MaxLength = 0;
+        box.setText("");
         box.typeText("bxa");
-        QCOMPARE(box.Text(), QStringLiteral("bA"));
-        QCOMPARE(pressed, QList<int>({'b', 'x', 'a'}));
-        QCOMPARE(changes, 2);
-        box.typeKey(8);
-        QCOMPARE(box.Text(), QStringLiteral("b"));
-        QCOMPARE(changes, 3);
-        box.typeKey(8);
-        box.typeKey(8); // nothing left to take away: no change
-        QCOMPARE(box.Text(), QString());
-        QCOMPARE(changes, 4);
-        // A locked box takes no keys.
+        for (int i = 0; i < 3; ++i)
+            box.typeKey(8); // the third has nothing left to take away
+        QCOMPARE(seen, QStringList({"abc", "", "abcdef", "abc", "", "b", "bA", "b", ""}));
         box.setText("keep");
         box.Locked = true;
         box.typeKey('!');
@@ -84,225 +51,181 @@ class ControlsTest : public QObject {
     // Text that arrives whole, pasted or set by an assistive tool: what it brings goes through
     // the key filter a character at a time, in a text box and in an editable combo alike.
     void arrivingTextGoesThroughKeyPress_data() {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("arriving");
-        QTest::addColumn<QString>("kept");
-        QTest::newRow("into an empty box") << ""
-                                           << "bxa"
-                                           << "bA";
-        QTest::newRow("in the middle") << "12"
-                                       << "1xab2"
-                                       << "1Ab2";
-        QTest::newRow("over a selection, dropped") << "abc"
-                                                   << "axc"
-                                                   << "abc";
-        QTest::newRow("over a selection, one kept") << "abc"
-                                                    << "axyc"
-                                                    << "ayc";
-        QTest::newRow("a deletion") << "abc"
-                                    << "ac"
-                                    << "ac";
-        QTest::newRow("the same text again") << "bA"
-                                             << "bA"
-                                             << "bA";
+        columns<QString, QString, QString>({"before", "arriving", "kept"});
+        for (const char* row :
+             {"|bxa|bA", "12|1xab2|1Ab2", "abc|axc|abc", "abc|axyc|ayc", "abc|ac|ac", "bA|bA|bA"}) {
+            const QStringList r = QString(row).split(u'|');
+            QTest::newRow(row) << r[0] << r[1] << r[2];
+        }
     }
     void arrivingTextGoesThroughKeyPress() {
         QFETCH(QString, before);
         QFETCH(QString, arriving);
-        QFETCH(QString, kept);
-        const auto filter = [](int& key) {
-            if (key == 'x') key = 0;
-            if (key == 'a') key = 'A';
-        };
-        TextBox box;
+        TextBox box, plain;
+        ComboBox combo;
         box.setText(before);
-        box.KeyPress = filter;
-        box.receiveText(arriving);
-        QCOMPARE(box.Text(), kept);
-        ComboBox combo;
         combo.setText(before);
+        box.KeyPress = filter;
         combo.KeyPress = filter;
+        box.receiveText(arriving);
         combo.receiveText(arriving);
-        QCOMPARE(combo.Text(), kept);
+        plain.receiveText(arriving); // no filter: taken whole
+        QTEST(box.Text(), "kept");
+        QTEST(combo.Text(), "kept");
+        QCOMPARE(plain.Text(), arriving);
     }
 
-    void arrivingTextWithNoFilterIsTakenWhole() {
-        TextBox box;
-        int changes = 0;
-        box.Change = [&] { ++changes; };
-        box.receiveText("a x");
-        ComboBox combo;
-        combo.receiveText("a x");
-        QCOMPARE(box.Text(), QStringLiteral("a x"));
-        QCOMPARE(combo.Text(), QStringLiteral("a x"));
-        QCOMPARE(changes, 1);
-    }
-
-    void checkBoxClickOnChangeOnly() {
+    // A check box clicks on a change of value only; an option clicks when turned on and turns
+    // the others of its group off; the view is told of changes only.
+    void clicksAndChanges() {
         CheckBox check;
-        QList<int> clicks;
-        check.Click = [&] { clicks << check.Value(); };
-        check.setValue(0);
-        QVERIFY(clicks.isEmpty());
-        check.setValue(1);
-        check.setValue(1);
-        check.setValue(0);
-        QCOMPARE(clicks, QList<int>({1, 0}));
-    }
-
-    // Value, caption and enabled tell the view only when they change.
-    void changedTellsTheView() {
-        CheckBox check;
+        OptionButton a, b, other;
+        OptionButton::group({&a, &b});
+        QStringList clicks;
+        check.Click = [&] { clicks << QString::number(check.Value()); };
+        a.Click = [&] { clicks << "a"; };
+        b.Click = [&] { clicks << "b"; };
         QSignalSpy spy(&check, &Control::changed);
-        check.setValue(1);
-        check.setValue(1);
+        for (int value : {0, 1, 1, 0})
+            check.setValue(value);
         check.setCaption("x");
         check.setEnabled(false);
         check.setEnabled(false);
-        QCOMPARE(spy.count(), 3);
-    }
-
-    void optionGroupExcludes() {
-        OptionButton a(QStringLiteral("a")), b(QStringLiteral("b")), c(QStringLiteral("c"));
-        OptionButton::group({&a, &b, &c});
-        QStringList clicks;
-        a.Click = [&] { clicks << "a"; };
-        b.Click = [&] { clicks << "b"; };
-        c.Click = [&] { clicks << "c"; };
-        a.setValue(true);
-        QVERIFY(a.Value());
-        QVERIFY(!b.Value() && !c.Value());
-        b.setValue(true);
-        QVERIFY(b.Value());
-        QVERIFY(!a.Value() && !c.Value());
-        // A sibling turned off raises nothing; only the one turned on clicks.
-        QCOMPARE(clicks, QStringList({"a", "b"}));
-        // An option outside the group is not touched.
-        OptionButton other;
+        QCOMPARE(spy.count(), 4);
         other.setValue(true);
-        c.setValue(true);
-        QVERIFY(other.Value());
-        QVERIFY(!b.Value());
+        a.setValue(true);
+        b.setValue(true);
+        QVERIFY(b.Value() && !a.Value() && other.Value());
+        QCOMPARE(clicks, QStringList({"1", "0", "a", "b"}));
     }
 
-    // A drop-down list takes only a text it holds, case and all, and clicks for it.
-    void listComboTakesOnlyAHeldText() {
-        std::unique_ptr<ComboBox> combo(listCombo({"left", "center", "right"}));
-        QList<int> clicks;
-        combo->Click = [&] { clicks << combo->ListIndex(); };
-        int error = 0;
-        QString description;
-        try {
-            combo->setText("middle");
-        } catch (const RuntimeError& e) {
-            error = e.number();
-            description = e.description();
+    // A drop-down list takes only a text it holds, case and all, and clicks for it; an
+    // editable combo takes any text, and the text of an entry chosen.
+    void comboTexts() {
+        ComboBox list(QStringLiteral("cmb"), ComboBox::DropDownList), editable;
+        QStringList log;
+        list.Click = [&] { log << list.Text(); };
+        editable.Change = [&] { log << editable.Text(); };
+        for (const char* item : {"left", "center", "right"}) {
+            list.AddItem(item);
+            editable.AddItem(item);
         }
-        QCOMPARE(error, int(ErrPropertyReadOnly));
-        QCOMPARE(description, QStringLiteral("'Text' property is read-only"));
-        QCOMPARE(combo->ListIndex(), -1);
-        QCOMPARE(errorOf([&] { combo->setText("Center"); }), int(ErrPropertyReadOnly));
-        QVERIFY(clicks.isEmpty());
-        combo->setText("right");
-        QCOMPARE(combo->ListIndex(), 2);
-        QCOMPARE(combo->Text(), QStringLiteral("right"));
-        combo->setText("left");
-        QCOMPARE(combo->Text(), QStringLiteral("left"));
-        QCOMPARE(clicks, QList<int>({2, 0}));
+        try {
+            list.setText("middle");
+        } catch (const RuntimeError& e) {
+            log << e.description();
+        }
+        QCOMPARE(errorOf([&] { list.setText("Center"); }), int(ErrPropertyReadOnly));
+        for (const char* text : {"right", "left"})
+            list.setText(text);
+        editable.setText("Comic Sans");
+        editable.setText("Comic Sans");
+        editable.setListIndex(1);
+        QCOMPARE(editable.Text(), QStringLiteral("center"));
+        QCOMPARE(log, QStringList({"'Text' property is read-only", "right", "left", "Comic Sans"}));
     }
 
-    void listIndexOutOfRangeIsAnError_data() {
-        columns<int, int>({"index", "error"});
-        QTest::newRow("-2") << -2 << int(ErrInvalidPropertyValue);
-        QTest::newRow("-1 clears") << -1 << 0;
-        QTest::newRow("0") << 0 << 0;
-        QTest::newRow("last") << 2 << 0;
-        QTest::newRow("count") << 3 << int(ErrInvalidPropertyValue);
-    }
-    void listIndexOutOfRangeIsAnError() {
-        QFETCH(int, index);
-        QFETCH(int, error);
-        std::unique_ptr<ComboBox> combo(listCombo({"a", "b", "c"}));
-        combo->setListIndex(1);
-        int clicks = 0;
-        combo->Click = [&] { ++clicks; };
-        QCOMPARE(errorOf([&] { combo->setListIndex(index); }), error);
-        QCOMPARE(combo->ListIndex(), error ? 1 : index);
-        QCOMPARE(clicks, error ? 0 : 1);
-    }
-
-    void listIndexFollowsInsertAndRemove() {
+    // The current entry follows inserts and removals and clicks when it changes; an index off
+    // the list is refused.
+    void listIndexFollowsTheEntries() {
         ListBox list;
+        int clicks = 0;
+        list.Click = [&] { ++clicks; };
         list.AddItem("a");
         list.AddItem("b");
         list.setListIndex(1);
         list.AddItem("first", 0);
         QCOMPARE(list.ListIndex(), 2);
-        QCOMPARE(list.List(2), QStringLiteral("b"));
         list.RemoveItem(0);
         QCOMPARE(list.ListIndex(), 1);
+        for (int bad : {-2, 2})
+            QCOMPARE(errorOf([&] { list.setListIndex(bad); }), int(ErrInvalidPropertyValue));
+        list.setListIndex(-1);
+        list.setListIndex(1);
         list.RemoveItem(1);
         QCOMPARE(list.ListIndex(), -1);
+        QCOMPARE(clicks, 3);
         QCOMPARE(errorOf([&] { list.RemoveItem(5); }), int(ErrInvalidProcedureCall));
         QCOMPARE(errorOf([&] { list.AddItem("x", 3); }), int(ErrInvalidProcedureCall));
-        QCOMPARE(list.List(9), QString());
     }
 
-    void editableComboTakesAnyText() {
-        ComboBox combo;
-        combo.AddItem("Arial");
-        int changes = 0;
-        combo.Change = [&] { ++changes; };
-        combo.setText("Comic Sans");
-        QCOMPARE(combo.Text(), QStringLiteral("Comic Sans"));
-        QCOMPARE(changes, 1);
-        combo.setText("Comic Sans");
-        QCOMPARE(changes, 1);
-        combo.setListIndex(0);
-        QCOMPARE(combo.Text(), QStringLiteral("Arial"));
-    }
-
-    void upDownClampsAndWritesItsBuddy() {
-        for (const auto& [value, expected] : {std::pair{12, 12}, std::pair{6, 6}, std::pair{72, 72},
-                                              std::pair{2, 6}, std::pair{100, 72}}) {
-            TextBox buddy;
-            UpDown spin;
-            spin.Min = 6;
-            spin.Max = 72;
-            spin.buddy = &buddy;
-            spin.setValue(value);
-            QCOMPARE(spin.Value(), expected);
-            QCOMPARE(buddy.Text(), QString::number(expected));
+    // In a multi-selection list each entry is picked on its own; the marks go with their
+    // entries, and a cleared list keeps none. A single-selection list picks its current one.
+    void multiSelectionMarksFollowTheEntries() {
+        ListBox list, single;
+        list.MultiSelect = true;
+        for (const char* item : {"a", "b", "c"}) {
+            list.AddItem(item);
+            single.AddItem(item);
         }
+        for (int i : {0, 2})
+            list.setSelected(i, true);
+        QCOMPARE(list.SelCount(), 2);
+        list.RemoveItem(0);
+        QVERIFY(!list.Selected(0) && list.Selected(1));
+        QCOMPARE(errorOf([&] { list.Selected(2); }), int(ErrInvalidPropertyValue));
+        list.setSelected(0, true);
+        list.Clear();
+        list.AddItem("new");
+        QVERIFY(!list.Selected(0) && list.SelCount() == 0);
+        single.setSelected(2, true);
+        QVERIFY(single.ListIndex() == 2 && single.SelCount() == 1);
     }
 
-    void upDownSteps() {
+    // The box shows the value held in the range; a step starts from what the box shows.
+    void upDownClampsAndWritesItsBuddy() {
         TextBox buddy;
-        int changes = 0;
-        buddy.Change = [&] { ++changes; };
-        UpDown spin;
-        spin.Min = 6;
-        spin.Max = 8;
-        spin.buddy = &buddy;
-        spin.setValue(7);
-        spin.stepUp();
-        QCOMPARE(buddy.Text(), QStringLiteral("8"));
+        UpDown spin(nullptr, "spin", buddy, 6, 8);
+        QStringList shown;
+        buddy.Change = [&] { shown << buddy.Text(); };
+        for (int value : {7, 2, 100})
+            spin.setValue(value);
         spin.stepUp(); // held at Max: nothing is written
-        QCOMPARE(spin.Value(), 8);
-        QCOMPARE(changes, 2);
-        spin.stepDown();
-        spin.stepDown();
-        spin.stepDown();
-        QCOMPARE(spin.Value(), 6);
-        QCOMPARE(buddy.Text(), QStringLiteral("6"));
-        // A number typed beyond the range is stepped back into it, also to the value it had.
-        spin.setValue(8);
         buddy.setText("150");
         spin.stepDown();
-        QCOMPARE(buddy.Text(), QStringLiteral("8"));
         buddy.setText("-3");
         spin.step(10);
-        QCOMPARE(buddy.Text(), QStringLiteral("7"));
+        QCOMPARE(shown, QStringList({"7", "6", "8", "150", "8", "-3", "7"}));
+        QCOMPARE(spin.Value(), 7);
+    }
+
+    // Tabs by 0-based index, any of them removable; the selection moves with its tab. The view
+    // tabs count from 1 and click again on the selected one.
+    void tabStripRemovesAnyTab() {
+        TabStrip strip;
+        for (const char* key : {"a", "B", "c", "d"})
+            strip.add(key, QString(key) + ".htm");
+        QCOMPARE(strip.findKeyIgnoringCase("b"), 1);
+        strip.select(2);
+        strip.remove(0);
+        QCOMPARE(strip.tab(0).Caption, QStringLiteral("B.htm"));
+        QCOMPARE(strip.selectedIndex(), 1);
+        strip.selectLast();
+        strip.remove(2);
+        QCOMPARE(strip.selectedIndex(), 1);
+        for (int bad : {-1, 2})
+            QCOMPARE(errorOf([&] { strip.remove(bad); }), int(ErrSubscriptOutOfRange));
+        TabControl views;
+        views.AddTab("Source");
+        int clicks = 0;
+        views.TabClick = [&] { ++clicks; };
+        views.SelectTab(1);
+        QCOMPARE(clicks, 1);
+        QCOMPARE(errorOf([&] { views.SelectTab(2); }), int(ErrInvalidProcedureCall));
+    }
+
+    void bandsAreNumberedInTheOrderAdded() {
+        cReBar bands;
+        QCOMPARE(errorOf([&] { bands.BandCount(); }), int(ErrInvalidProcedureCall));
+        bands.CreateRebar();
+        QCOMPARE(bands.AddBandByHwnd(nullptr, "Standard", "std"), 0);
+        QCOMPARE(bands.AddBandByHwnd(nullptr, "Format", "fmt"), 1);
+        QCOMPARE(bands.BandIndexForKey("fmt"), 1);
+        QSignalSpy spy(&bands, &cReBar::bandVisibleChanged);
+        bands.setBandVisible(1, false);
+        bands.setBandVisible(1, false);
+        QVERIFY(!bands.BandVisible(1) && bands.BandVisible(0));
+        QCOMPARE(spy.count(), 1);
     }
 };
 

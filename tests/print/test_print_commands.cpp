@@ -11,11 +11,9 @@ namespace {
 // Lines of varied length, some longer than a printed line, some empty.
 QString severalPages() {
     QString text;
-    for (int i = 0; i < 300; ++i) {
-        text += QStringLiteral("line %1 ").arg(i) + QString(i % 13 * 9, QChar(u'a' + i % 26));
-        if (i % 17 == 0) text += u'\n';
-        text += u'\n';
-    }
+    for (int i = 0; i < 300; ++i)
+        text += QStringLiteral("line %1 ").arg(i) + QString(i % 13 * 9, QChar(u'a' + i % 26)) +
+                (i % 17 == 0 ? "\n\n" : "\n");
     return text;
 }
 } // namespace
@@ -24,33 +22,10 @@ class PrintCommandsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // Margins from the paper's edge, less the printable area's offset from it.
-    void drawingRectangle_data() {
-        columns<int, double, int, int, int, int>(
-            {"offsetPixels", "twipsPerPixel", "left", "top", "right", "bottom"});
-        // Letter paper, 12240 by 15840 twips, one-inch margins.
-        QTest::newRow("no offset") << 0 << 2.4 << 1440 << 1440 << 10800 << 14400;
-        // A quarter of an inch at 600 dots per inch: 150 pixels, 360 twips.
-        QTest::newRow("quarter inch at 600 dpi") << 150 << 2.4 << 1080 << 1080 << 10440 << 14040;
-        QTest::newRow("quarter inch at 300 dpi") << 75 << 4.8 << 1080 << 1080 << 10440 << 14040;
-        // 13 pixels at 600 dpi are 31.2 twips: whole twips.
-        QTest::newRow("rounded") << 13 << 2.4 << 1409 << 1409 << 10769 << 14369;
-    }
-    void drawingRectangle() {
-        QFETCH(int, offsetPixels);
-        QFETCH(double, twipsPerPixel);
-        ScriptedPrinter printer;
-        printer.offsetX = printer.offsetY = offsetPixels;
-        printer.twipsPerPixel = twipsPerPixel;
-        const TwipsRect r = DrawingRect(printer, 1440, 1440, 1440, 1440);
-        QTEST(r.left, "left");
-        QTEST(r.top, "top");
-        QTEST(r.right, "right");
-        QTEST(r.bottom, "bottom");
-    }
-
     // Each page starts at the first character that did not fit on the one before: across all
-    // pages every character comes once, in order.
+    // pages every character comes once, in order. Every page is laid out in the same rectangle:
+    // one-inch margins on Letter paper less the printable area's offset (13 pixels at 600 dpi
+    // are 31.2 twips, taken whole; 150 are a quarter inch).
     void pagingLosesAndRepeatsNothing_data() {
         columns<QString>({"text"});
         QTest::newRow("several pages") << severalPages();
@@ -65,7 +40,8 @@ class PrintCommandsTest : public QObject {
         pane.setFontName(QStringLiteral("Courier New"));
         pane.setFontSize(10);
         ScriptedPrinter printer;
-        printer.offsetX = printer.offsetY = 150;
+        printer.offsetX = 13;
+        printer.offsetY = 150;
         PrintPaneText(pane, printer, 1440, 1440, 1440, 1440);
 
         QVERIFY(!printer.pages.isEmpty());
@@ -73,38 +49,30 @@ class PrintCommandsTest : public QObject {
         QCOMPARE(printer.calls.last(), QStringLiteral("EndDoc"));
         QCOMPARE(printer.calls.count(QStringLiteral("NewPage")), printer.pages.size() - 1);
         QCOMPARE(printer.calls.count(QStringLiteral("Print[ ]")), printer.pages.size());
-        // Page by page, the pages' characters are the text's, line ends aside.
         QString printed;
         for (const QString& page : printer.pages)
             printed += QString(page).remove(u'\n');
         QCOMPARE(printed, QString(text).remove(u'\n'));
-        // Every page was laid out in the same rectangle, in the pane's font.
-        for (const TwipsRect& r : printer.drawings) {
-            QCOMPARE(r.left, 1080);
-            QCOMPARE(r.right, 12240 - 1440 - 360);
-        }
+        for (const TwipsRect& r : printer.drawings)
+            QCOMPARE(QList<int>({r.left, r.top, r.right, r.bottom}),
+                     QList<int>({1409, 1080, 10769, 14040}));
         QCOMPARE(printer.fontName, QStringLiteral("Courier New"));
         QCOMPARE(printer.fontSize, 10.0);
         if (text.isEmpty()) QCOMPARE(printer.pages, QStringList{QString()});
         if (text.size() > 5000) QVERIFY(printer.pages.size() > 2);
     }
 
-    // Source prints the text, Layout hands the work to its surface, Preview to the browser
-    // with its own print dialog; with no printer the user is told.
+    // Source prints its text with one-inch margins, Layout hands the work to its surface,
+    // Preview to the browser with its own print dialog; with no printer the user is told.
     void printFromEachView_data() {
-        columns<int, bool, QString>({"view", "printer", "message"});
-        const QString none = QStringLiteral("There is no printer on this system to print to.");
-        QTest::newRow("Source") << 1 << true << "";
-        QTest::newRow("Layout") << 2 << true << "";
-        QTest::newRow("Preview") << 3 << true << "";
-        QTest::newRow("Source, no printer") << 1 << false << none;
-        QTest::newRow("Layout, no printer") << 2 << false << none;
-        QTest::newRow("Preview, no printer: the dialog still") << 3 << false << "";
+        columns<int, bool>({"view", "printer"});
+        for (int view : {1, 2, 3})
+            for (bool printer : {true, false})
+                QTest::addRow("view %d%s", view, printer ? "" : ", no printer") << view << printer;
     }
     void printFromEachView() {
         QFETCH(int, view);
         QFETCH(bool, printer);
-        QFETCH(QString, message);
         QTemporaryDir dir;
         TestShell ts;
         ts.load();
@@ -115,11 +83,18 @@ class PrintCommandsTest : public QObject {
         if (!printer) ts.platform.printer.reset();
         ts.run("mnuFilePrint");
 
+        const bool told = !printer && view != 3; // the browser's dialog says it for itself
         QCOMPARE(ts.platform.messageTexts(),
-                 message.isEmpty() ? QStringList{} : QStringList{message});
-        if (!message.isEmpty()) QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Exclamation);
-        QCOMPARE(device->pages,
-                 view == 1 && printer ? QStringList{doc.codebox().Text()} : QStringList{});
+                 told ? QStringList{"There is no printer on this system to print to."}
+                      : QStringList{});
+        if (told) QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Exclamation);
+        const bool source = view == 1 && printer;
+        QCOMPARE(device->pages, source ? QStringList{doc.codebox().Text()} : QStringList{});
+        if (source) {
+            const TwipsRect r = device->drawings.first();
+            QCOMPARE(QList<int>({r.left, r.top, r.right, r.bottom}),
+                     QList<int>({1440, 1440, 10800, 14400}));
+        }
         QCOMPARE(layoutOf(doc).printed, view == 2 && printer ? 1 : 0);
         const auto& browser = static_cast<DetachedBrowser&>(doc.WebBrowser1());
         QCOMPARE(browser.calls.contains(QStringLiteral("ExecWB 6 1")), view == 3);

@@ -3,196 +3,121 @@
 #include "runtime/dispatcher.h"
 #include "runtime/int16.h"
 #include "runtime/resume.h"
-#include "runtime/runtime_error.h"
 #include "runtime/vb_strings.h"
-#include "scripted_platform.h"
+#include "search_helpers.h"
 #include "test_rows.h"
 #include <stdexcept>
 
 using namespace tsl;
 using namespace tsl::test;
 
+namespace {
+struct NumberRow {
+    QString text;
+    double value;
+    int error; // of toNumber; Val never refuses a text
+};
+} // namespace
+
 class RuntimeTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void toInt16Limits_data() {
-        columns<qlonglong, int>({"value", "error"});
-        QTest::newRow("0") << 0LL << 0;
-        QTest::newRow("32767") << 32767LL << 0;
-        QTest::newRow("32768") << 32768LL << int(ErrOverflow);
-        QTest::newRow("-32768") << -32768LL << 0;
-        QTest::newRow("-32769") << -32769LL << int(ErrOverflow);
-        QTest::newRow("65536, which a plain cast would make 0") << 65536LL << int(ErrOverflow);
-        QTest::newRow("a large position") << 4294967296LL << int(ErrOverflow);
-    }
-    void toInt16Limits() {
-        QFETCH(qlonglong, value);
-        QFETCH(int, error);
-        Int16 narrowed = 12345;
-        QCOMPARE(errorOf([&] { narrowed = toInt16(value); }), error);
-        if (error == 0)
-            QCOMPARE(qlonglong(narrowed), value);
-        else
-            QCOMPARE(narrowed, Int16(12345)); // the assignment never happened
-    }
-
-    void incrementPastTheTopOverflows() {
+    void toInt16RaisesOverflowPastItsRange() {
+        for (qlonglong inside : {0LL, 32767LL, -32768LL})
+            QCOMPARE(qlonglong(toInt16(inside)), inside);
+        // 65536 is one a plain cast would make 0.
+        for (qlonglong outside : {32768LL, -32769LL, 65536LL, 4294967296LL})
+            QCOMPARE(errorOf([&] { toInt16(outside); }), int(ErrOverflow));
         QCOMPARE(incrementInt16(32766), Int16(32767));
-        QCOMPARE(errorOf([] { incrementInt16(32767); }), int(ErrOverflow));
         QCOMPARE(incrementInt16(-32768), Int16(-32767));
+        QCOMPARE(errorOf([] { incrementInt16(32767); }), int(ErrOverflow));
     }
 
-    void errorDescriptions_data() {
-        columns<int, QString>({"number", "description"});
-        QTest::newRow("5") << 5 << "Invalid procedure call or argument";
-        QTest::newRow("6") << 6 << "Overflow";
-        QTest::newRow("9") << 9 << "Subscript out of range";
-        QTest::newRow("13") << 13 << "Type mismatch";
-        QTest::newRow("53") << 53 << "File not found";
-        QTest::newRow("55") << 55 << "File already open";
-        QTest::newRow("70") << 70 << "Permission denied";
-        QTest::newRow("75") << 75 << "Path/File access error";
-        QTest::newRow("76") << 76 << "Path not found";
-        QTest::newRow("380") << 380 << "Invalid property value";
-        QTest::newRow("383") << 383 << "Property is read-only";
-        QTest::newRow("424") << 424 << "Object required";
-        QTest::newRow("32755") << 32755 << "Cancel was selected.";
-        QTest::newRow("unknown") << 1234 << "Application-defined or object-defined error";
-    }
-    void errorDescriptions() {
-        QFETCH(int, number);
-        QFETCH(QString, description);
-        QCOMPARE(errorDescription(number), description);
-        const RuntimeError e(number);
-        QCOMPARE(e.number(), number);
-        QCOMPARE(e.description(), description);
-        QVERIFY(QByteArray(e.what()).contains(QByteArray::number(number)));
-    }
-
-    void resumeNextGoesOn() {
+    void resumeNextGoesOnAndSilentExitStops() {
         QStringList ran;
-        QList<int> errors;
-        errors << resumeNext([&] { ran << "first"; });
-        errors << resumeNext([&] {
-            ran << "second";
-            raise(ErrPathFileAccess);
-            ran << "never";
-        });
-        errors << resumeNext([&] {
-            ran << "third";
-            toInt16(40000);
-        });
-        errors << resumeNext([&] { ran << "fourth"; });
-        QCOMPARE(ran, QStringList({"first", "second", "third", "fourth"}));
-        QCOMPARE(errors, QList<int>({0, 75, 6, 0}));
+        const auto step = [&](int error) {
+            ran << QString::number(error);
+            if (error) raise(error);
+            ran << "after";
+        };
+        QCOMPARE(resumeNext([&] { step(0); }), 0);
+        QCOMPARE(resumeNext([&] { step(75); }), 75);
+        QCOMPARE(resumeNext([&] { toInt16(40000); }), 6);
+        QCOMPARE(silentExit([&] {
+                     step(32755);
+                     step(0);
+                 }),
+                 32755);
+        QCOMPARE(ran, QStringList({"0", "after", "75", "32755"}));
     }
 
-    void silentExitStopsAtTheFirstError() {
-        QStringList ran;
-        const int error = silentExit([&] {
-            ran << "one";
-            raise(ErrCancelled);
-            ran << "two";
-        });
-        QCOMPARE(error, 32755);
-        QCOMPARE(ran, QStringList({"one"}));
-        QCOMPARE(silentExit([&] { ran << "clean"; }), 0);
-    }
-
-    void dispatcherShowsTheError() {
+    // What escapes a handler is shown with its number and description, its own or the
+    // standard one, and the program goes on with the next handler.
+    void dispatcherShowsWhatEscapesAndGoesOn() {
         QStringList shown;
         Dispatcher dispatcher([&](const QString& text) { shown << text; });
         int state = 0;
-        const bool ok = dispatcher.run([&] {
+        QVERIFY(!dispatcher.run([&] {
             state = 1;
             toInt16(32768);
             state = 2;
-        });
-        QVERIFY(!ok);
+        }));
         QCOMPARE(dispatcher.lastError(), 6);
         QCOMPARE(state, 1); // what ran before the error stays done
-        QCOMPARE(shown, QStringList{QStringLiteral("Run-time error '6':\n\nOverflow")});
-
-        // The program goes on: the next handler runs and a clean one clears the last error.
         QVERIFY(dispatcher.run([&] { state = 3; }));
-        QCOMPARE(state, 3);
         QCOMPARE(dispatcher.lastError(), 0);
-        QCOMPARE(shown.size(), 1);
-        // A raised error shows its standard description, or its own.
-        QVERIFY(!dispatcher.run([] { raise(ErrPathFileAccess); }));
-        QCOMPARE(shown.last(),
-                 QStringLiteral("Run-time error '75':\n\nPath/File access error"));
-        QVERIFY(!dispatcher.run([] { raise(380, QStringLiteral("Bad value")); }));
-        QCOMPARE(shown.last(),
-                 QStringLiteral("Run-time error '380':\n\nBad value"));
-    }
-
-    void dispatcherCatchesOtherExceptions() {
-        QStringList shown;
-        Dispatcher dispatcher([&](const QString& text) { shown << text; });
-        QStringList kept{"the user's text"};
-        const bool ok = dispatcher.run([&] {
-            kept << "more";
-            throw std::out_of_range("index 7");
-        });
-        QVERIFY(!ok);
+        dispatcher.run([] { tsl::toNumber(QStringLiteral("x")); });
+        dispatcher.run([] { raise(ErrPathFileAccess); });
+        dispatcher.run([] { raise(1234); });
+        dispatcher.run([] { raise(380, QStringLiteral("Bad value")); });
+        QVERIFY(!dispatcher.run([] { throw std::out_of_range("index 7"); }));
         QCOMPARE(dispatcher.lastError(), -1);
-        QCOMPARE(shown.size(), 1);
-        QVERIFY(shown[0].contains(QStringLiteral("index 7")));
-        QCOMPARE(kept, QStringList({"the user's text", "more"}));
-        QVERIFY(dispatcher.run([&] { kept.clear(); }));
-        QVERIFY(kept.isEmpty());
+        QCOMPARE(
+            shown,
+            QStringList({"Run-time error '6':\n\nOverflow", "Run-time error '13':\n\nType mismatch",
+                         "Run-time error '75':\n\nPath/File access error",
+                         "Run-time error '1234':\n\nApplication-defined or "
+                         "object-defined error",
+                         "Run-time error '380':\n\nBad value", "Unexpected error:\n\nindex 7"}));
+        QCOMPARE(RuntimeError(ErrCancelled).what(), "Run-time error 32755: Cancel was selected.");
     }
 
-    void val_data() {
-        columns<QString, double>({"text", "value"});
-        QTest::newRow("12px") << "12px" << 12.0;
-        QTest::newRow("empty") << "" << 0.0;
-        QTest::newRow("blanks around") << " 7 " << 7.0;
-        QTest::newRow("dangling exponent") << "-3.5e" << -3.5;
-        QTest::newRow("letters") << "abc" << 0.0;
-        QTest::newRow("plus") << "+4" << 4.0;
-        QTest::newRow("sign alone") << "-" << 0.0;
-        QTest::newRow("point alone") << "." << 0.0;
-        QTest::newRow("leading point") << ".5" << 0.5;
-        QTest::newRow("second point ends") << "1.2.3" << 1.2;
-        QTest::newRow("blanks inside") << "1 2 3" << 123.0;
-        QTest::newRow("tab and line feed inside") << "\t1\n2" << 12.0;
-        QTest::newRow("exponent") << "1e3" << 1000.0;
-        QTest::newRow("exponent with sign") << "2.5E-1" << 0.25;
-        QTest::newRow("D exponent") << "1d2" << 100.0;
-        QTest::newRow("exponent sign alone") << "7e+" << 7.0;
-        QTest::newRow("exponent then letters") << "4e1x" << 40.0;
-        QTest::newRow("unit after exponent-like letter") << "3em" << 3.0;
-        QTest::newRow("not an ASCII digit") << QString(QChar(0x0663)) << 0.0;
-        QTest::newRow("digits then other digit") << QString("5") + QChar(0x0663) << 5.0;
-    }
-    void val() {
-        QFETCH(QString, text);
-        QTEST(Val(text), "value");
-    }
-    void valOverflows() {
-        QCOMPARE(errorOf([] { Val(QStringLiteral("1e999")); }), 6);
+    // The other standard descriptions the user reads after "Run-time error 'N':".
+    void standardDescriptions() {
+        const char* rows = "5 Invalid procedure call or argument|9 Subscript out of range|53 File "
+                           "not found|55 File already open|68 Device unavailable|70 Permission "
+                           "denied|76 Path not found|380 Invalid property value|383 Property is "
+                           "read-only|424 Object required|32755 Cancel was selected.";
+        for (const QString& row : QString(rows).split(u'|'))
+            QCOMPARE(errorDescription(row.section(u' ', 0, 0).toInt()), row.section(u' ', 1));
     }
 
-    // toNumber reads a whole number or refuses: Type mismatch, or Overflow when too large.
-    void toNumber_data() {
-        columns<QString, double, int>({"text", "value", "error"});
-        QTest::newRow("digits") << "12" << 12.0 << 0;
-        QTest::newRow("blanks around") << " 7 " << 7.0 << 0;
-        QTest::newRow("negative fraction") << "-3.5" << -3.5 << 0;
-        QTest::newRow("exponent") << "1e3" << 1000.0 << 0;
-        for (const char* text : {"abc", "", "   ", "12px", "inf", "nan"})
-            QTest::addRow("'%s'", text) << text << 0.0 << 13;
-        QTest::newRow("too large") << "1e999" << 0.0 << 6;
+    // Val takes the leading number and passes over blanks; toNumber takes a whole number only.
+    void readingNumbers_data() {
+        QTest::addColumn<NumberRow>("row");
+        const NumberRow rows[] = {
+            {"10", 10, 0},       {" 7 ", 7, 0},      {"-3.5", -3.5, 0},  {"1e3", 1000, 0},
+            {"2.5E-1", 0.25, 0}, {"+4", 4, 0},       {".5", 0.5, 0},     {"09.050", 9.05, 0},
+            {"12px", 12, 13},    {"", 0, 13},        {"   ", 0, 13},     {"-3.5e", -3.5, 13},
+            {"abc", 0, 13},      {"inf", 0, 13},     {"nan", 0, 13},     {"-", 0, 13},
+            {".", 0, 13},        {"1.2.3", 1.2, 13}, {"1 2 3", 123, 13}, {"\t1\n2", 12, 13},
+            {"1d2", 100, 13},    {"7e+", 7, 13},     {"4e1x", 40, 13},   {"3em", 3, 13},
+        };
+        for (const NumberRow& row : rows)
+            QTest::addRow("'%s'", qPrintable(row.text)) << row;
+        QTest::newRow("not an ASCII digit") << NumberRow{QString(QChar(0x0663)), 0, 13};
+        QTest::newRow("then one") << NumberRow{QString("5") + QChar(0x0663), 5, 13};
     }
-    void toNumber() {
-        QFETCH(QString, text);
-        QFETCH(int, error);
+    void readingNumbers() {
+        QFETCH(NumberRow, row);
+        QCOMPARE(Val(row.text), row.value);
         double value = 0;
-        QCOMPARE(errorOf([&] { value = tsl::toNumber(text); }), error);
-        QTEST(value, "value");
+        QCOMPARE(errorOf([&] { value = tsl::toNumber(row.text); }), row.error);
+        QCOMPARE(value, row.error ? 0.0 : row.value);
+        // Too large for a double: both overflow.
+        QCOMPARE(errorOf([] { Val(QStringLiteral("1e999")); }), 6);
+        QCOMPARE(errorOf([] { tsl::toNumber(QStringLiteral("1e999")); }), 6);
     }
 };
 

@@ -2,19 +2,16 @@
 // styles with their questions, frmATag, the colour boxes, and OK from the menu.
 #include "style_fixture.h"
 #include "stylesheets/frm_atag.h"
-#include "stylesheets/profile_file.h"
-#include "test_rows.h"
 
 using namespace tsl;
 using namespace tsl::test;
 
 namespace {
 const QString kNew = QStringLiteral("(New Style)");
-
-void saveAs(StyleFixture& fx, frmStyle& form, const QString& name) {
-    fx.ts.platform.inputAnswers.enqueue(name);
-    form.tbrStyle_ButtonClick(2);
-}
+const QString kHiddenBlock =
+    QStringLiteral("<html><head></head>\n<style type=\"text/css\">\n<!-- /* Hide Style Sheet "
+                   "information from browsers that do not support Style Sheets */\n  H1 {\n    "
+                   "%1;\n    }\n--></style><body></body></html>");
 } // namespace
 
 class TestFrmStyle : public QObject {
@@ -25,97 +22,94 @@ class TestFrmStyle : public QObject {
         StyleFixture fx;
         fx.ts.settings.save("Saved Styles", "Zebra", "Zebra");
         auto form = fx.open();
-        QCOMPARE(form->Caption(), QString("Style Settings"));
         QCOMPARE(form->cmbItemName.items(), QStringList({kNew, "Zebra"}));
-        QCOMPARE(form->cmbItemName.Text(), kNew);
+        QCOMPARE(valuesOf(*form, "cmbItemName;LineHtCmb"), kNew + ";pt");
         QCOMPARE(fx.ts.settings.get("Saved Styles", kNew), kNew);
-        QCOMPARE(form->LineHtCmb.Text(), QString("pt"));
         // The first font of the list is missing from both lists.
-        QCOMPARE(form->FontFaceCmb.items(),
-                 QStringList({"(None)", "Arial", "Courier New", "Times New Roman"}));
+        QCOMPARE(form->FontFaceCmb.items(), items("(None);Arial;Courier New;Times New Roman"));
         QCOMPARE(form->FontFaceCmb2.items(), form->FontFaceCmb.items());
         QVERIFY(!form->session().StyleDirty);
-        QVERIFY(!form->FontSizeBox.Enabled());
-        QVERIFY(!form->SecondFontChk.Enabled());
-        QVERIFY(!form->BdrLeftCmb.Enabled());
-        QVERIFY(form->PallBox.Enabled());
-        QVERIFY(!form->PLBox.Enabled());
         QCOMPARE(form->SSTab1.TabCaption(1), QString("   Font   "));
         QCOMPARE(form->SSTab1.TabCaption(5), QString("Margins && Padding"));
+        fx.ts.platform.appFolder = "/opt/t";
+        form->cmdHelp.press();
+        QCOMPARE(fx.ts.platform.helpShown, QStringList{"/opt/t/tessaline.chm"});
     }
 
-    void rules_between_fields() {
+    // Fields set in order, then those of the watched fields that their rules leave enabled.
+    void which_fields_are_enabled_data() {
+        test::columns<QString, QString>({"fields", "on"});
+        const QString start = QStringLiteral("BdrAllCmb;SizeAllCmb;PallBox");
+        row("at the start", "", start);
+        row("a font", "FontFaceCmb=Arial", "SecondFontChk;GenFontChk;" + start);
+        row("both checks", "FontFaceCmb=Arial;SecondFontChk=1;GenFontChk=1",
+            "SecondFontChk;GenFontChk;FontFaceCmb2;FontGenCmb;" + start);
+        row("no font takes the checks away",
+            "FontFaceCmb=Arial;SecondFontChk=1;GenFontChk=1;FontFaceCmb=(None)", start);
+        row("custom values",
+            "FntSizeCmb=custom;VCmb=Percentage;BdrAllCmb=Solid;SizeAllCmb=Custom;WidthCmb=Custom;"
+            "HeightCmb=Custom;DisplayCmb=List-item",
+            "FontSizeBox;UpDown3;ValignBox;UpDownVA;ColourBBox;BdrAllCmb;BallCWBox;SizeAllCmb;"
+            "PallBox;CWBox;CHBox;ListCmb;URLBox");
+        row("named values again",
+            "FntSizeCmb=custom;FntSizeCmb=large;VCmb=Percentage;VCmb=Top;BdrAllCmb=Solid;"
+            "BdrAllCmb=None;SizeAllCmb=Custom;SizeAllCmb=Thin;WidthCmb=Custom;WidthCmb=Auto;"
+            "HeightCmb=Custom;HeightCmb=Auto;DisplayCmb=List-item;DisplayCmb=Block",
+            start);
+        row("each side", "SpecBdrOpt=1;BdrTopCmb=Inset;BSpecOpt=1;BotSizeCmb=Custom;PSpecOpt=1",
+            "BdrLeftCmb;BdrTopCmb;TBCBox;LeftSizeCmb;BotSizeCmb;BBBox;PLBox;PTBox");
+        row("all sides again",
+            "SpecBdrOpt=1;BdrTopCmb=Inset;BSpecOpt=1;BotSizeCmb=Custom;PSpecOpt=1;BdrAllOpt=1;"
+            "BAllOpt=1;Option1=1",
+            start);
+        row("a fixed position", "FixOpt=1;XFixCmb=Custom", start + ";XFixCmb;YFixCmb;Xbox");
+        row("a repeat again", "FixOpt=1;XFixCmb=Custom;YFixCmb=Custom;RepOpt=1", start);
+    }
+    void which_fields_are_enabled() {
+        QFETCH(QString, fields);
         StyleFixture fx;
         auto form = fx.open();
-        setFields(*form, {"FontFaceCmb=Arial", "SecondFontChk=1", "GenFontChk=1"});
-        QVERIFY(form->FontFaceCmb2.Enabled());
-        setFields(*form, {"FontFaceCmb=(None)"});
-        QCOMPARE(form->SecondFontChk.Value(), 0);
-        QCOMPARE(form->GenFontChk.Value(), 0);
-        QVERIFY(!form->FontFaceCmb2.Enabled());
+        setFields(*form, fields);
+        QTEST(enabledOf(*form, "SecondFontChk;GenFontChk;FontFaceCmb2;FontGenCmb;FontSizeBox;"
+                               "UpDown3;ValignBox;UpDownVA;ColourBBox;BdrAllCmb;BallCWBox;"
+                               "SizeAllCmb;BdrLeftCmb;BdrTopCmb;TBCBox;LBCBox;LeftSizeCmb;"
+                               "BotSizeCmb;BBBox;BLBox;PallBox;PLBox;PTBox;CWBox;CHBox;ListCmb;"
+                               "URLBox;XFixCmb;YFixCmb;Xbox;YBox"),
+              "on");
+    }
 
-        setFields(*form, {"SpecBdrOpt=1", "BdrLeftCmb=Solid", "LBCBox=1, 2, 3", "BdrTopCmb=Inset",
-                          "TBCBox=4, 5, 6", "BdrLeftCmb=None"});
+    // The rules that empty or reset fields as others change, the keys and spinners, the
+    // colour boxes, and the mark of a changed style.
+    void field_rules() {
+        StyleFixture fx;
+        auto form = fx.open();
+        setFields(*form, "SpecBdrOpt=1;BdrLeftCmb=Solid;LBCBox=1, 2, 3;BdrTopCmb=Inset;"
+                         "TBCBox=4, 5, 6;BdrLeftCmb=None");
         QCOMPARE(form->LBCBox.Text(), QString("1, 2, 3")); // kept while it is off
-        QVERIFY(!form->LBCBox.Enabled());
-        setFields(*form, {"BdrAllOpt=1"});
-        QCOMPARE(form->LBCBox.Text(), QString());
-        QCOMPARE(form->TBCBox.Text(), QString());
-        QCOMPARE(form->BdrTopCmb.Text(), QString("None"));
-
-        setFields(*form, {"DisplayCmb=List-item", "URLBox=dot.gif", "ListCmb=Square"});
-        QVERIFY(form->URLBox.Enabled());
-        setFields(*form, {"DisplayCmb=Block"});
-        QCOMPARE(form->URLBox.Text(), QString());
-        QCOMPARE(form->ListCmb.Text(), QString("Disc"));
-
-        setFields(*form, {"FixOpt=1", "XFixCmb=Custom", "Xbox=5"});
-        QVERIFY(form->Xbox.Enabled());
-        QVERIFY(!form->YBox.Enabled());
-        setFields(*form, {"RepOpt=1"});
-        QVERIFY(!form->XFixCmb.Enabled());
-        QCOMPARE(form->XFixCmb.Text(), QString("Top"));
-        QCOMPARE(form->Xbox.Text(), QString("0"));
-    }
-
-    void keys_and_spinners() {
-        StyleFixture fx;
-        auto form = fx.open();
-        form->LeftBox.setText("");
-        form->LeftBox.typeText("-5x");
-        QCOMPARE(form->LeftBox.Text(), QString("-5"));
-        form->PLBox.setText("");
-        form->PLBox.typeText("-5x");
-        QCOMPARE(form->PLBox.Text(), QString("5"));
-        form->ValignBox.setText("");
-        form->ValignBox.typeText("1.5em");
-        QCOMPARE(form->ValignBox.Text(), QString("1.5em"));
+        setFields(*form, "BdrAllOpt=1;DisplayCmb=List-item;URLBox=dot.gif;ListCmb=Square;"
+                         "DisplayCmb=Block;FixOpt=1;XFixCmb=Custom;Xbox=5;RepOpt=1");
+        QCOMPARE(valuesOf(*form, "LBCBox;TBCBox;BdrTopCmb;URLBox;ListCmb;XFixCmb;Xbox"),
+                 ";;None;;Disc;Top;0");
+        // Signed margins, unsigned padding, anything in the vertical alignment.
+        setFields(*form, "LeftBox=;PLBox=;ValignBox=");
+        for (TextBox* box : {&form->LeftBox, &form->PLBox, &form->ValignBox})
+            box->typeText("-5.x");
+        QCOMPARE(valuesOf(*form, "LeftBox;PLBox;ValignBox"), QString("-5;5;-5.x"));
         form->Xbox.setText("399");
         form->UpDown8.stepUp();
         form->UpDown8.stepUp();
-        QCOMPARE(form->Xbox.Text(), QString("400"));
-        form->Xbox.typeText("9");
-        QCOMPARE(form->Xbox.Text(), QString("4009")); // typed digits may pass the bound
-    }
-
-    void a_colour_box_takes_red_green_blue_in_decimal() {
-        StyleFixture fx;
-        auto form = fx.open();
-        fx.ts.platform.colorAnswers.enqueue(0x0A0B0Cu);
+        form->Xbox.typeText("9"); // typed digits may pass the bound
+        QCOMPARE(form->Xbox.Text(), QString("4009"));
+        // A colour box takes red, green and blue in decimal; a cancel keeps it.
+        fx.ts.platform.colorAnswers << 0x0A0B0Cu << std::nullopt;
+        form->BGColourMore.press();
         form->BGColourMore.press();
         QCOMPARE(form->BGColour.Text(), QString("12, 11, 10"));
-        fx.ts.platform.colorAnswers.enqueue(std::nullopt);
-        form->BGColourMore.press();
-        QCOMPARE(form->BGColour.Text(), QString("12, 11, 10"));
-    }
-
-    void every_field_change_marks_the_style() {
-        StyleFixture fx;
-        auto form = fx.open();
+        // Every change of a field marks the style; a change of tab does not.
         for (const char* entry :
              {"ClassBox=x", "BoldCmb=Bold", "SmlCaps=1", "LeftOpt=1", "TagName=P", "URLBox=a"}) {
             form->session().StyleDirty = false;
-            setFields(*form, {entry});
+            setFields(*form, entry);
             QVERIFY2(form->session().StyleDirty, entry);
         }
         form->session().StyleDirty = false;
@@ -123,102 +117,96 @@ class TestFrmStyle : public QObject {
         QVERIFY(!form->session().StyleDirty);
     }
 
-    void save_asks_a_name_and_refuses_the_placeholder() {
+    // Each option turns the others of its group off, and only those.
+    void the_option_groups() {
         StyleFixture fx;
         auto form = fx.open();
-        fx.ts.platform.inputAnswers.enqueue(QString());
-        form->tbrStyle_ButtonClick(2);
+        frmATag atag(*fx.ts);
+        for (const char* group :
+             {"BdrAllOpt;SpecBdrOpt", "BAllOpt;BSpecOpt", "NoneOpt;LeftOpt;RightOpt",
+              "NneOpt;LftOpt;RtOpt;BothOpt", "Option1;PSpecOpt",
+              "RepOpt;RepHorzOpt;RepVertOpt;NoRepOpt;FixOpt", "LinkOpt;Vopt;Aopt;AllOpt"}) {
+            Form& owner = group[0] == 'L' ? static_cast<Form&>(atag) : *form;
+            for (const QString& chosen : items(group)) {
+                setFields(owner, chosen + "=1");
+                QCOMPARE(valuesOf(owner, group),
+                         QString(group)
+                             .replace(QRegularExpression("\\w+"), "off")
+                             .replace(items(group).indexOf(chosen) * 4, 3, "on"));
+            }
+        }
+    }
+
+    // Save asks a name for the new style and refuses the placeholder; a name that exists is
+    // overwritten on Yes and moves to the end of the list; a named style saves unasked.
+    void save() {
+        StyleFixture fx;
+        auto form = fx.open();
+        fx.saveAs(*form, QString());
         QCOMPARE(form->cmbItemName.ListCount(), 1);
-        saveAs(fx, *form, kNew);
+        fx.saveAs(*form, kNew);
         QCOMPARE(fx.ts.platform.messageTexts(), QStringList({"You cannot use this style name."}));
         QCOMPARE(fx.ts.platform.messages.last().icon, MsgIcon::Exclamation);
-        saveAs(fx, *form, "(new style)");
-        QCOMPARE(form->cmbItemName.Text(), QString("(new style)"));
-        QVERIFY(QFile::exists(fx.file("(new style)")));
         QCOMPARE(fx.ts.platform.inputPrompts.last(), QString("Enter a name for your settings."));
-    }
-
-    void overwriting_a_name_moves_it_to_the_end() {
-        StyleFixture fx;
-        auto form = fx.open();
-        saveAs(fx, *form, "Alpha");
-        form->tbrStyle_ButtonClick(0);
-        saveAs(fx, *form, "Beta");
-        form->tbrStyle_ButtonClick(0);
-        setFields(*form, {"TagName=H3"});
+        for (const char* name : {"(new style)", "Beta", "Gamma"}) {
+            fx.saveAs(*form, name);
+            QCOMPARE(form->cmbItemName.Text(), QString(name));
+            form->tbrStyle_ButtonClick(0);
+        }
+        setFields(*form, "TagName=H3");
         fx.ts.platform.messageAnswers.enqueue(MsgResult::Yes);
-        saveAs(fx, *form, "Alpha");
+        fx.saveAs(*form, "Beta");
         QCOMPARE(fx.ts.platform.messageTexts().last(),
-                 QString("The style name [Alpha] already exists. Do you want to overwrite it?"));
-        QCOMPARE(form->cmbItemName.items(), QStringList({kNew, "Beta", "Alpha"}));
-        QCOMPARE(form->cmbItemName.Text(), QString("Alpha"));
-        QVERIFY(!form->session().StyleDirty);
-        QVERIFY(!form->session().StyleListWalk);
-
+                 QString("The style name [Beta] already exists. Do you want to overwrite it?"));
+        QCOMPARE(form->cmbItemName.items(), QStringList({kNew, "(new style)", "Gamma", "Beta"}));
+        QCOMPARE(form->cmbItemName.Text() + fx.read("Beta", "Tag"), QString("BetaH3"));
+        QVERIFY(!form->session().StyleDirty && !form->session().StyleListWalk);
+        setFields(*form, "TagName=H5");
+        form->tbrStyle_ButtonClick(2);
+        QCOMPARE(fx.read("Beta", "Tag"), QString("H5"));
         // No: back to the new style, fields and the mark kept.
         form->tbrStyle_ButtonClick(0);
-        setFields(*form, {"TagName=H4"});
+        setFields(*form, "TagName=H4");
         fx.ts.platform.messageAnswers.enqueue(MsgResult::No);
-        saveAs(fx, *form, "Beta");
-        QCOMPARE(form->cmbItemName.Text(), kNew);
-        QCOMPARE(form->TagName.Text(), QString("H4"));
-        QVERIFY(form->session().StyleDirty);
-        QVERIFY(!form->session().StyleListWalk);
+        fx.saveAs(*form, "Gamma");
+        QCOMPARE(valuesOf(*form, "cmbItemName;TagName") + fx.read("Gamma", "Tag"), kNew + ";H4");
+        QVERIFY(form->session().StyleDirty && !form->session().StyleListWalk);
     }
 
-    void a_load_asks_about_changes_in_its_odd_order() {
+    // A load asks about changes: Cancel keeps the fields under the new name, Yes saves them
+    // under the name just chosen and loads it, No loads it. New asks with the name, and resets.
+    void load_and_new() {
         StyleFixture fx;
         auto form = fx.open();
-        setFields(*form, {"TagName=H1"});
-        saveAs(fx, *form, "One");
+        setFields(*form, "TagName=H1");
+        fx.saveAs(*form, "One");
         form->tbrStyle_ButtonClick(0);
-        setFields(*form, {"TagName=H2"});
-        saveAs(fx, *form, "Two");
-
-        // Cancel: the combo shows the new name, the old fields stay.
-        setFields(*form, {"ClassBox=edited"});
-        fx.ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
+        setFields(*form, "TagName=H2");
+        fx.saveAs(*form, "Two");
+        const QString fields = QStringLiteral("cmbItemName;TagName;ClassBox");
+        setFields(*form, "ClassBox=edited");
+        fx.ts.platform.messageAnswers << MsgResult::Cancel << MsgResult::Yes << MsgResult::No;
         form->cmbItemName.setText("One");
         QCOMPARE(fx.ts.platform.messageTexts().last(),
                  QString("Save the changes made to your style settings?"));
-        QCOMPARE(form->cmbItemName.Text(), QString("One"));
-        QCOMPARE(form->TagName.Text(), QString("H2"));
+        QCOMPARE(valuesOf(*form, fields), QString("One;H2;edited"));
         QVERIFY(form->session().StyleDirty);
-
-        // Yes: the edited fields go under the name just chosen, then that file loads.
-        fx.ts.platform.messageAnswers.enqueue(MsgResult::Yes);
         form->cmbItemName.setText("Two");
-        QCOMPARE(GetPrivateProfileString("Tessaline 2", "Class", "", fx.file("Two")),
-                 QString("edited"));
-        QCOMPARE(form->ClassBox.Text(), QString("edited"));
-        QCOMPARE(form->TagName.Text(), QString("H2"));
-
-        // No: the chosen file loads.
-        setFields(*form, {"ClassBox=dropped"});
-        fx.ts.platform.messageAnswers.enqueue(MsgResult::No);
+        QCOMPARE(valuesOf(*form, fields) + fx.read("Two", "Class"), QString("Two;H2;editededited"));
+        setFields(*form, "ClassBox=dropped");
         form->cmbItemName.setText("One");
-        QCOMPARE(form->TagName.Text(), QString("H1"));
-        QCOMPARE(form->ClassBox.Text(), QString());
+        QCOMPARE(valuesOf(*form, fields), QString("One;H1;"));
         QVERIFY(!form->session().StyleDirty);
-    }
 
-    void new_asks_with_the_name_and_resets() {
-        StyleFixture fx;
-        auto form = fx.open();
-        saveAs(fx, *form, "Mine");
-        setFields(*form, {"TagName=P"});
-        fx.ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
+        setFields(*form, "TagName=P");
+        fx.ts.platform.messageAnswers << MsgResult::Cancel << MsgResult::No << MsgResult::No;
         form->tbrStyle_ButtonClick(0);
         QCOMPARE(fx.ts.platform.messageTexts().last(),
-                 QString("Save the changes made to your style settings Mine?"));
+                 QString("Save the changes made to your style settings One?"));
         QCOMPARE(form->TagName.Text(), QString("P"));
-        fx.ts.platform.messageAnswers.enqueue(MsgResult::No);
         form->tbrStyle_ButtonClick(0);
-        QCOMPARE(form->cmbItemName.Text(), kNew);
-        QCOMPARE(form->TagName.Text(), QString());
-        // New on the new style resets too.
-        setFields(*form, {"TagName=P"});
-        fx.ts.platform.messageAnswers.enqueue(MsgResult::No);
+        QCOMPARE(valuesOf(*form, fields), kNew + ";;");
+        setFields(*form, "TagName=P"); // New on the new style resets too
         form->tbrStyle_ButtonClick(0);
         QCOMPARE(form->TagName.Text(), QString());
         QVERIFY(!form->session().StyleDirty);
@@ -227,40 +215,47 @@ class TestFrmStyle : public QObject {
     void delete_refuses_the_placeholder_and_asks_first() {
         StyleFixture fx;
         auto form = fx.open();
+        const auto last = [&] {
+            const ShownMessage& m = fx.ts.platform.messages.last();
+            return m.title + ": " + m.text;
+        };
         form->tbrStyle_ButtonClick(4);
-        QCOMPARE(fx.ts.platform.messages.last().text,
-                 QString("You cannot delete the style settings named (New Style)."));
-        QCOMPARE(fx.ts.platform.messages.last().title, QString("Unable to Delete Settings"));
-        setFields(*form, {"TagName=EM"});
-        saveAs(fx, *form, "Gone");
-        fx.ts.platform.messageAnswers.enqueue(MsgResult::No);
+        QCOMPARE(last(), QString("Unable to Delete Settings: You cannot delete the style "
+                                 "settings named (New Style)."));
+        setFields(*form, "TagName=EM");
+        fx.saveAs(*form, "Gone");
+        fx.ts.platform.messageAnswers << MsgResult::No << MsgResult::Yes;
         form->tbrStyle_ButtonClick(4);
         QVERIFY(QFile::exists(fx.file("Gone")));
-        QCOMPARE(fx.ts.platform.messages.last().title, QString("Continue with delete?"));
-        QCOMPARE(fx.ts.platform.messages.last().text,
-                 QString("Are you sure you want to delete the settings named Gone?"));
-        fx.ts.platform.messageAnswers.enqueue(MsgResult::Yes);
+        QCOMPARE(last(), QString("Continue with delete?: Are you sure you want to delete the "
+                                 "settings named Gone?"));
         form->tbrStyle_ButtonClick(4);
         QVERIFY(!QFile::exists(fx.file("Gone")));
         QCOMPARE(fx.ts.settings.get("Saved Styles", "Gone", "<none>"), QString("<none>"));
         QCOMPARE(form->cmbItemName.items(), QStringList({kNew}));
-        QCOMPARE(form->cmbItemName.Text(), kNew);
         QCOMPARE(form->TagName.Text(), QString());
     }
 
+    // "A" chosen from the list asks which links it means; typed, it asks nothing.
     void the_link_dialog_sets_the_selector_of_A() {
         StyleFixture fx;
         auto form = fx.open();
-        fx.ts.forms.then<frmATag>([](frmATag& f) {
-            QCOMPARE(f.Caption(), QString("Which form of Hyperlink?"));
-            f.Aopt.setValue(true);
-            f.OK.press();
-        });
-        form->TagName.setText("B");
-        form->TagName.setListIndex(0); // "A" chosen from the list
-        QCOMPARE(form->session().AType, QString("A:Active"));
-        form->TagName.setText("A"); // typed: no dialog
-        QCOMPARE(fx.ts.forms.shown, QStringList({"frmATag"}));
+        for (const char* choice :
+             {"LinkOpt=A:Link", "Vopt=A:Visited", "Aopt=A:Active", "AllOpt=A"}) {
+            const QString option = QString(choice).section('=', 0, 0);
+            fx.ts.forms.then<frmATag>([&](frmATag& f) {
+                QCOMPARE(f.Caption(), QString("Which form of Hyperlink?"));
+                f.closeBox();
+                QVERIFY(f.isLoaded()); // only OK closes it
+                setFields(f, "LinkOpt=1;" + option + "=1");
+                f.OK.press();
+            });
+            form->TagName.setListIndex(1);
+            form->TagName.setListIndex(0);
+            QCOMPARE(form->session().AType, QString(choice).section('=', 1));
+        }
+        form->TagName.setText("A");
+        QCOMPARE(fx.ts.forms.shown.size(), 4);
     }
 
     void ok_writes_the_rule_into_the_document_from_the_menu() {
@@ -271,7 +266,7 @@ class TestFrmStyle : public QObject {
         fx.ts.forms.then<frmStyle>([](frmStyle& f) {
             f.cmdOK.press(); // nothing chosen yet: refused, the dialog stays
             QVERIFY(f.isLoaded());
-            setFields(f, {"TagName=H1", "BoldCmb=Bold"});
+            setFields(f, "TagName=H1;BoldCmb=Bold");
             f.cmdOK.press();
             QVERIFY(!f.isLoaded());
         });
@@ -280,23 +275,16 @@ class TestFrmStyle : public QObject {
         QCOMPARE(fx.ts.platform.messageTexts(),
                  QStringList({"You must specify a tag and/or a class"}));
         QCOMPARE(fx.ts.platform.messages.first().icon, MsgIcon::Critical);
-        QCOMPARE(doc.codebox().Text(),
-                 QString("<html><head></head>\n<style type=\"text/css\">\n<!-- /* Hide Style Sheet "
-                         "information from browsers that do not support Style Sheets */\n"
-                         "  H1 {\n    font-weight: Bold;\n    }\n--></style><body></body></html>"));
+        QCOMPARE(doc.codebox().Text(), kHiddenBlock.arg("font-weight: Bold"));
         QCOMPARE(int(doc.nDoneIndex), steps + 1);
 
         // The second rule for H1 replaces the first, without a step.
         fx.ts.forms.then<frmStyle>([](frmStyle& f) {
-            setFields(f, {"TagName=H1", "ItalicCmb=Italic"});
+            setFields(f, "TagName=H1;ItalicCmb=Italic");
             f.cmdOK.press();
         });
         fx.ts.run("mnuInsertCSS");
-        QCOMPARE(
-            doc.codebox().Text(),
-            QString("<html><head></head>\n<style type=\"text/css\">\n<!-- /* Hide Style Sheet "
-                    "information from browsers that do not support Style Sheets */\n"
-                    "  H1 {\n    font-style: Italic;\n    }\n--></style><body></body></html>"));
+        QCOMPARE(doc.codebox().Text(), kHiddenBlock.arg("font-style: Italic"));
         QCOMPARE(int(doc.nDoneIndex), steps + 1);
     }
 };

@@ -1,0 +1,396 @@
+// The element dialogs' own rules. Links: the wrap around a selection, the empty pair with the
+// caret inside, the validation messages in their order, the e-mail helper, the Layout path,
+// the anchor, the style sheet link before the body tag. The image and its own commit. Page
+// Properties: the body tag read by text search with its odd cases, the tag OK writes, the
+// colour boxes' keys, the preview, and the Layout view's document colours.
+#include "dialogs/frm_colours.h"
+#include "dialogs/frm_hyperlink.h"
+#include "dialogs/new_image.h"
+#include "dialogs_helpers.h"
+#include "editor/text_pane.h"
+#include "test_rows.h"
+#include "test_shell.h"
+#include <QSignalSpy>
+
+using namespace tsl;
+using namespace tsl::test;
+
+namespace {
+const QString kDefaultTag =
+    QStringLiteral("<body bgcolor=\"#C0C0C0\" text=\"#000000\" link=\"#0000FF\" "
+                   "vlink=\"#800080\" alink=\"#FF0000\">");
+const QString kColourFields =
+    QStringLiteral("Back;TextBox;LinkBox;VlinkBox;ALinkBox;BGImgBox;chkFixed");
+
+// A document holding a page, with a selection, its dialogs opened from their menu items.
+struct Page : TestShell {
+    explicit Page(const QString& text, int selStart = 0, int selLength = 0) {
+        load();
+        pane().setText(text);
+        active().AddStep();
+        pane().setSelStart(selStart);
+        pane().setSelLength(selLength);
+    }
+    SourcePane& pane() { return active().codebox(); }
+    template <typename F> void show(const char* item, const std::function<void(F&)>& script) {
+        forms.then<F>(script);
+        run(item);
+    }
+    // The dialog filled by `fill`, then its OK pressed.
+    template <typename F> void ok(const char* item, const std::function<void(F&)>& fill) {
+        show<F>(item, [fill](F& f) {
+            fill(f);
+            f.OK.press();
+        });
+    }
+    void hyperlink(const QString& fields) {
+        ok<frmHyperlink>("mnuInsertHyperlink", [&](frmHyperlink& f) { setFields(f, fields); });
+    }
+    // The messages shown, each as its title and text.
+    QString messages() const {
+        QStringList shown;
+        for (const ShownMessage& m : platform.messages)
+            shown.append(m.title + ": " + m.text);
+        return shown.join(u'\n');
+    }
+};
+} // namespace
+
+class ElementDialogsTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void aSelectionIsWrappedAndStaysSelected() {
+        Page t("click here now", 6, 4);
+        t->bCaretStepTaken = true;
+        t.hyperlink("URLBox=a.htm");
+        QCOMPARE(t.pane().Text(), QStringLiteral("click <a href=\"a.htm\">here</a> now"));
+        QCOMPARE(t.pane().SelText(), QStringLiteral("here"));
+        QVERIFY(!t->bInsertingMarkup && !t->bCaretStepTaken);
+        t.active().Undo();
+        QCOMPARE(t.pane().Text(), QStringLiteral("click here now"));
+    }
+
+    void withoutASelectionTheCaretStandsBetweenTheTags() {
+        Page t("ab", 1);
+        t.hyperlink("URLBox=a.htm;AnchorBox=top;cmbTarget=New window");
+        QCOMPARE(t.pane().Text(), QStringLiteral("a<a href=\"a.htm#top\" target=\"_blank\"></a>b"));
+        QCOMPARE(t.pane().SelStart(), 37);
+        QCOMPARE(t->nStepCaretAdvance, Int16(0));
+        QVERIFY(!t->bInsertingMarkup);
+        t.active().Undo();
+        QCOMPARE(t.pane().Text(), QStringLiteral("ab"));
+    }
+
+    // Fields, then the link written in an empty page, or the message that keeps the dialog
+    // open (the checks in their order). The frame name is for the target Other only.
+    void aHyperlinkIsWrittenOrRefused_data() {
+        columns<QString, QString>({"fields", "result"});
+        row("no target", "URLBox=x", "<a href=\"x\"></a>");
+        row("same", "URLBox=x;cmbTarget=Same frame", "<a href=\"x\" target=\"_self\"></a>");
+        row("top", "URLBox=x;cmbTarget=Display page without frames",
+            "<a href=\"x\" target=\"_top\"></a>");
+        row("parent", "URLBox=x;cmbTarget=Parent frame", "<a href=\"x\" target=\"_parent\"></a>");
+        row("other", "URLBox=x;cmbTarget=Other;FNameBox=main",
+            "<a href=\"x\" target=\"main\"></a>");
+        row("other, no name", "URLBox=x;cmbTarget=Other", "<a href=\"x\" target=\"\"></a>");
+        const QString noUrl = QStringLiteral("Invalid URL: You must specify a valid URL!");
+        row("no URL", "", noUrl);
+        row("empty URL", "URLBox=;cmbTarget=New window", noUrl);
+        row("mail with anchor", "URLBox=MAILTO:a@b;AnchorBox=top;cmbTarget=New window",
+            "Anchor not allowed: You can't link to an anchor with an e-mail address");
+        row("mail with target", "URLBox=mailto:a@b;cmbTarget=New window",
+            "Frame target not allowed: You have set the hyperlink to mailto and used the frames "
+            "target box. This is not valid.");
+        row("an anchor alone passes", "AnchorBox=top", "<a href=\"http://#top\"></a>");
+        row("mail alone passes", "URLBox=mailto:a@b", "<a href=\"mailto:a@b\"></a>");
+    }
+    void aHyperlinkIsWrittenOrRefused() {
+        QFETCH(QString, fields);
+        Page t{QString()};
+        bool stayed = false;
+        t.show<frmHyperlink>("mnuInsertHyperlink", [&](frmHyperlink& f) {
+            QVERIFY(!f.FNameBox.Enabled());
+            setFields(f, fields);
+            QCOMPARE(f.FNameBox.Enabled(), fields.contains("cmbTarget=Other"));
+            f.OK.press();
+            stayed = f.isLoaded();
+        });
+        QTEST(stayed ? t.messages() : t.pane().Text(), "result");
+        QCOMPARE(stayed, !t.platform.messages.isEmpty());
+    }
+
+    void theEmailHelperComposesTheAddress() {
+        Page t{QString()};
+        t.ok<frmHyperlink>("mnuInsertHyperlink", [&t](frmHyperlink& f) {
+            QCOMPARE(f.URLBox.Text(), QStringLiteral("http://"));
+            t.forms.then<frmEmail>([](frmEmail& e) {
+                QCOMPARE(e.Caption(), QStringLiteral("Link to e-mail address"));
+                e.cmdOK.press();
+                QVERIFY(e.isLoaded());
+                setFields(e, "txtAddress=me@example.org");
+                e.cmdOK.press();
+            });
+            f.cmdMail.press();
+            QCOMPARE(f.URLBox.Text(), QStringLiteral("mailto:me@example.org"));
+            t.forms.then<frmEmail>([](frmEmail& e) {
+                setFields(e, "txtAddress=me@example.org;txtSubject=two words");
+                e.cmdOK.press();
+            });
+            f.cmdMail.press();
+        });
+        QCOMPARE(t.messages(),
+                 QStringLiteral("Invalid E-mail Address: You must define an e-mail address."));
+        QCOMPARE(t.pane().Text(),
+                 QStringLiteral("<a href=\"mailto:me@example.org?subject=two words\"></a>"));
+    }
+
+    void inLayoutTheLinkTakesThePlainTextOrTheUrl() {
+        Page t("<p>x</p>");
+        t->bLayoutActive = true;
+        t.hyperlink("URLBox=a.htm;AnchorBox=top");
+        layoutOf(t.active()).selected = QStringLiteral("bold words");
+        t.hyperlink("URLBox=b.htm");
+        QCOMPARE(layoutOf(t.active()).pasted, (QStringList{"<a href=\"a.htm#top\">a.htm</a>",
+                                                           "<a href=\"b.htm\">bold words</a>"}));
+        QCOMPARE(t.pane().Text(), QStringLiteral("<p>x</p>"));
+        QVERIFY(!t->bInsertingMarkup);
+    }
+
+    void anAnchorIsNamedAndWrittenToSourceInAnyView() {
+        Page t("top of page", 0, 3);
+        t->bLayoutActive = true;
+        t.ok<frmAnchor>("mnuInsertAnchor", [](frmAnchor& f) {
+            f.OK.press();
+            QVERIFY(f.isLoaded());
+            setFields(f, "AnchorBox=top");
+        });
+        QCOMPARE(t.platform.messageTexts(), QStringList{"Invalid Anchor / Bookmark"});
+        QCOMPARE(t.pane().Text(), QStringLiteral("<a name=\"top\">top</a> of page"));
+        QVERIFY(layoutOf(t.active()).pasted.isEmpty());
+        QVERIFY(!t->bInsertingMarkup);
+    }
+
+    // The element, a line end behind it, before the body tag found in any case; without one
+    // at the caret. The Source pane then has the keyboard, and the insert is one step.
+    void theStyleSheetLinkGoesBeforeTheBody_data() {
+        columns<QString, QString>({"text", "result"});
+        row("body", "<html><BODY>x</BODY>",
+            "<html><link rel=\"stylesheet\" type=\"text/css\" href=\"s.css\">\n<BODY>x</BODY>");
+        row("no body", "ab", "<link rel=\"stylesheet\" type=\"text/css\" href=\"s.css\">ab");
+    }
+    void theStyleSheetLinkGoesBeforeTheBody() {
+        QFETCH(QString, text);
+        Page t(text);
+        const Int16 done = t.active().nDoneIndex;
+        auto& pane = static_cast<TextPane&>(t.pane());
+        int focus = -1;
+        t.show<frmLink>("mnuInsertLink", [&](frmLink& f) {
+            QVERIFY(!f.cmdOK.Enabled());
+            setFields(f, "txtLinkTo=s.css");
+            QVERIFY(f.cmdOK.Enabled());
+            focus = pane.focusCount();
+            f.cmdOK.press();
+        });
+        QTEST(t.pane().Text(), "result");
+        QCOMPARE(t.active().nDoneIndex, Int16(done + 1));
+        QCOMPARE(pane.focusCount(), focus + 1);
+    }
+
+    // Fields, then the image element: its attributes in a fixed order, empty ones left out.
+    void theImage_data() {
+        columns<QString, QString>({"fields", "markup"});
+        row("image", "FileName=a.gif", "<img src=\"a.gif\">");
+        row("movie alone", "AVIBox=a.avi", "<img dynsrc=\"a.avi\">");
+        row("zero is a width", "FileName=a.gif;WidthB=0", "<img src=\"a.gif\" width=\"0\">");
+        row("all, in the element's order",
+            "HSpace=4;Vspace=3;HeightB=2;WidthB=1;Alignment=Absmiddle;AltText=a cat;AVIBox=m.avi;"
+            "LowSrc=l.gif;FileName=a.gif",
+            "<img src=\"a.gif\" lowsrc=\"l.gif\" dynsrc=\"m.avi\" alt=\"a cat\" align=\"Absmiddle\" "
+            "width=\"1\" height=\"2\" vspace=\"3\" hspace=\"4\">");
+    }
+    void theImage() {
+        QFETCH(QString, fields);
+        TestShell t;
+        NewImage form(*t.shell);
+        setFields(form, fields);
+        QTEST(form.markup(), "markup");
+        QCOMPARE(form.Alignment.items(), items("Left;Right;Top;Bottom;Middle;Absmiddle;Absbottom;"
+                                               "Texttop;Baseline;Left;Right"));
+        setFields(form, "WidthB=;HeightB=;Vspace=;HSpace=");
+        for (TextBox* box : {&form.WidthB, &form.HeightB, &form.Vspace, &form.HSpace})
+            box->typeText("1x2");
+        QCOMPARE(valuesOf(form, "WidthB;HeightB;Vspace;HSpace"), QStringLiteral("12;12;12;12"));
+    }
+
+    // A static image or a movie is needed; the element is one step of its own, and the
+    // insert flag is left as it was. The movie button keeps its own filter.
+    void theImageCommitsInItsOwnWay() {
+        Page t("ab", 1);
+        const Int16 done = t.active().nDoneIndex;
+        t->bInsertingMarkup = true;
+        t.ok<NewImage>("mnuInsertImage", [&t](NewImage& f) {
+            QVERIFY(f.ImageFiles.hasFlag(CommonDialog::FileMustExist));
+            t.platform.fileAnswers << FileDialogAnswer::cancel() << FileDialogAnswer::cancel();
+            f.Command1.press();
+            QCOMPARE(f.ImageFiles.Filter,
+                     QStringLiteral("Movie Files (*.avi; *.mpg; *.mpeg)|*.avi; *.mpg; *.mpeg"));
+            f.BrowseLS.press();
+            QVERIFY(f.ImageFiles.Filter.startsWith(QStringLiteral("All Formats|")));
+            setFields(f, "LowSrc=l.gif");
+            f.OK.press();
+            QVERIFY(f.isLoaded());
+            setFields(f, "FileName=a.gif");
+        });
+        QCOMPARE(t.messages(), QStringLiteral("No Static Image Defined: You must specify a static "
+                                              "image file."));
+        QCOMPARE(t.pane().Text(), QStringLiteral("a<img src=\"a.gif\" lowsrc=\"l.gif\">b"));
+        QCOMPARE(t.active().nDoneIndex, Int16(done + 1));
+        QVERIFY(t->bInsertingMarkup);
+        t->bLayoutActive = true;
+        t.ok<NewImage>("mnuInsertImage", [](NewImage& f) { setFields(f, "AVIBox=m.avi"); });
+        QCOMPARE(layoutOf(t.active()).pasted, QStringList{"<img dynsrc=\"m.avi\">"});
+    }
+
+    // The body tag, and what Page Properties shows of it: the five colours, image and check.
+    void pagePropertiesReadsTheBodyTag_data() {
+        columns<QString, QString>({"tag", "shown"});
+        const QString rest = ";#000000;#0000FF;#800080;#FF0000;;0";
+        row("no attributes", "<body>", "#C0C0C0" + rest);
+        row("no body tag", "<p>", "#C0C0C0" + rest);
+        row("a colour name, as spelled", "<body bgcolor=red>", "red" + rest);
+        row("any case", "<BODY BGCOLOR=\"#ff0000\">", "#ff0000" + rest);
+        row("all five quoted",
+            "<body text=\"#0000FF\" link=\"#00FF00\" vlink=\"#FF00FF\" alink=\"#00FFFF\" "
+            "bgcolor=\"#FFFF00\">",
+            "#FFFF00;#0000FF;#00FF00;#FF00FF;#00FFFF;;0");
+        row("link behind vlink takes its value", "<body vlink=\"#111111\" link=\"#222222\">",
+            "#C0C0C0;#000000;#111111;#111111;#FF0000;;0");
+        row("unquoted: to the blank, the last one short of >",
+            "<body text=#123456 bgcolor=#ABCDEF>", "#ABCDEF;#ABCDEF;#0000FF;#800080;#FF0000;;0");
+        row("unquoted after bgcolor: text's = is skipped", "<body bgcolor=#FFFFFF text=#123456>",
+            "#FFFFFF" + rest);
+        // The box holds seven characters, so the run-on value is cut.
+        row("text inside a value runs into the next attribute",
+            "<body background=\"text.gif\" bgcolor=\"#AAAAAA\">",
+            "#AAAAAA; bgcolo;#0000FF;#800080;#FF0000;text.gif;0");
+        row("an image, fixed", "<body background=\"img/bg.gif\" bgproperties=\"fixed\">",
+            "#C0C0C0;#000000;#0000FF;#800080;#FF0000;img/bg.gif;1");
+        row("fixed unquoted", "<body background=\"a.gif\" bgproperties=fixed>",
+            "#C0C0C0;#000000;#0000FF;#800080;#FF0000;a.gif;1");
+        row("an unquoted image is not read", "<body background=a.gif>", "#C0C0C0" + rest);
+        // Positions are 16-bit: a body tag far down the page is not read, and nothing breaks.
+        row("beyond the 16-bit range", QString(40000, 'x') + "<body bgcolor=\"#123456\">",
+            "#C0C0C0" + rest);
+    }
+    void pagePropertiesReadsTheBodyTag() {
+        QFETCH(QString, tag);
+        const QString page = "<html>\n" + tag + "\n<p>x</p>\n</body></html>";
+        Page t(page);
+        QString shown;
+        t.show<Colours>("mnuEditProperties", [&](Colours& f) {
+            shown = valuesOf(f, kColourFields);
+            f.Cancel.press();
+        });
+        QTEST(shown, "shown");
+        // Cancel puts the caret behind the tag.
+        QCOMPARE(t.pane().Text(), page);
+        if (tag.startsWith("<b")) QCOMPARE(t.pane().SelStart(), page.indexOf('>', 8) + 1);
+    }
+
+    // The whole old tag goes, in lower case, with all five colours and the image's two. A page
+    // without a body tag stays as it is, without a step.
+    void pagePropertiesReplacesTheBodyTag_data() {
+        columns<QString, QString, QString>({"tag", "fields", "written"});
+        row("defaults", "<body>", "", kDefaultTag);
+        row("other attributes are lost", "<BODY onload=\"go()\" bgcolor=\"#ffffff\">", "",
+            QString(kDefaultTag).replace("#C0C0C0", "#ffffff"));
+        row("an emptied box is written empty", "<body>", "Back=",
+            QString(kDefaultTag).replace("\"#C0C0C0\"", "\"\""));
+        row("image and fixed", "<body>", "BGImgBox=bg.gif;chkFixed=1",
+            kDefaultTag.chopped(1) + " background=\"bg.gif\" bgproperties=\"fixed\">");
+        row("fixed without an image writes nothing", "<body>", "chkFixed=1", kDefaultTag);
+        row("no body tag", "<p>", "Back=#123456", "<p>");
+    }
+    void pagePropertiesReplacesTheBodyTag() {
+        QFETCH(QString, tag);
+        QFETCH(QString, fields);
+        QFETCH(QString, written);
+        Page t("<html>\n" + tag + "\n<p>x</p></html>");
+        const Int16 done = t.active().nDoneIndex;
+        t.ok<Colours>("mnuEditProperties", [&](Colours& f) { setFields(f, fields); });
+        QCOMPARE(t.pane().Text(), "<html>\n" + written + "\n<p>x</p></html>");
+        QCOMPARE(t.active().nDoneIndex, Int16(done + (written == tag ? 0 : 1)));
+        QVERIFY(t.forms.scripts.isEmpty() && t.platform.messages.isEmpty());
+    }
+
+    void pagePropertiesInLayoutUsesTheDocumentColours() {
+        Page t("<p>x</p>");
+        t->bLayoutActive = true;
+        DetachedLayout& layout = layoutOf(t.active());
+        layout.colours = {{"bgColor", "#ffffff"},   {"fgColor", "#000080"},
+                          {"linkColor", "blue"},    {"alinkColor", "#ff0000"},
+                          {"vlinkColor", "#800080"}};
+        const int steps = t.active().nDoneIndex;
+        t.ok<Colours>("mnuEditProperties", [](Colours& f) {
+            QCOMPARE(valuesOf(f, kColourFields), QString("#FFFFFF;#000080;BLUE;#800080;#FF0000;;0"));
+            setFields(f, "Back=#ffcc00;BGImgBox=ignored.gif");
+        });
+        QCOMPARE(layout.colours.value("bgColor") + layout.colours.value("linkColor"),
+                 QStringLiteral("#ffcc00BLUE"));
+        QCOMPARE(t.pane().Text(), QStringLiteral("<p>x</p>"));
+        QCOMPARE(t.active().nDoneIndex, steps);
+        QCOMPARE(layout.focusCount, 1);
+    }
+
+    // Hex digits, "#" and backspace; six digits without "#" are full, and say so, but a
+    // selection lets them change.
+    void theColourBoxKeys_data() {
+        columns<QString, QString, int>({"typed", "shown", "beeps"});
+        row("lower case kept, others dropped", "#a-bC9x", "#abC9", 0);
+        row("with # up to seven", "#12345678", "#123456", 0);
+        row("without # six, then a beep a key", "1234567\b", "123456", 2);
+    }
+    void theColourBoxKeys() {
+        QFETCH(QString, typed);
+        QFETCH(QString, shown);
+        QFETCH(int, beeps);
+        Page t("<body>");
+        t.show<Colours>("mnuEditProperties", [&](Colours& f) {
+            setFields(f, "ALinkBox=");
+            f.ALinkBox.typeText(typed);
+            QCOMPARE(f.ALinkBox.Text(), shown);
+            f.ALinkBox.SelStart = 0;
+            f.ALinkBox.SelLength = shown.size();
+            f.ALinkBox.typeText("#abcdef");
+            QCOMPARE(f.ALinkBox.Text(), QStringLiteral("#abcdef"));
+            f.Cancel.press();
+        });
+        QCOMPARE(t.platform.beeps, beeps);
+    }
+
+    // The preview follows each box: the last six characters as hex digits, the field's
+    // default for what is no colour.
+    void thePreviewFollowsTheBoxes() {
+        Page t("<body bgcolor=red>");
+        t.show<Colours>("mnuEditProperties", [&](Colours& f) {
+            QCOMPARE(f.BGColor.BackColor(), 0xC0C0C0);
+            setFields(f, "TextBox=#FF8000;LinkBox=#12;VlinkBox=z123456;ALinkBox=#12345G");
+            QCOMPARE(f.Text.ForeColor(), 0x0080FF); // red in the lowest byte
+            QCOMPARE(f.Link.ForeColor(), 0xFF0000); // 0000FF, the link's default
+            QCOMPARE(f.VLink.ForeColor(), 0x563412);
+            QCOMPARE(f.ALink.ForeColor(), 0x0000FF);
+            // The picker writes "#" and the colour, and leaves the focus where it was.
+            QSignalSpy focus(&f.VlinkBox, &Control::focusRequested);
+            t.platform.colorAnswers.enqueue(0x00FF00u);
+            f.VLinkMore.press();
+            QCOMPARE(f.VlinkBox.Text(), QStringLiteral("#00FF00"));
+            QCOMPARE(f.VLink.ForeColor(), 0x00FF00);
+            QCOMPARE(focus.count(), 0);
+            f.Cancel.press();
+        });
+    }
+};
+
+QTEST_MAIN(ElementDialogsTest)
+#include "test_element_dialogs.moc"

@@ -1,0 +1,490 @@
+// Find & Replace in the Source text (the step that keeps a repeated search off the match it
+// stands on, the upward off-by-one, the end messages, the 16-bit limits) and Extended Replace in
+// files (whole words, case, bytes kept, failures), with their windows driven as the user does.
+#include "search/find_replace.h"
+#include "search/frm_choose_files.h"
+#include "search/frm_ext_find.h"
+#include "search/frm_find.h"
+#include "search/replace_in_files.h"
+#include "search_helpers.h"
+#include "shell/code_editor.h"
+#include "test_rows.h"
+#include "test_shell.h"
+
+using namespace tsl;
+using namespace tsl::test;
+
+namespace {
+const QString kText = QStringLiteral("one two one two");
+const QString kFinished = QStringLiteral("Tessaline has finished searching the document.");
+const QString kNotFound = kFinished + QStringLiteral(" The search item was not found.");
+const QString kDone = QStringLiteral("Done! Tessaline completed the operation in 0 seconds.");
+const QString kNoFiles = QStringLiteral("There are no files in the selected folder.");
+QString question(int files) {
+    return QStringLiteral("You are about to replace strings in %1 files. This action is not "
+                          "undoable. Do you want to continue?")
+        .arg(files);
+}
+
+struct Search {
+    FindState state;
+    TextPane codebox;
+    ScriptedPlatform platform;
+    Search(const QString& text, int caret, const QString& what, int direction = 1) {
+        codebox.setText(text);
+        codebox.setSelStart(caret);
+        state.FindText = what;
+        state.FindChanged = true;
+        state.FindDirection = Int16(direction);
+    }
+    void findNext() { FindNextMatch(state, codebox, codebox.SelStart(), platform); }
+    int replaceAll(const QString& with) { return ReplaceAllMatches(state, codebox, with, platform); }
+};
+
+struct FindRow {
+    QString what;
+    int caret, lastPos;
+    bool changed;
+    int direction, matchCase, hits, selStart, selLength;
+    QString message; // none: found
+};
+struct ReplaceRow {
+    QString text;
+    int caret, direction; // or, in files, the options: 2 whole word, 4 match case
+    QString what, with, result;
+    int count;
+};
+
+// The Find & Replace window over one document holding `text`, with the caret and selection.
+struct FindWindow : TestShell {
+    FindWindow(const QString& text, int caret, int length = 0) {
+        load();
+        pane().setText(text);
+        pane().select(caret, length);
+        active().AddStep();
+    }
+    frmFind* open() {
+        run("mnuEditFind");
+        return forms.modeless<frmFind>();
+    }
+    SourcePane& pane() { return active().codebox(); }
+    FindState& search() { return shell->part<SearchSession>().Search; }
+};
+
+// Extended Replace on a fresh program, with a folder of pages.
+struct ExtReplace : TestShell {
+    QTemporaryDir dir;
+    std::unique_ptr<frmExtFind> form;
+    ExtReplace() {
+        load();
+        form = std::make_unique<frmExtFind>(*shell);
+        form->Form_Load();
+    }
+    QString page(const char* name, const QByteArray& bytes = "foo") {
+        return writeFile(dir, QString::fromLatin1(name), bytes);
+    }
+    // Presses Replace on the folder, or on the chosen files, answering the question if asked.
+    void replace(const char* what, const char* with, MsgResult answer = MsgResult::Yes) {
+        if (form->optSpecFolder.Value()) form->txtPath.setText(dir.path());
+        form->FindBox.setText(what);
+        form->ReplaceBox.setText(with);
+        if (answer != MsgResult::OK) platform.messageAnswers.enqueue(answer);
+        form->ReplaceButton.press();
+    }
+};
+} // namespace
+
+class SearchTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    // In "one two one two"; "changed" is a search text new since the last find.
+    void findNext_data() {
+        rowsOf<FindRow>({
+            {"down, changed: the match at the caret", {"one", 0, 0, true, 1, 0, 0, 0, 3, {}}},
+            {"down again, not moved: the next", {"one", 0, 0, false, 1, 0, 0, 8, 3, {}}},
+            {"down, moved: from the caret", {"one", 8, 0, false, 1, 0, 0, 8, 3, {}}},
+            {"past the last, none before", {"one", 9, 9, false, 1, 0, 0, 9, 0, kNotFound}},
+            {"past the last after a success", {"one", 9, 9, false, 1, 0, 3, 9, 0, kFinished}},
+            {"up: the one before", {"one", 12, 0, false, 0, 0, 0, 8, 3, {}}},
+            {"up skips a letter before the caret", {"e", 11, 0, false, 0, 0, 0, 2, 1, {}}},
+            {"up takes a changed letter", {"e", 11, 0, true, 0, 0, 0, 10, 1, {}}},
+            {"case matters when asked", {"ONE", 0, 0, true, 1, 1, 0, 0, 0, kNotFound}},
+            {"case folds otherwise", {"ONE", 0, 0, true, 1, 0, 0, 0, 3, {}}},
+        });
+    }
+    void findNext() {
+        QFETCH(FindRow, row);
+        Search s(kText, row.caret, row.what, row.direction);
+        s.state.FindChanged = row.changed;
+        s.state.FindLastPos = Int16(row.lastPos);
+        s.state.FindMatchCase = Int16(row.matchCase);
+        s.state.FindHits = Int16(row.hits);
+        s.findNext();
+        QCOMPARE(s.codebox.SelStart(), row.selStart);
+        QCOMPARE(s.codebox.SelLength(), row.selLength);
+        const bool found = row.message.isEmpty();
+        QCOMPARE(s.platform.messageTexts(), found ? QStringList() : QStringList{row.message});
+        for (const ShownMessage& m : s.platform.messages)
+            QVERIFY(m.icon == MsgIcon::Information && m.systemModal && m.title.isEmpty());
+        QCOMPARE(s.state.FindHits, Int16(row.hits + found));
+        QCOMPARE(s.state.FindLastPos, Int16(row.selStart));
+        QVERIFY(!s.state.FindChanged);
+        QCOMPARE(s.codebox.focusCount(), int(found));
+    }
+
+    // Up from the very start: not found, and the state stays. Positions are 16-bit: a caret or
+    // a match past 32767 overflows.
+    void upFromTheStartAndPastThe16BitRange() {
+        Search s(kText, 0, QStringLiteral("one"), 0);
+        s.state.FindLastPos = 5;
+        s.findNext();
+        QCOMPARE(s.platform.messageTexts(), QStringList{kNotFound});
+        QCOMPARE(s.state.FindLastPos, Int16(5));
+        QVERIFY(s.state.FindChanged);
+        Search far(QString(40000, QLatin1Char('x')) + QStringLiteral("one"), 0, "one");
+        QCOMPARE(errorOf([&] { far.findNext(); }), int(ErrOverflow));
+        far.codebox.setSelStart(33000);
+        QCOMPARE(errorOf([&] { far.findNext(); }), int(ErrOverflow));
+        // A sharp s would become two letters in a whole-text upper case and shift positions.
+        Search sharp(QStringLiteral("stra\u00DFe one"), 0, QStringLiteral("one"));
+        sharp.findNext();
+        QCOMPARE(sharp.codebox.SelStart(), 7);
+    }
+
+    void replaceAll_data() {
+        rowsOf<ReplaceRow>({
+            {"growing text ends behind each insert", {"a b a", 0, 1, "a", "aa", "aa b aa", 2}},
+            {"the first pass starts one before the caret", {"ab ab", 1, 1, "a", "X", "Xb Xb", 2}},
+            {"from the caret to the end only", {"ab ab ab", 4, 1, "ab", "c", "ab c c", 2}},
+            {"nothing deletes", {"a-a-a", 0, 1, "-", "", "aaa", 2}},
+            {"upward from the end", {"a a a", 5, 0, "a", "bb", "bb bb bb", 3}},
+            {"case folds", {"One one", 0, 1, "ONE", "two", "two two", 2}},
+        });
+    }
+    void replaceAll() {
+        QFETCH(ReplaceRow, row);
+        Search s(row.text, row.caret, row.what, row.direction);
+        QCOMPARE(s.replaceAll(row.with), row.count);
+        QCOMPARE(s.codebox.Text(), row.result);
+        QCOMPARE(s.platform.messageTexts(),
+                 QStringList{QStringLiteral("Tessaline has finished searching the document and "
+                                            "replaced %1 items.")
+                                 .arg(row.count)});
+        const ShownMessage& m = s.platform.messages.first();
+        QVERIFY(m.icon == MsgIcon::Exclamation && m.systemModal && m.title == "Tessaline");
+        QVERIFY(!s.state.FindChanged);
+    }
+
+    // Without a match the message names the text; upward from the start the pane refuses the
+    // negative position.
+    void replaceAllWithoutAMatch() {
+        Search s(kText, 0, QStringLiteral("zz"));
+        QCOMPARE(s.replaceAll(QStringLiteral("y")), 0);
+        QCOMPARE(s.platform.messageTexts(), QStringList{"Tessaline has finished searching for zz. "
+                                                        "The search item was not found."});
+        QCOMPARE(s.platform.messages.first().icon, MsgIcon::Information);
+        s.state.FindDirection = 0;
+        QCOMPARE(errorOf([&] { s.replaceAll(QStringLiteral("y")); }), int(ErrInvalidPropertyValue));
+        QCOMPARE(s.codebox.Text(), kText);
+    }
+
+    // The window takes the selection, or the last search; the actions wait for a text. It
+    // closes before Exit asks about the documents.
+    void theFindWindowOpensOnTheSelectionOrTheLastSearch() {
+        FindWindow w(QStringLiteral("one two one"), 4, 3);
+        w.search().FindMatchCase = 1;
+        frmFind& form = *w.open();
+        QCOMPARE(form.Caption(), QStringLiteral("Find & Replace"));
+        QCOMPARE(form.txtFind.Text(), QStringLiteral("two"));
+        QVERIFY(w->bFindOpen && w.search().FindChanged && form.chkCase.Value() == 1);
+        QVERIFY(form.optDirectionDown.Value() && form.cmdFind.Enabled());
+        for (const char* text : {"", "b"}) {
+            form.txtFind.setText(text);
+            for (Control* c : std::initializer_list<Control*>{&form.cmdFind, &form.txtReplace,
+                                                              &form.cmdReplace, &form.Command1,
+                                                              &form.Label2})
+                QCOMPARE(c->Enabled(), *text != 0);
+        }
+        form.cmdCancel.press();
+        QVERIFY(!w->bFindOpen);
+        QCOMPARE(w.search().FindText, QStringLiteral("b"));
+        w.pane().setSelStart(0);
+        w.search().FindDirection = 0;
+        QCOMPARE(w.open()->txtFind.Text(), QStringLiteral("b"));
+        QCOMPARE(w.search().FindDirection, Int16(1));
+        bool openWhenAsked = true;
+        w.run("mnuFileNewHTML");
+        w.platform.messageAnswers.enqueue(MsgResult::Cancel);
+        w.platform.onMessage = [&] { openWhenAsked = w->bFindOpen; };
+        QVERIFY(!w->requestExit());
+        QVERIFY(!openWhenAsked);
+        // Loaded with nothing to look for, only Find waits for a text.
+        FindWindow fresh(QStringLiteral("abc"), 0);
+        QVERIFY(!fresh.open()->cmdFind.Enabled() && fresh.open()->Command1.Enabled());
+    }
+
+    // Replace changes a selection that matches and finds the next; Replace All changes every
+    // match; each change is one undo step.
+    void theWindowReplaces_data() {
+        columns<int, int, bool, QString>({"selStart", "matchCase", "all", "text"});
+        QTest::newRow("same but for case") << 0 << 0 << false << QString("XY one ONE");
+        QTest::newRow("case must match") << 0 << 1 << false << QString("One one ONE");
+        QTest::newRow("no selection") << 3 << 0 << false << QString("One one ONE");
+        QTest::newRow("all") << 0 << 0 << true << QString("XY XY XY");
+    }
+    void theWindowReplaces() {
+        QFETCH(int, selStart);
+        QFETCH(int, matchCase);
+        QFETCH(bool, all);
+        QFETCH(QString, text);
+        FindWindow w(QStringLiteral("One one ONE"), 0, 3);
+        frmFind& form = *w.open();
+        form.txtFind.setText(QStringLiteral("one"));
+        form.txtReplace.setText(QStringLiteral("XY"));
+        form.chkCase.setValue(matchCase);
+        w.pane().select(selStart, selStart == 0 ? 3 : 0);
+        const Int16 done = w.active().nDoneIndex;
+        (all ? form.Command1 : form.cmdReplace).press();
+        QCOMPARE(w.pane().Text(), text);
+        if (!all) QCOMPARE(w.pane().SelText(), QStringLiteral("one"));
+        const bool changed = text != QLatin1String("One one ONE");
+        QCOMPARE(w.active().nDoneIndex, Int16(done + changed));
+        w.active().Undo();
+        QCOMPARE(w.pane().Text(), changed ? QStringLiteral("One one ONE") : text);
+    }
+
+    void inLayoutTheSurfaceFindsForItself() {
+        FindWindow w(QStringLiteral("<p>x</p>"), 0);
+        w->bLayoutActive = true;
+        QVERIFY(!w.open());
+        QCOMPARE(layoutOf(w.active()).commands.size(), 1);
+        QCOMPARE(layoutOf(w.active()).commands.first().id, int(layoutcmd::FindText));
+    }
+
+    // In files the options are 2 whole word, 4 match case.
+    void everyMatch_data() {
+        rowsOf<ReplaceRow>({
+            {"case folds", {"Foo foo FOO", 0, 0, "foo", "x", "x x x", 3}},
+            {"match case", {"Foo foo FOO", 4, 0, "foo", "x", "Foo x FOO", 1}},
+            {"whole word", {"foo food foo_ (foo)", 2, 0, "foo", "x", "x food x_ (x)", 3}},
+            {"both", {"Foo foo food", 6, 0, "foo", "x", "Foo x food", 1}},
+            {"growing text ends", {"a a", 0, 0, "a", "aa", "aa aa", 2}},
+            {"nothing deletes", {"a-b-c", 0, 0, "-", "", "abc", 2}},
+            {"empty search text", {"abc", 0, 0, "", "x", "abc", 0}},
+            // The word test sees the text as already changed: the "x" now stands before "-".
+            {"word after a replacement", {"--a", 2, 0, "-", "x", "x-a", 1}},
+            {"word after a deletion", {"a--", 2, 0, "-", "", "a-", 1}},
+        });
+    }
+    void everyMatch() {
+        QFETCH(ReplaceRow, row);
+        int count = -1;
+        QCOMPARE(replaceEveryMatch(row.text, row.what, row.with, row.caret, &count), row.result);
+        QCOMPARE(count, row.count);
+    }
+
+    // The menu opens Extended Replace on the folder option; Close unloads it.
+    void extendedReplaceOpensOnTheFolderAndCloses() {
+        ExtReplace e;
+        e.forms.then<frmExtFind>([](frmExtFind& f) {
+            QCOMPARE(f.Caption(), QStringLiteral("Extended Replace"));
+            QVERIFY(f.optSpecFolder.Value() && !f.optSelected.Value());
+            QVERIFY(!f.pbProgress.Visible() && !f.filesInFolder.Visible());
+            QCOMPARE(f.txtFilter.items(), words("*.htm;*.html;*.asp *.txt *.css"));
+            QCOMPARE(f.txtFilter.Text(), QStringLiteral("*.htm;*.html;*.asp"));
+            f.CancelButton.press();
+            QVERIFY(!f.isLoaded());
+        });
+        e.run("mnuExtFind");
+        QCOMPARE(e.forms.shown, QStringList{"frmExtFind"});
+        QCOMPARE(e->CurrentDocument, &e.active());
+    }
+
+    // Replace is on when there is a text and a target: a folder, or chosen files. The options
+    // alone look only at the target, not at the text.
+    void replaceIsOnWithATextAndATarget_data() {
+        columns<bool, QString, int, QString, bool>({"selected", "path", "files", "find", "on"});
+        QTest::newRow("folder, no path") << false << "" << 0 << "x" << false;
+        QTest::newRow("folder, path, no text") << false << "/tmp" << 0 << "" << false;
+        QTest::newRow("folder, path, text") << false << "/tmp" << 0 << "x" << true;
+        QTest::newRow("files, none") << true << "" << 0 << "x" << false;
+        QTest::newRow("files, one") << true << "" << 1 << "x" << true;
+        QTest::newRow("files, one, no text") << true << "" << 1 << "" << false;
+    }
+    void replaceIsOnWithATextAndATarget() {
+        QFETCH(bool, selected);
+        QFETCH(QString, path);
+        QFETCH(int, files);
+        ExtReplace e;
+        frmExtFind& f = *e.form;
+        f.txtPath.setText(path);
+        if (files) f.lstFiles.AddItem(QStringLiteral("/tmp/a.htm"));
+        (selected ? f.optSelected : f.optSpecFolder).setValue(true);
+        QCOMPARE(f.ReplaceButton.Enabled(), selected ? files > 0 : !path.isEmpty());
+        QStringList on;
+        for (const QString& name : words("txtPath cmdSelectDocFolder Label3 txtFilter lstFiles "
+                                         "cmdSelectDocFiles"))
+            if (f.control(name)->Enabled()) on << name;
+        QCOMPARE(on, words(selected ? "lstFiles cmdSelectDocFiles"
+                                    : "txtPath cmdSelectDocFolder Label3 txtFilter"));
+        f.FindBox.setText(QStringLiteral("seed"));
+        QFETCH(QString, find);
+        f.FindBox.setText(find);
+        QTEST(f.ReplaceButton.Enabled(), "on");
+    }
+
+    // The pages of the folder under the filter, each keeping its bytes but for the
+    // replacements: line ends, byte-order mark, 8-bit text. No leaves the files alone.
+    void aFolderIsReplacedUnderItsFilter() {
+        ExtReplace e;
+        const QStringList pages = {e.page("a.htm", "<p>Foo foo food</p>\r\n<p>foo</p>\r\n"),
+                                   e.page("b.html", "\xEF\xBB\xBF<p>foo caf\xC3\xA9</p>\n"),
+                                   e.page("c.asp", "foo caf\xE9\r\n"), e.page("d.htm", "none")};
+        const QString other = e.page("notes.txt");
+        frmExtFind& f = *e.form;
+        QList<int> progress;
+        QObject::connect(&f.pbProgress, &Control::changed, [&] {
+            if (f.pbProgress.Visible()) progress << f.pbProgress.Value();
+        });
+        f.chkWholeWord.setValue(1);
+        f.chkMatchCase.setValue(1);
+        e.replace("foo", "fu\u00DF");
+        QCOMPARE(e.platform.messageTexts(), (QStringList{question(4), kDone}));
+        QCOMPARE(e.platform.messages.first().buttons, MsgButtons::YesNo);
+        QCOMPARE(e.platform.messages.first().icon, MsgIcon::Exclamation);
+        QCOMPARE(readFile(pages[0]), "<p>Foo fu\xC3\x9F food</p>\r\n<p>fu\xC3\x9F</p>\r\n");
+        QCOMPARE(readFile(pages[1]), "\xEF\xBB\xBF<p>fu\xC3\x9F caf\xC3\xA9</p>\n");
+        QCOMPARE(readFile(pages[2]), "fu\xDF caf\xE9\r\n");
+        QCOMPARE(readFile(pages[3]), "none");
+        QCOMPARE(progress, QList<int>({0, 1, 2, 3, 4})); // shown, then before each file
+        QVERIFY(!f.pbProgress.Visible());
+        f.txtFilter.setText(QStringLiteral("*.txt"));
+        e.replace("foo", "bar", MsgResult::No);
+        QCOMPARE(e.platform.messageTexts().last(), question(1));
+        QCOMPARE(readFile(other), "foo");
+    }
+
+    // Chosen files are done once each, in order; the first failure ends the run with its
+    // message, keeping what was done. A later run that succeeds says so again.
+    void chosenFilesAreDoneOnceEachUntilAFailure() {
+        ExtReplace e;
+        frmExtFind& f = *e.form;
+        f.optSelected.setValue(true);
+        const QString a = e.page("a.txt"), c = e.page("c.txt");
+        for (const QString& path : {c, a, e.dir.filePath("b-gone.txt"), a})
+            f.lstFiles.AddItem(path);
+        e.replace("foo", "bar");
+        QCOMPARE(readFile(a), "bar");
+        QCOMPARE(readFile(c), "foo");
+        f.lstFiles.RemoveItem(2);
+        e.replace("bar", "baz");
+        QCOMPARE(readFile(a), "baz");
+        QCOMPARE(e.platform.messageTexts(),
+                 (QStringList{question(3),
+                              "There was an error replacing strings in one or more files. "
+                              "Replacing has been canceled. Make sure that you have write access "
+                              "to the selected files.",
+                              question(2), kDone}));
+        QCOMPARE(e.platform.messages[1].icon, MsgIcon::Critical);
+    }
+
+    // One open page stops the whole folder; a folder with no page under the filter says so.
+    void whatStopsAFolder() {
+        ExtReplace e;
+        const QString a = e.page("a.htm");
+        const QString b = e.page("b.htm");
+        e.open(b);
+        e.replace("foo", "bar", MsgResult::OK);
+        QCOMPARE(readFile(a), "foo");
+        e.run("mnuFileClose");
+        e.form->txtFilter.setText(QStringLiteral("*.css"));
+        e.form->ReplaceButton.press();
+        QFile::remove(a);
+        QFile::remove(b);
+        e.form->ReplaceButton.press();
+        QCOMPARE(e.platform.messageTexts(),
+                 QStringList({"The following files you selected are already open in Tessaline:\n\n" +
+                                  b + "\n\nThese files were not modified.",
+                              kNoFiles, kNoFiles}));
+        QCOMPARE(e.platform.messages.first().icon, MsgIcon::Exclamation);
+    }
+
+    void theFolderPickerFillsThePathAndTheFilterTakesNoBlank() {
+        ExtReplace e;
+        frmExtFind& f = *e.form;
+        e.platform.folderAnswers.enqueue(QStringLiteral("/srv/www"));
+        f.cmdSelectDocFolder.press();
+        QCOMPARE(e.platform.folderTitles, QStringList{"Please select a default folder"});
+        QCOMPARE(f.txtPath.Text(), QStringLiteral("/srv/www"));
+        QVERIFY(f.ReplaceButton.Enabled());
+        f.txtFilter.receiveText(QStringLiteral("*.h tm"));
+        QCOMPARE(f.txtFilter.Text(), QStringLiteral("*.htm"));
+    }
+
+    // The chooser adds the picked files that are not open, removes the picked ones, and hands
+    // its list back on OK. Several entries are picked with others between and after them: a
+    // loop over the marks that does not move on never returns, and fails by the time limit.
+    void theChooserAddsRemovesAndHandsBackItsFiles() {
+        ExtReplace e;
+        QStringList p;
+        for (const char* name : {"a.htm", "b.htm", "c.htm", "d.htm", "open.htm", "e.txt"})
+            p << e.page(name);
+        e.open(p[4]);
+        e.settings.save(keys::Fuzzies, keys::DefaultDir, e.dir.path());
+        frmExtFind& f = *e.form;
+        f.FindBox.setText(QStringLiteral("x"));
+        e.forms.then<frmChooseFiles>([&](frmChooseFiles& c) {
+            QCOMPARE(c.Caption(), QStringLiteral("Choose files"));
+            QCOMPARE(c.dirHTML.Path(), e.dir.path());
+            QCOMPARE(c.fileList.items(), words("a.htm b.htm c.htm d.htm open.htm"));
+            QVERIFY(!c.cmdDelete2.Enabled());
+            for (int i : {0, 2, 4})
+                c.fileList.setSelected(i, true);
+            c.cmdAdd.press();
+            for (int i : {1, 3}) {
+                c.fileList.setListIndex(i);
+                c.fileList.DblClick();
+            }
+            QCOMPARE(c.lstHTMLFiles.items(), (QStringList{p[0], p[2], p[1], p[3]}));
+            QVERIFY(c.lstHTMLFiles.ListIndex() == 0 && c.cmdDelete2.Enabled());
+            for (int i : {0, 2})
+                c.lstHTMLFiles.setSelected(i, true);
+            c.cmdDelete2.press();
+            QCOMPARE(c.lstHTMLFiles.items(), (QStringList{p[2], p[3]}));
+            c.lstHTMLFiles.DblClick();
+            QCOMPARE(c.lstHTMLFiles.items(), QStringList{p[3]});
+            c.txtFilter.setText(QStringLiteral("*.txt"));
+            QCOMPARE(c.fileList.items(), QStringList{"e.txt"});
+            c.cmdOK.press();
+        });
+        f.optSelected.setValue(true);
+        f.cmdSelectDocFiles.press();
+        QCOMPARE(e.platform.messageTexts(),
+                 QStringList{"The following file(s) you selected are already open.\n\n   " + p[4] +
+                             "\n\nFiles must be closed before this operation can be executed on "
+                             "them."});
+        QCOMPARE(f.lstFiles.items(), QStringList{p[3]});
+        QVERIFY(f.ReplaceButton.Enabled());
+        QCOMPARE(e->part<SearchSession>().sLastChooseDir, e.dir.path());
+        // Cancel keeps the list; reopened, the chooser starts with it, the first one picked.
+        e.forms.then<frmChooseFiles>([&](frmChooseFiles& c) {
+            QCOMPARE(c.lstHTMLFiles.items(), QStringList{p[3]});
+            QVERIFY(c.lstHTMLFiles.Selected(0) && c.cmdDelete2.Enabled());
+            c.fileList.setListIndex(4);
+            c.fileList.DblClick();
+            c.lstHTMLFiles.DblClick();
+            c.lstHTMLFiles.DblClick();
+            QVERIFY(!c.cmdDelete2.Enabled());
+            c.cmdCancel.press();
+        });
+        f.cmdSelectDocFiles.press();
+        QCOMPARE(f.lstFiles.items(), QStringList{p[3]});
+        QCOMPARE(e.platform.messageTexts().last(),
+                 "The file you selected, " + p[4] +
+                     ", is already open.\n\nFiles must be closed before using this procedure.");
+    }
+};
+
+TSL_TEST_MAIN(SearchTest)
+#include "test_search.moc"
