@@ -21,8 +21,16 @@ QString rowOf(int columns, const QString& attributes = QString()) {
 
 class TableDialogTest : public QObject {
     Q_OBJECT
+    std::unique_ptr<TestShell> ts; // started before each test, with the dialog open
+    std::unique_ptr<frmTable> form;
 
   private slots:
+    void init() {
+        ts = std::make_unique<TestShell>();
+        ts->load();
+        form = std::make_unique<frmTable>(**ts);
+    }
+
     // Fields set, then the table tag written; the rows as they come by default.
     void tableAttributes_data() {
         columns<QString, QString>({"fields", "tag"});
@@ -51,62 +59,54 @@ class TableDialogTest : public QObject {
     void tableAttributes() {
         QFETCH(QString, fields);
         QFETCH(QString, tag);
-        TestShell ts;
-        frmTable form(*ts);
-        setFields(form, fields);
-        QCOMPARE(form.markup(), tag + "\n" + rowOf(2) + rowOf(2) + "</table>");
+        setFields(*form, fields);
+        QCOMPARE(form->markup(), tag + "\n" + rowOf(2) + rowOf(2) + "</table>");
     }
 
     // Alignment belongs to the rows; no rows leaves the table tags alone.
     void theRows() {
-        TestShell ts;
-        frmTable form(*ts);
-        setFields(form, "Alignment=left;cmbVAlign=bottom;RowBox=3;ColBox=1");
+        setFields(*form, "Alignment=left;cmbVAlign=bottom;RowBox=3;ColBox=1");
         const QString tag = QStringLiteral("<table border=\"0\" width=\"100%\">\n");
-        QCOMPARE(form.markup(),
+        QCOMPARE(form->markup(),
                  tag + rowOf(1, " align=\"left\" valign=\"bottom\"").repeated(3) + "</table>");
-        setFields(form, "RowBox=0");
-        QCOMPARE(form.markup(), tag + "</table>");
+        setFields(*form, "RowBox=0");
+        QCOMPARE(form->markup(), tag + "</table>");
     }
 
     // The border width enables the border options; each option enables its colour fields
     // and empties the others'.
     void theBorderFields() {
-        TestShell ts;
-        frmTable form(*ts);
         const QString fields = "optAllSides;optSpecLD;" + kColourFields;
-        QCOMPARE(enabledOf(form, fields), QString());
-        setFields(form, "BorderBox=2");
-        QCOMPARE(enabledOf(form, fields), QString("optAllSides;optSpecLD"));
-        QVERIFY(form.optNone.Value()); // the current option stays
-        setFields(form, "optAllSides=1;txtBC=111111");
-        QCOMPARE(enabledOf(form, kColourFields), QString("txtBC;lblBC;cmdBC"));
-        setFields(form, "optSpecLD=1");
-        QCOMPARE(enabledOf(form, kColourFields), QString("txtLB;lblLB;cmdLB;txtDB;lblDB;cmdDB"));
-        setFields(form, "txtLB=222222;txtDB=333333;optAllSides=1");
-        QCOMPARE(valuesOf(form, "txtBC;txtLB;txtDB"), QString(";;"));
-        QCOMPARE(enabledOf(form, kColourFields), QString("txtBC;lblBC;cmdBC"));
-        setFields(form, "txtBC=444444;optNone=1");
-        QCOMPARE(enabledOf(form, fields), QString("optAllSides;optSpecLD"));
-        setFields(form, "optAllSides=1;txtBC=555555;BorderBox=");
-        QVERIFY(form.optNone.Value());
-        QCOMPARE(enabledOf(form, fields), QString());
-        QCOMPARE(form.txtBC.Text(), QString());
+        QCOMPARE(enabledOf(*form, fields), QString());
+        setFields(*form, "BorderBox=2");
+        QCOMPARE(enabledOf(*form, fields), QString("optAllSides;optSpecLD"));
+        QVERIFY(form->optNone.Value()); // the current option stays
+        setFields(*form, "optAllSides=1;txtBC=111111");
+        QCOMPARE(enabledOf(*form, kColourFields), QString("txtBC;lblBC;cmdBC"));
+        setFields(*form, "optSpecLD=1");
+        QCOMPARE(enabledOf(*form, kColourFields), QString("txtLB;lblLB;cmdLB;txtDB;lblDB;cmdDB"));
+        setFields(*form, "txtLB=222222;txtDB=333333;optAllSides=1");
+        QCOMPARE(valuesOf(*form, "txtBC;txtLB;txtDB"), QString(";;"));
+        QCOMPARE(enabledOf(*form, kColourFields), QString("txtBC;lblBC;cmdBC"));
+        setFields(*form, "txtBC=444444;optNone=1");
+        QCOMPARE(enabledOf(*form, fields), QString("optAllSides;optSpecLD"));
+        setFields(*form, "optAllSides=1;txtBC=555555;BorderBox=");
+        QVERIFY(form->optNone.Value());
+        QCOMPARE(enabledOf(*form, fields), QString());
+        QCOMPARE(form->txtBC.Text(), QString());
     }
 
     void theWidthFields() {
-        TestShell ts;
-        frmTable form(*ts);
         const QString width = QStringLiteral("PercentOpt;PixelsOpt;WidthBox");
-        setFields(form, "WidthCheck=0");
-        QCOMPARE(enabledOf(form, width), QString());
-        setFields(form, "WidthCheck=1;WidthBox=100");
-        QCOMPARE(enabledOf(form, width), width);
+        setFields(*form, "WidthCheck=0");
+        QCOMPARE(enabledOf(*form, width), QString());
+        setFields(*form, "WidthCheck=1;WidthBox=100");
+        QCOMPARE(enabledOf(*form, width), width);
         // The spinner's range follows the unit; the box is not touched when it changes.
         const auto step = [&](const char* fields) {
-            setFields(form, fields);
-            form.UpDown1.stepUp();
-            return form.WidthBox.Text();
+            setFields(*form, fields);
+            form->UpDown1.stepUp();
+            return form->WidthBox.Text();
         };
         QCOMPARE(step(""), QStringLiteral("100"));
         QCOMPARE(step("PixelsOpt=1"), QStringLiteral("101"));
@@ -116,10 +116,8 @@ class TableDialogTest : public QObject {
 
     // Digits in the counts and the width, hex digits in the colours, anything in the border.
     void whichBoxesFilterWhichKeys() {
-        TestShell ts;
-        frmTable form(*ts);
         QStringList kept;
-        for (Control* control : form.controls()) {
+        for (Control* control : form->controls()) {
             auto* box = dynamic_cast<TextBox*>(control);
             if (!box || !box->Enabled()) continue;
             box->setText(QString());
@@ -132,28 +130,24 @@ class TableDialogTest : public QObject {
     }
 
     void theCommonDialogStartsWithImagesAndTheOpenFolder() {
-        TestShell ts;
-        ts.load();
-        ts->OpenSave.InitDir = "/web/site/";
-        frmTable form(*ts);
-        form.Form_Load();
-        QCOMPARE(form.cdTable.InitDir, QStringLiteral("/web/site/"));
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file("/web/site/img/bg.gif"));
-        form.Browse.press();
-        QCOMPARE(form.BackgroundBox.Text(), QStringLiteral("/web/site/img/bg.gif"));
-        QCOMPARE(ts.platform.fileDialogsShown.last().Filter,
+        (*ts)->OpenSave.InitDir = "/web/site/";
+        form->Form_Load();
+        QCOMPARE(form->cdTable.InitDir, QStringLiteral("/web/site/"));
+        ts->platform.fileAnswers.enqueue(FileDialogAnswer::file("/web/site/img/bg.gif"));
+        form->Browse.press();
+        QCOMPARE(form->BackgroundBox.Text(), QStringLiteral("/web/site/img/bg.gif"));
+        QCOMPARE(ts->platform.fileDialogsShown.last().Filter,
                  QStringLiteral("All Formats|*.gif; *.jpeg; *.jpg|GIF Format (*.gif)|*.gif|"
                                 "JPEG Format (*.jpg; *.jpeg)|*.jpg; *.jpeg"));
-        ts.platform.colorAnswers.enqueue(0x0080FFu);
-        form.BGBrowse.press();
-        QCOMPARE(form.txtBGColour.Text(), QStringLiteral("FF8000"));
+        ts->platform.colorAnswers.enqueue(0x0080FFu);
+        form->BGBrowse.press();
+        QCOMPARE(form->txtBGColour.Text(), QStringLiteral("FF8000"));
     }
 
     // An empty count fails silently, the dialog open and the flag set; then the table goes in
     // at the caret as one step.
     void okFromTheMenu() {
-        TestShell ts;
-        ts.load();
+        TestShell& ts = *this->ts;
         codeEditor& doc = ts.active();
         const QString before = doc.codebox().Text();
         const int caret = doc.codebox().SelStart();

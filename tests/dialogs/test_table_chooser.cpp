@@ -11,12 +11,6 @@ using namespace tsl::test;
 namespace {
 constexpr int kTwips = 15; // per pixel in these tests
 
-// The shell's chooser, shown at the top left.
-TableChooser& shownChooser(TestShell& ts) {
-    ts->part<TableChooser>().ShowTableChooser(0, 0);
-    return ts->part<TableChooser>();
-}
-
 // What the chooser shows after the pointer came to x, y: the size it reports, its label, the
 // cells lit, and the picture's size. The chooser keeps the size it reports.
 QString drawAt(TableChooser& chooser, int x, int y) {
@@ -46,19 +40,30 @@ QString bareTable(int columns, int rows) {
 
 class TableChooserTest : public QObject {
     Q_OBJECT
+    std::unique_ptr<TestShell> ts; // started before each test
+    ShellMDI& shell() { return **ts; }
+    TableChooser& chooser() { return shell().part<TableChooser>(); }
+    // The chooser, shown at the top left.
+    TableChooser& shown() {
+        chooser().ShowTableChooser(0, 0);
+        return chooser();
+    }
 
   private slots:
+    void init() {
+        ts = std::make_unique<TestShell>();
+        ts->load();
+    }
+
     void opensWithFiveColumnsAndFourRows() {
-        TestShell ts;
-        TableChooser& chooser = ts->part<TableChooser>();
-        chooser.ShowTableChooser(3000, 400);
-        const ChooserPicture& picture = chooser.picDropDown;
+        chooser().ShowTableChooser(3000, 400);
+        const ChooserPicture& picture = chooser().picDropDown;
         QCOMPARE(picture.cells.size(), size_t(20));
         QCOMPARE(picture.cells.front().rect, QRect(QPoint(4, 4), QPoint(26, 26)));
         QCOMPARE(picture.cells.back().rect, QRect(QPoint(100, 76), QPoint(122, 98)));
         QCOMPARE(picture.labelRect, QRect(QPoint(4, 102), QPoint(123, 122)));
-        QCOMPARE(drawAt(chooser, 2, 2), QStringLiteral("in 1x1 1 x 1 table, 0 lit, 126x126"));
-        QVERIFY(chooser.DropDown.IsShowing());
+        QCOMPARE(drawAt(chooser(), 2, 2), QStringLiteral("in 1x1 1 x 1 table, 0 lit, 126x126"));
+        QVERIFY(chooser().DropDown.IsShowing());
     }
 
     void wherePointsLand_data() {
@@ -81,98 +86,85 @@ class TableChooserTest : public QObject {
     }
     void wherePointsLand() {
         QFETCH(QPoint, point);
-        TestShell ts;
-        QTEST(drawAt(shownChooser(ts), point.x(), point.y()), "shown");
+        QTEST(drawAt(shown(), point.x(), point.y()), "shown");
+        QCOMPARE(chooser().DropDown.width(), chooser().picDropDown.ScaleWidth);
+        QCOMPARE(chooser().DropDown.height(), chooser().picDropDown.ScaleHeight);
     }
 
-    void theGridGrowsOneCellPerMove() {
-        TestShell ts;
-        TableChooser& chooser = shownChooser(ts);
-        drawAt(chooser, 400, 60);
-        QCOMPARE(drawAt(chooser, 400, 60), QStringLiteral("in 7x3 7 x 3 table, 21 lit, 174x126"));
-        QCOMPARE(chooser.DropDown.width(), 174);
-        chooser.ShowTableChooser(0, 0); // a fresh opening starts small again
-        QCOMPARE(chooser.DropDown.width(), 126);
-        QCOMPARE(chooser.picDropDown.cells.size(), size_t(20));
+    void theGridGrowsOneCellPerMoveAndStartsSmallAgain() {
+        drawAt(shown(), 400, 60);
+        QCOMPARE(drawAt(chooser(), 400, 60), QString("in 7x3 7 x 3 table, 21 lit, 174x126"));
+        shown();
+        QCOMPARE(chooser().DropDown.width(), 126);
+        QCOMPARE(chooser().picDropDown.cells.size(), size_t(20));
     }
 
+    // Beside the button of each toolbar; Draw Table opens it under its button.
     void opensBesideItsButton() {
-        TestShell ts;
-        TableChooser& chooser = ts->part<TableChooser>();
-        const auto at = [&] { return QPoint(chooser.DropDown.left(), chooser.DropDown.top()); };
-        chooser.ShowTableChooser(3000, 400, TableChooser::MainToolbar);
+        const auto at = [&] { return QPoint(chooser().DropDown.left(), chooser().DropDown.top()); };
+        chooser().ShowTableChooser(3000, 400, TableChooser::MainToolbar);
         QCOMPARE(at(), QPoint(2795, 900));
-        chooser.ShowTableChooser(3000, 400, TableChooser::TableToolbar);
+        chooser().ShowTableChooser(3000, 400, TableChooser::TableToolbar);
         QCOMPARE(at(), QPoint(3100, 1400));
-        chooser.DropDown.ButtonPosition = [](const QString& toolbar, int index) {
+        chooser().DropDown.ButtonPosition = [](const QString& toolbar, int index) {
             return toolbar == QLatin1String("tbrTags") && index == 22 ? QPoint(6000, 700)
                                                                       : QPoint();
         };
-        ts->tbrTags.press(22); // Draw Table
+        shell().tbrTags.press(22);
         QCOMPARE(at(), QPoint(5795, 1200));
-        QVERIFY(chooser.DropDown.IsShowing());
+        QVERIFY(chooser().DropDown.IsShowing());
     }
 
     // A release inserts a bare table of the size shown, in Source or Layout, as one step.
     void aReleaseInsertsABareTable() {
-        TestShell ts;
-        ts.load();
-        codeEditor& doc = ts.active();
-        const QString before = doc.codebox().Text();
-        const int caret = doc.codebox().SelStart();
-        TableChooser& chooser = shownChooser(ts);
-        chooser.picDropDown_MouseMove(0, 0, 60 * kTwips, 40 * kTwips);
-        chooser.picDropDown_MouseDown(1, 0, 60 * kTwips, 40 * kTwips);
-        QVERIFY(chooser.DropDown.IsShowing());
-        chooser.picDropDown_MouseUp(1, 0, 60 * kTwips, 40 * kTwips);
-        QVERIFY(!chooser.DropDown.IsShowing());
-        QCOMPARE(doc.codebox().Text(), insertedAt(before, caret, bareTable(3, 2)));
-        QVERIFY(!ts->bInsertingMarkup);
-        ts.run("mnuEditUndo");
-        QCOMPARE(doc.codebox().Text(), before);
-        ts->bLayoutActive = true;
-        shownChooser(ts).picDropDown_MouseUp(1, 0, 10 * kTwips, 10 * kTwips);
-        QCOMPARE(layoutOf(doc).pasted, QStringList{bareTable(1, 1)});
+        SourcePane& pane = ts->active().codebox();
+        const QString before = pane.Text();
+        const int caret = pane.SelStart();
+        shown().picDropDown_MouseMove(0, 0, 60 * kTwips, 40 * kTwips);
+        chooser().picDropDown_MouseDown(1, 0, 60 * kTwips, 40 * kTwips);
+        QVERIFY(chooser().DropDown.IsShowing());
+        chooser().picDropDown_MouseUp(1, 0, 60 * kTwips, 40 * kTwips);
+        QVERIFY(!chooser().DropDown.IsShowing());
+        QCOMPARE(pane.Text(), insertedAt(before, caret, bareTable(3, 2)));
+        QVERIFY(!shell().bInsertingMarkup);
+        ts->run("mnuEditUndo");
+        QCOMPARE(pane.Text(), before);
+        shell().bLayoutActive = true;
+        shown().picDropDown_MouseUp(1, 0, 10 * kTwips, 10 * kTwips);
+        QCOMPARE(layoutOf(ts->active()).pasted, QStringList{bareTable(1, 1)});
     }
 
+    // Beyond the top or left: nothing, but the step decision still ran and cleared the flags.
     void aReleaseBeyondTheTopOrLeftInsertsNothing() {
+        const QString before = ts->active().codebox().Text();
         for (const QPoint at : {QPoint(-3, 50), QPoint(50, -3)}) {
-            TestShell ts;
-            ts.load().bCaretStepTaken = true;
-            const QString before = ts.active().codebox().Text();
-            TableChooser& chooser = shownChooser(ts);
-            chooser.picDropDown_MouseUp(1, 0, at.x() * kTwips, at.y() * kTwips);
-            QCOMPARE(chooser.picDropDown.label, QStringLiteral("Cancel"));
-            QCOMPARE(ts.active().codebox().Text(), before);
-            QVERIFY(!chooser.DropDown.IsShowing());
-            // The step decision still ran and cleared the flags.
-            QVERIFY(!ts->bInsertingMarkup && !ts->bCaretStepTaken);
+            shell().bCaretStepTaken = true;
+            shown().picDropDown_MouseUp(1, 0, at.x() * kTwips, at.y() * kTwips);
+            QCOMPARE(chooser().picDropDown.label, QStringLiteral("Cancel"));
+            QCOMPARE(ts->active().codebox().Text(), before);
+            QVERIFY(!chooser().DropDown.IsShowing());
+            QVERIFY(!shell().bInsertingMarkup && !shell().bCaretStepTaken);
         }
     }
 
     void aPressOutsideHidesTheWindow() {
-        TestShell ts;
-        TableChooser& chooser = ts->part<TableChooser>();
-        chooser.picDropDown_MouseDown(1, 0, 10, 10); // not showing: nothing happens
-        QCOMPARE(chooser.picDropDown.label, QString());
-        chooser.ShowTableChooser(0, 0);
-        chooser.picDropDown_MouseDown(1, 0, -10 * kTwips, 10 * kTwips);
-        QVERIFY(!chooser.DropDown.IsShowing());
-        QCOMPARE(chooser.picDropDown.label, QStringLiteral("Cancel"));
+        chooser().picDropDown_MouseDown(1, 0, 10, 10); // not showing: nothing happens
+        QCOMPARE(chooser().picDropDown.label, QString());
+        shown().picDropDown_MouseDown(1, 0, -10 * kTwips, 10 * kTwips);
+        QVERIFY(!chooser().DropDown.IsShowing());
+        QCOMPARE(chooser().picDropDown.label, QStringLiteral("Cancel"));
     }
 
     void aRefusedPasteIsExplained() {
-        TestShell ts;
-        ShellMDI& shell = ts.load();
-        layoutOf(ts.active()).refusePaste = true;
-        shell.bLayoutActive = shell.bCaretStepTaken = true;
-        shownChooser(ts).picDropDown_MouseUp(1, 0, 10 * kTwips, 10 * kTwips);
-        QCOMPARE(ts.platform.messages.size(), 1);
-        const ShownMessage& m = ts.platform.messages[0];
+        layoutOf(ts->active()).refusePaste = true;
+        shell().bLayoutActive = shell().bCaretStepTaken = true;
+        shown().picDropDown_MouseUp(1, 0, 10 * kTwips, 10 * kTwips);
+        QCOMPARE(ts->platform.messages.size(), 1);
+        const ShownMessage& m = ts->platform.messages[0];
         QCOMPARE(m.title + ": " + m.text,
                  QStringLiteral("Tessaline: You can not insert a table on top of another table."));
         QVERIFY(m.icon == MsgIcon::Exclamation && m.buttons == MsgButtons::OK);
-        QVERIFY(shell.bInsertingMarkup && shell.bCaretStepTaken);
+        QVERIFY(shell().bInsertingMarkup && shell().bCaretStepTaken);
     }
 };
 

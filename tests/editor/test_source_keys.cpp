@@ -8,207 +8,171 @@ using namespace tsl::test;
 
 namespace {
 const QString kText = QStringLiteral("one two three");
-constexpr int Shift = 1, Ctrl = 2, Alt = 4;
+constexpr int Shift = 1, Ctrl = 2;
+
+// Presses keys written as "Ctrl+Shift+P" and answers the key code the handler left.
+int press(codeEditor& doc, const QString& keys) {
+    static const QHash<QString, int> named = {
+        {"Enter", 13}, {"Space", 32}, {"Insert", 45}, {"Delete", 46}, {"F12", 123}};
+    const QStringList parts = keys.split(u'+');
+    const int shift = (parts.contains("Shift") ? 1 : 0) + (parts.contains("Ctrl") ? 2 : 0) +
+                      (parts.contains("Alt") ? 4 : 0);
+    const QString key = parts.last();
+    return keyDown(doc, named.value(key, key.at(0).unicode()), shift);
+}
 } // namespace
 
 class SourceKeysTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void keyDownRows_data() {
-        columns<int, int, int, QString, int, int, bool>(
-            {"key", "shift", "selLength", "text", "selStart", "selLen", "flagsSet"});
-        const QString same = kText;
-        QTest::newRow("Ctrl+Enter") << 13 << Ctrl << 0 << "one <br>two three" << 8 << 0 << false;
-        QTest::newRow("Ctrl+Enter, selection")
-            << 13 << Ctrl << 3 << "one <br> three" << 8 << 0 << false;
-        QTest::newRow("Enter") << 13 << 0 << 0 << same << 4 << 0 << false;
-        QTest::newRow("Ctrl+Shift+P")
-            << 80 << Ctrl + Shift << 0 << "one <p>two three" << 7 << 0 << false;
-        QTest::newRow("Ctrl+Shift+P, selection")
-            << 80 << Ctrl + Shift << 3 << "one <p>two three" << 7 << 3 << false;
-        QTest::newRow("Ctrl+Alt+Shift+P, selection")
-            << 80 << Ctrl + Shift + Alt << 3 << "one <p>two three" << 7 << 3 << false;
-        QTest::newRow("Ctrl+P") << 80 << Ctrl << 3 << same << 4 << 3 << false;
-        QTest::newRow("Ctrl+Shift+Q")
-            << 81 << Ctrl + Shift << 0 << "one </p>two three" << 8 << 0 << false;
-        QTest::newRow("Ctrl+Shift+Q, selection")
-            << 81 << Ctrl + Shift << 3 << "one two</p> three" << 4 << 3 << false;
-        QTest::newRow("Ctrl+Shift+Space")
-            << 32 << Ctrl + Shift << 0 << "one &nbsp;two three" << 10 << 0 << false;
-        QTest::newRow("Shift+Space") << 32 << Shift << 0 << same << 4 << 0 << false;
-        for (int key : {66, 73, 85, 69})
-            QTest::addRow("Ctrl+%c", key) << key << Ctrl << 3 << same << 4 << 3 << true;
-        QTest::newRow("Ctrl+Shift+B") << 66 << Ctrl + Shift << 0 << same << 4 << 0 << true;
-        QTest::newRow("B") << 66 << 0 << 0 << same << 4 << 0 << false;
-        QTest::newRow("F12") << 123 << 0 << 0 << same << 4 << 0 << true;
-        QTest::newRow("Alt+F12") << 123 << Alt << 0 << same << 4 << 0 << true;
+    // What a key leaves: the pane (marked), the steps, m for the markup flag, s when the key's
+    // release is to pass, t when the key was taken from the pane, and the clipboard if changed.
+    void keys_data() {
+        columns<QString, QString, QString>({"keys", "before", "after"});
+        const char* const rows[] = {
+            "Ctrl+Enter#one |two three#one <br>|two three 1",
+            "Ctrl+Enter#one [two] three#one <br>| three 1",
+            "Enter#one |two three#one |two three 1",
+            "Ctrl+Shift+P#one |two three#one <p>|two three 1",
+            "Ctrl+Shift+P#one [two] three#one <p>[two] three 1",
+            "Ctrl+Alt+Shift+P#one [two] three#one <p>[two] three 1",
+            "Ctrl+P#one [two] three#one [two] three 1",
+            "Ctrl+Shift+Q#one |two three#one </p>|two three 1",
+            "Ctrl+Shift+Q#one [two] three#one [two]</p> three 1",
+            "Ctrl+Shift+Space#one |two three#one &nbsp;|two three 1",
+            "Shift+Space#one |two three#one |two three 1",
+            // The menu shortcut of the same key does the work.
+            "Ctrl+B#one [two] three#one [two] three 1ms",
+            "Ctrl+I#one [two] three#one [two] three 1ms",
+            "Ctrl+U#one [two] three#one [two] three 1ms",
+            "Ctrl+E#one [two] three#one [two] three 1ms",
+            "Ctrl+Shift+B#one |two three#one |two three 1ms",
+            "B#one |two three#one |two three 1",
+            "F12#one |two three#one |two three 1ms",
+            "Alt+F12#one |two three#one |two three 1ms",
+            // Paste keys put the clipboard over the selection; cut keys take it away as a step.
+            "Shift+Insert#one [two] three#one TWO| three 2mt",
+            "Ctrl+V#one [two] three#one TWO| three 2mt",
+            "Ctrl+Shift+V#one [two] three#one TWO| three 2mt",
+            "Insert#one [two] three#one [two] three 1",
+            "V#one [two] three#one [two] three 1",
+            "Ctrl+X#one [two] three#one | three 2st two",
+            "Shift+Delete#one [two] three#one | three 2st two",
+            "Ctrl+Shift+Delete#one [two] three#one | three 2st two",
+            "Shift+Delete#one| two three#one| two three 2st ",
+            "Delete#one [two] three#one [two] three 1",
+            "X#one [two] three#one [two] three 1",
+        };
+        for (const char* row : rows) {
+            const QStringList f = QString::fromUtf8(row).split(u'#');
+            QTest::newRow(qPrintable(f[0] + u' ' + f[1])) << f[0] << f[1] << f[2];
+        }
     }
-    // Rows that pass leave the key to the pane, and none of them makes a step of its own.
-    void keyDownRows() {
-        QFETCH(int, key);
-        QFETCH(int, shift);
-        QFETCH(int, selLength);
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        select(doc, 4, selLength);
-        QCOMPARE(keyDown(doc, key, shift), key);
-        QTEST(doc.codebox().Text(), "text");
-        QTEST(doc.codebox().SelStart(), "selStart");
-        QTEST(doc.codebox().SelLength(), "selLen");
-        QTEST(doc.bSkipKeyUp, "flagsSet");
-        QTEST(ts->bInsertingMarkup, "flagsSet");
-        QCOMPARE(doc.nDoneIndex, Int16(1));
-    }
-
-    // Paste keys put the clipboard over the selection; cut keys take it away as a step.
-    void clipboardKeys_data() {
-        columns<int, int, QString>({"key", "shift", "does"});
-        QTest::newRow("Shift+Insert") << 45 << Shift << "paste";
-        QTest::newRow("Ctrl+V") << 86 << Ctrl << "paste";
-        QTest::newRow("Ctrl+Shift+V") << 86 << Ctrl + Shift << "paste";
-        QTest::newRow("Insert") << 45 << 0 << "";
-        QTest::newRow("V") << 86 << 0 << "";
-        QTest::newRow("Ctrl+X") << 88 << Ctrl << "cut";
-        QTest::newRow("Shift+Delete") << 46 << Shift << "cut";
-        QTest::newRow("Ctrl+Shift+Delete") << 46 << Ctrl + Shift << "cut";
-        QTest::newRow("Delete") << 46 << 0 << "";
-        QTest::newRow("X") << 88 << 0 << "";
-    }
-    void clipboardKeys() {
-        QFETCH(int, key);
-        QFETCH(QString, does);
-        const bool pastes = does == QLatin1String("paste"), cuts = does == QLatin1String("cut");
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        select(doc, 4, 4);
-        ts.platform.clipboard = QStringLiteral("TWO");
-        QFETCH(int, shift);
-        QCOMPARE(keyDown(doc, key, shift), pastes || cuts ? 0 : key);
-        QCOMPARE(doc.codebox().Text(), pastes ? QStringLiteral("one TWOthree")
-                                       : cuts ? QStringLiteral("one three")
-                                              : kText);
-        QCOMPARE(ts.platform.clipboard, cuts ? QStringLiteral("two ") : QStringLiteral("TWO"));
-        QCOMPARE(ts->bInsertingMarkup, pastes);
-        QCOMPARE(doc.bSkipKeyUp, cuts);
-        if (!pastes) QCOMPARE(doc.nDoneIndex, Int16(cuts ? 2 : 1));
-    }
-
-    void shiftDeleteWithoutSelectionStillCuts() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 3);
-        ts.platform.clipboard = QStringLiteral("kept?");
-        QCOMPARE(keyDown(doc, 46, Shift), 0);
-        QCOMPARE(ts.platform.clipboard, QString());
-        QCOMPARE(doc.codebox().Text(), kText);
-        QVERIFY(ts->menu(QStringLiteral("mnuEditPaste")).Enabled());
+    void keys() {
+        QFETCH(QString, before);
+        Editing e(unmarked(before));
+        setMarked(e.doc, before);
+        e.platform.clipboard = QStringLiteral("TWO");
+        QFETCH(QString, keys);
+        const int left = press(e.doc, keys);
+        QString after = marked(e.doc) + u' ' + QString::number(e.doc.nDoneIndex) +
+                        (e->bInsertingMarkup ? "m" : "") + (e.doc.bSkipKeyUp ? "s" : "") +
+                        (left == 0 ? "t" : "");
+        if (e.platform.clipboard != QLatin1String("TWO")) after += u' ' + e.platform.clipboard;
+        QTEST(after, "after");
     }
 
     void undoAndRedoKeys() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 3);
-        doc.codebox().setSelText(QStringLiteral("!"));
-        doc.AddStep();
-        QCOMPARE(keyDown(doc, 90, Ctrl), 0);
-        QCOMPARE(doc.codebox().Text(), kText);
-        QCOMPARE(keyDown(doc, 89, Ctrl), 0);
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one! two three"));
+        Editing e(kText, 3);
+        e.doc.codebox().setSelText(QStringLiteral("!"));
+        e.doc.AddStep();
+        QCOMPARE(press(e.doc, "Ctrl+Z"), 0);
+        QCOMPARE(marked(e.doc), QStringLiteral("one| two three"));
+        QCOMPARE(press(e.doc, "Ctrl+Y"), 0);
+        QCOMPARE(marked(e.doc), QStringLiteral("one!| two three"));
     }
 
     // The paragraph keys hold positions in 16 bits: past that the handler fails.
     void paragraphKeysOverflow_data() {
-        columns<int, int, int, bool>({"key", "start", "length", "fails"});
-        QTest::newRow("P, start past 32767") << 80 << 33000 << 2 << false;
-        QTest::newRow("P, length 32768") << 80 << 10 << 32768 << true;
-        QTest::newRow("Q, start 32767") << 81 << 32767 << 2 << false;
-        QTest::newRow("Q, start 32768") << 81 << 32768 << 2 << true;
-        QTest::newRow("Q, length 32768") << 81 << 10 << 32768 << true;
+        columns<QString, int, int, bool>({"keys", "start", "length", "fails"});
+        QTest::newRow("P, start past 32767") << "Ctrl+Shift+P" << 33000 << 2 << false;
+        QTest::newRow("P, length 32768") << "Ctrl+Shift+P" << 10 << 32768 << true;
+        QTest::newRow("Q, start 32767") << "Ctrl+Shift+Q" << 32767 << 2 << false;
+        QTest::newRow("Q, start 32768") << "Ctrl+Shift+Q" << 32768 << 2 << true;
+        QTest::newRow("Q, length 32768") << "Ctrl+Shift+Q" << 10 << 32768 << true;
     }
     void paragraphKeysOverflow() {
-        QFETCH(int, key);
+        QFETCH(QString, keys);
         QFETCH(int, start);
         QFETCH(int, length);
         QFETCH(bool, fails);
-        TestShell ts;
         const QString big(40000, QLatin1Char('x'));
-        codeEditor& doc = documentWith(ts, big);
-        select(doc, start, length);
-        ts->dispatch([&] { keyDown(doc, key, Ctrl + Shift); });
-        if (fails) {
-            QCOMPARE(ts.platform.messages.size(), 1);
-            QVERIFY(ts.platform.messages[0].text.startsWith(QStringLiteral("Run-time error '6':")));
-            QCOMPARE(doc.codebox().Text(), big);
-        } else {
-            QVERIFY(ts.platform.messages.isEmpty());
-            QCOMPARE(doc.codebox().length(), big.size() + (key == 80 ? 3 : 4));
-            QCOMPARE(doc.codebox().SelLength(), length);
-        }
+        Editing e(big);
+        select(e.doc, start, length);
+        e->dispatch([&] { press(e.doc, keys); });
+        QCOMPARE(e.platform.messages.size(), fails ? 1 : 0);
+        if (fails) QVERIFY(e.platform.messages[0].text.startsWith("Run-time error '6':"));
+        QCOMPARE(e.doc.codebox().length(), big.size() + (fails ? 0 : keys.endsWith(u'P') ? 3 : 4));
+        if (!fails) QCOMPARE(e.doc.codebox().SelLength(), length);
     }
 
     void autoCloseTypesAPair() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText, 4);
-        QVERIFY(ts->bAutoCloseTag);
+        Editing e(kText, 4);
+        QVERIFY(e->bAutoCloseTag);
         int ascii = '<';
-        doc.codebox_KeyPress(ascii);
+        e.doc.codebox_KeyPress(ascii);
         QCOMPARE(ascii, 0);
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one <>two three"));
-        QCOMPARE(doc.codebox().SelStart(), 5);
-        QCOMPARE(doc.nDoneIndex, Int16(2));
-        QCOMPARE(doc.Steps[2].SelStart, 6);
-        QVERIFY(!doc.bAutoCloseStep);
-        doc.Undo();
-        QCOMPARE(doc.codebox().Text(), kText);
-        QCOMPARE(doc.codebox().SelStart(), 4);
-        // Over a selection the pair replaces it.
-        select(doc, 4, 3);
-        doc.codebox_KeyPress(ascii = '<');
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("one <> three"));
-        QCOMPARE(doc.codebox().SelStart(), 5);
+        QCOMPARE(marked(e.doc), QStringLiteral("one <|>two three"));
+        QCOMPARE(e.doc.nDoneIndex, Int16(2));
+        QCOMPARE(e.doc.Steps[2].SelStart, 6);
+        QVERIFY(!e.doc.bAutoCloseStep);
+        e.doc.Undo();
+        QCOMPARE(marked(e.doc), QStringLiteral("one |two three"));
+        select(e.doc, 4, 3); // over a selection the pair replaces it
+        e.doc.codebox_KeyPress(ascii = '<');
+        QCOMPARE(marked(e.doc), QStringLiteral("one <|> three"));
     }
 
     // "<" with auto close off, and any other character, pass untouched.
     void otherCharactersAndAutoCloseOffPass() {
         for (const auto& [autoClose, ascii] :
              {std::pair{false, int('<')}, std::pair{true, int('>')}, std::pair{true, int('a')}}) {
-            TestShell ts;
-            codeEditor& doc = documentWith(ts, kText, 4);
-            ts->bAutoCloseTag = autoClose;
+            Editing e(kText, 4);
+            e->bAutoCloseTag = autoClose;
             int typed = ascii;
-            doc.codebox_KeyPress(typed);
+            e.doc.codebox_KeyPress(typed);
             QCOMPARE(typed, ascii);
-            QCOMPARE(doc.codebox().Text(), kText);
-            QCOMPARE(doc.nDoneIndex, Int16(1));
+            QCOMPARE(e.doc.codebox().Text(), kText);
+            QCOMPARE(e.doc.nDoneIndex, Int16(1));
         }
     }
 
     void selectionAndClipboardDriveTheEditCommands() {
         for (const int selLength : {0, 2}) {
             for (const QString& clipboard : {QString(), QStringLiteral("x")}) {
-                TestShell ts;
-                codeEditor& doc = documentWith(ts, kText);
-                select(doc, 1, selLength);
-                ts.platform.clipboard = clipboard;
-                doc.codebox_SelChange();
-                const bool selected = selLength > 0;
-                QCOMPARE(ts->menu(QStringLiteral("mnuEditCut")).Enabled(), selected);
-                QCOMPARE(ts->menu(QStringLiteral("mnuEditCopy")).Enabled(), selected);
-                QCOMPARE(ts->tbrMain.ButtonEnabled(7), selected);
-                QCOMPARE(ts->tbrMain.ButtonEnabled(8), selected);
-                QCOMPARE(ts->menu(QStringLiteral("mnuEditPaste")).Enabled(), !clipboard.isEmpty());
-                QCOMPARE(ts->tbrMain.ButtonEnabled(9), !clipboard.isEmpty());
+                Editing e(kText);
+                select(e.doc, 1, selLength);
+                e.platform.clipboard = clipboard;
+                e.doc.codebox_SelChange();
+                for (const char* item : {"mnuEditCut", "mnuEditCopy"})
+                    QCOMPARE(e->menu(QLatin1String(item)).Enabled(), selLength > 0);
+                QCOMPARE(e->tbrMain.ButtonEnabled(7), selLength > 0);
+                QCOMPARE(e->tbrMain.ButtonEnabled(8), selLength > 0);
+                QCOMPARE(e->menu(QStringLiteral("mnuEditPaste")).Enabled(), !clipboard.isEmpty());
+                QCOMPARE(e->tbrMain.ButtonEnabled(9), !clipboard.isEmpty());
             }
         }
     }
 
     void rightClicksOfferTheEditMenu() {
-        TestShell ts;
-        codeEditor& doc = documentWith(ts, kText);
-        QSignalSpy asked(&doc, &codeEditor::editMenuRequested);
-        doc.Form_MouseDown(keys::vbLeftButton, 0);
+        Editing e(kText);
+        QSignalSpy asked(&e.doc, &codeEditor::editMenuRequested);
+        e.doc.Form_MouseDown(keys::vbLeftButton, 0);
+        e.doc.codebox_MouseUp(keys::vbLeftButton, 0);
         QCOMPARE(asked.count(), 0);
-        doc.Form_MouseDown(keys::vbRightButton, 0);
-        doc.codebox_MouseUp(keys::vbRightButton, 0);
+        e.doc.Form_MouseDown(keys::vbRightButton, 0);
+        e.doc.codebox_MouseUp(keys::vbRightButton, 0);
         QCOMPARE(asked.count(), 2);
     }
 
@@ -222,19 +186,18 @@ class SourceKeysTest : public QObject {
     void ctrlF6WalksTheTabs() {
         QFETCH(int, shift);
         QFETCH(int, from);
+        QFETCH(int, to);
         TestShell ts;
         ts.load();
         ts->mnuFileNewHTML_Click();
         ts->mnuFileNewHTML_Click();
         ts->TabStrip1.select(from);
-        codeEditor& doc = ts.active();
-        QCOMPARE(&doc, ts->documents()[static_cast<size_t>(from)]);
-        int keyCode = 117;
-        doc.Form_KeyDown(keyCode, shift);
+        QCOMPARE(&ts.active(), ts->documents()[size_t(from)]);
+        int keyCode = keys::vbKeyF6;
+        ts.active().Form_KeyDown(keyCode, shift);
         QCOMPARE(keyCode, 0);
-        QFETCH(int, to);
         QCOMPARE(ts->TabStrip1.selectedIndex(), to);
-        QCOMPARE(ts->ActiveForm(), ts->documents()[static_cast<size_t>(to)]);
+        QCOMPARE(ts->ActiveForm(), ts->documents()[size_t(to)]);
     }
 
     // With one document Ctrl+F6 stays put; F6 and F4 alone pass; Ctrl+F4 closes, asking
@@ -247,19 +210,18 @@ class SourceKeysTest : public QObject {
             doc.Form_KeyDown(keyCode, shift);
             return keyCode;
         };
-        windowKey(117, Ctrl);
+        QCOMPARE(windowKey(keys::vbKeyF6, Ctrl), 0);
         QCOMPARE(ts->ActiveForm(), &doc);
-        QCOMPARE(windowKey(117, 0), 117);
-        QCOMPARE(windowKey(115, 0), 115);
+        QCOMPARE(windowKey(keys::vbKeyF6, 0), int(keys::vbKeyF6));
+        QCOMPARE(windowKey(keys::vbKeyF4, 0), int(keys::vbKeyF4));
         doc.codebox().setSelText(QStringLiteral("x"));
         ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
-        QCOMPARE(windowKey(115, Ctrl), 0);
-        QCOMPARE(
-            ts.platform.messageTexts(),
-            QStringList{QStringLiteral("Do you want to save the changes made to Document 1?")});
+        QCOMPARE(windowKey(keys::vbKeyF4, Ctrl), 0);
+        QCOMPARE(ts.platform.messageTexts(),
+                 QStringList{"Do you want to save the changes made to Document 1?"});
         QCOMPARE(ts->documents().size(), size_t(1));
         ts.platform.messageAnswers.enqueue(MsgResult::No);
-        QCOMPARE(windowKey(115, Ctrl), 0);
+        QCOMPARE(windowKey(keys::vbKeyF4, Ctrl), 0);
         QVERIFY(ts->documents().empty());
     }
 };

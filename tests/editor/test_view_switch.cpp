@@ -6,7 +6,6 @@
 #include "test_shell.h"
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -14,26 +13,28 @@ using namespace tsl::test;
 namespace {
 const QString kPage = QStringLiteral("<html>\n<body>\n<p>x</p>\n</body>\n</html>");
 
+// A shell whose active document is a page opened from a file of a temporary folder.
 struct Views {
     QTemporaryDir dir;
     TestShell ts;
     codeEditor* doc = nullptr;
 
-    // A shell whose active document is the page, opened from a file of the temporary folder.
     explicit Views(const QString& name = QStringLiteral("page.htm"), const QString& text = kPage) {
         ts.platform.temp = dir.filePath(QStringLiteral("temp"));
         QDir().mkpath(ts.platform.temp);
         ts.load();
-        ts.platform.fileAnswers.enqueue(
-            FileDialogAnswer::file(writeFile(dir, name, text.toUtf8())));
-        ts->mnuFileOpen_Click();
-        doc = &ts.active();
+        doc = &ts.open(writeFile(dir, name, text.toUtf8()));
     }
-    DetachedLayout& layout() { return static_cast<DetachedLayout&>(doc->DHTMLEdit1()); }
+    DetachedLayout& layout() { return layoutOf(*doc); }
     DetachedBrowser& browser() { return static_cast<DetachedBrowser&>(doc->WebBrowser1()); }
     void show(int view) { doc->tabEditor.SelectTab(view); }
     QString folder() const { return dir.path() + QLatin1Char('/'); }
     bool menuOn(const char* name) { return ts->menu(QLatin1String(name)).Enabled(); }
+    // Layout view, then the surface edited to `html`.
+    void editInLayout(const QString& html) {
+        show(2);
+        layout().edit(html);
+    }
 };
 } // namespace
 
@@ -41,13 +42,14 @@ class ViewSwitchTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void theTabsAndTheirCaptions() {
+    void theTabs() {
         Views v;
         QCOMPARE(v.doc->tabEditor.TabCount(), 3);
         QCOMPARE(v.doc->tabEditor.TabCaption(2), QStringLiteral("  Layout  "));
         QVERIFY_THROWS_EXCEPTION(RuntimeError, v.doc->tabEditor.SelectTab(4));
         try {
             v.doc->tabEditor.SelectTab(0);
+            QFAIL("tab 0 was selected");
         } catch (const RuntimeError& e) {
             QCOMPARE(e.description(), QStringLiteral("TabIndex 0 does not exist"));
         }
@@ -56,24 +58,25 @@ class ViewSwitchTest : public QObject {
     void toLayoutCopiesTheTextAndSetsTheStrips() {
         Views v;
         v.show(2);
-        QVERIFY(v.layout().Visible());
-        QVERIFY(v.ts->bLayoutActive);
+        QVERIFY(v.layout().Visible() && v.ts->bLayoutActive);
         QCOMPARE(v.layout().DocumentHTML(), kPage);
         QCOMPARE(v.layout().BaseURL(), v.folder());
-        QVERIFY(v.doc->cmbStyles.Visible() && v.doc->cmbFonts.Visible());
-        QVERIFY(!v.ts->tbrTags.ButtonEnabled(18));
-        QVERIFY(!v.ts->tbrMain.ButtonEnabled(22));
+        for (const ComboBox* combo : {&v.doc->cmbStyles, &v.doc->cmbFonts, &v.doc->cmbFontSize})
+            QVERIFY(combo->Visible());
+        QVERIFY(!v.ts->tbrTags.ButtonEnabled(18) && !v.ts->tbrMain.ButtonEnabled(22));
         QVERIFY(!v.menuOn("mnuInsertFrames") && !v.menuOn("mnuInsertComment"));
         QVERIFY(v.ts->tbrMain.ButtonVisible(12));
         QCOMPARE(v.ts.platform.messages.size(), 0);
     }
 
+    // Borders show unless the setting says exactly "No"; the button turns them round and
+    // remembers the choice.
     void showBordersReadsItsSetting_data() {
         columns<QString, bool>({"stored", "on"});
         QTest::newRow("never written") << QString() << true;
-        QTest::newRow("No") << QStringLiteral("No") << false;
-        QTest::newRow("no") << QStringLiteral("no") << true;
-        QTest::newRow("Yes") << QStringLiteral("Yes") << true;
+        QTest::newRow("No") << "No" << false;
+        QTest::newRow("no") << "no" << true;
+        QTest::newRow("Yes") << "Yes" << true;
     }
     void showBordersReadsItsSetting() {
         QFETCH(QString, stored);
@@ -83,65 +86,55 @@ class ViewSwitchTest : public QObject {
         v.show(2);
         QCOMPARE(v.layout().ShowBorders(), on);
         QCOMPARE(v.doc->tbrTable.ButtonChecked(12), on);
-        // The button turns the borders round and remembers the choice.
         v.doc->tbrTable.press(12);
         QCOMPARE(v.layout().ShowBorders(), !on);
         QCOMPARE(v.doc->tbrTable.ButtonChecked(12), !on);
-        QCOMPARE(v.ts.settings.get(keys::Fuzzies, keys::ShowBorders),
-                 on ? QStringLiteral("No") : QStringLiteral("Yes"));
+        QCOMPARE(v.ts.settings.get(keys::Fuzzies, keys::ShowBorders), on ? "No" : "Yes");
     }
 
     void backFromLayoutUneditedKeepsTheTextAndDropsTheHistory() {
         Views v;
         v.doc->codebox().setSelText(QStringLiteral("edit "));
         v.doc->AddStep();
-        QVERIFY(v.doc->nDoneIndex > 1);
         v.show(2);
         v.show(1);
-        QCOMPARE(v.doc->codebox().Text(), QStringLiteral("edit ") + kPage);
-        QCOMPARE(v.doc->codebox().SelStart(), v.doc->codebox().Text().indexOf("<body>") + 6);
+        const QString text = QStringLiteral("edit ") + kPage;
+        QCOMPARE(v.doc->codebox().Text(), text);
+        QCOMPARE(v.doc->codebox().SelStart(), text.indexOf("<body>") + 6);
         QCOMPARE(v.doc->nDoneIndex, 1);
         QCOMPARE(v.doc->nTopIndex, 1);
-        QCOMPARE(v.doc->step(1).Text, v.doc->codebox().Text());
+        QCOMPARE(v.doc->step(1).Text, text);
         QVERIFY(!v.menuOn("mnuEditUndo") && !v.ts->tbrMain.ButtonEnabled(11));
-        QVERIFY(!v.layout().Visible());
+        QVERIFY(!v.layout().Visible() && !v.ts->bLayoutActive);
         QCOMPARE(v.layout().newDocuments, 1);
-        QVERIFY(!v.ts->bLayoutActive);
-        QVERIFY(!v.doc->cmbStyles.Visible());
+        for (const ComboBox* combo : {&v.doc->cmbStyles, &v.doc->cmbFonts, &v.doc->cmbFontSize})
+            QVERIFY(!combo->Visible());
     }
 
-    void anEditedPageComesBackWithoutTheBlanksBeforeTheBodyEnd() {
+    // An edited page comes back without the blanks before the body's end; the caret goes past
+    // "<body" and the ">" after it, or one on from where the text left it when either is missing.
+    void anEditedPageComesBack_data() {
+        columns<QString, QString, int>({"edited", "text", "caret"});
+        QTest::newRow("with a body") << "<html><body>\n<p>y</p> \n \n</body></html>"
+                                     << "<html><body>\n<p>y</p></body></html>" << 12;
+        QTest::newRow("no body, no >") << "just words"
+                                       << "just words" << 1;
+        QTest::newRow("no body") << "<b>no body</b>"
+                                 << "<b>no body</b>" << 3;
+    }
+    void anEditedPageComesBack() {
         Views v;
-        v.show(2);
-        v.layout().edit(QStringLiteral("<html><body>\n<p>y</p> \n \n</body></html>"));
+        QFETCH(QString, edited);
+        v.editInLayout(edited);
         v.show(1);
-        QCOMPARE(v.doc->codebox().Text(), QStringLiteral("<html><body>\n<p>y</p></body></html>"));
-        QCOMPARE(v.doc->codebox().SelStart(), 12);
-    }
-
-    void aTextWithoutABodyPutsTheCaretOneOn() {
-        Views v(QStringLiteral("frag.htm"), QStringLiteral("<p>a</p>"));
-        v.show(2);
-        v.layout().edit(QStringLiteral("just words"));
-        v.show(1);
-        QCOMPARE(v.doc->codebox().Text(), QStringLiteral("just words"));
-        // Both finds fail; the caret goes one on from where the new text left it.
-        QCOMPARE(v.doc->codebox().SelStart(), 1);
-        // Without a body but with a ">", the second find alone places it.
-        v.show(2);
-        v.layout().edit(QStringLiteral("<b>no body</b>"));
-        v.show(1);
-        QCOMPARE(v.doc->codebox().SelStart(), 3);
+        QTEST(v.doc->codebox().Text(), "text");
+        QTEST(v.doc->codebox().SelStart(), "caret");
     }
 
     void aStyleSheetHasNoLayoutAndNoPreview_data() {
         columns<int, QString>({"view", "message"});
-        QTest::newRow("Layout") << 2
-                                << QStringLiteral(
-                                       "Layout view can not be used with CSS documents.");
-        QTest::newRow("Preview") << 3
-                                 << QStringLiteral(
-                                        "Preview mode can not be used with CSS documents.");
+        QTest::newRow("Layout") << 2 << "Layout view can not be used with CSS documents.";
+        QTest::newRow("Preview") << 3 << "Preview mode can not be used with CSS documents.";
     }
     void aStyleSheetHasNoLayoutAndNoPreview() {
         QFETCH(int, view);
@@ -152,21 +145,20 @@ class ViewSwitchTest : public QObject {
         QCOMPARE(v.ts.platform.messageTexts(), QStringList{message});
         QCOMPARE(v.ts.platform.messages.first().icon, MsgIcon::Exclamation);
         QCOMPARE(v.doc->SelectedTab, 1);
-        QVERIFY(!v.layout().Visible());
-        QVERIFY(!v.ts->bLayoutActive);
+        QVERIFY(!v.layout().Visible() && !v.ts->bLayoutActive);
         QCOMPARE(v.doc->codebox().Text(), QStringLiteral("p { color: red }"));
         QVERIFY(v.browser().navigated.isEmpty());
     }
 
     void previewWritesTheFileBesideTheDocument() {
         Views v;
-        v.show(2);
-        v.layout().edit(QStringLiteral("<html><body>z \n</body></html>"));
+        const QString page = QStringLiteral("<html><body>z \n</body></html>");
+        v.editInLayout(page);
         v.show(3);
         // From Layout straight to Preview the page comes back untrimmed.
-        QCOMPARE(v.doc->codebox().Text(), QStringLiteral("<html><body>z \n</body></html>"));
+        QCOMPARE(v.doc->codebox().Text(), page);
         const QString preview = v.folder() + QStringLiteral("~tssln.htm");
-        QCOMPARE(readFile(preview), QByteArray("<html><body>z \n</body></html>"));
+        QCOMPARE(readFile(preview), page.toUtf8());
         QCOMPARE(v.browser().navigated, QStringList{preview});
         QCOMPARE(v.doc->codebox().FileName(), v.folder() + QStringLiteral("page.htm"));
         QVERIFY(!v.ts->bLayoutActive);
@@ -178,7 +170,7 @@ class ViewSwitchTest : public QObject {
             QVERIFY2(v.menuOn(name), name);
         for (int button : {3, 5, 14})
             QVERIFY(v.ts->tbrMain.ButtonEnabled(button));
-
+        // Back in Source both preview files beside the document are gone.
         writeFile(v.dir, QStringLiteral("~tssln2.htm"), "x");
         v.show(1);
         QVERIFY(!QFile::exists(preview));
@@ -198,58 +190,38 @@ class ViewSwitchTest : public QObject {
         QVERIFY(QFile::exists(preview)); // files of the temporary folder stay
     }
 
+    // A command's status (1 disabled, 3 enabled, 7 latched) and the control that shows it.
     void displayChangedBringsTheToolbarsUpToDate_data() {
         columns<int, int, QString, bool>({"command", "status", "target", "expected"});
-        const auto row = [](const char* name, int command, int status, const char* target,
-                            bool expected) {
-            QTest::newRow(name) << command << status << QString::fromLatin1(target) << expected;
-        };
-        row("bold latched", 5000, 7, "tags.checked:4", true);
-        row("bold enabled", 5000, 3, "tags.checked:4", false);
-        row("italic latched", 5023, 7, "tags.checked:5", true);
-        row("underline latched", 5048, 7, "tags.checked:6", true);
-        row("center latched", 5024, 7, "tags.checked:8", true);
-        row("right latched", 5026, 7, "tags.checked:9", true);
-        row("remove format enabled", 5034, 3, "menu:mnuFormatRemove", true);
-        row("remove format latched", 5034, 7, "menu:mnuFormatRemove", false);
-        row("insert row", 5021, 3, "table.enabled:2", true);
-        row("insert column off", 5020, 1, "table.enabled:3", false);
-        row("delete cells", 5005, 3, "table.enabled:5", true);
-        row("delete rows", 5007, 3, "table.enabled:6", true);
-        row("delete columns", 5006, 3, "table.enabled:7", true);
-        row("merge", 5029, 3, "table.enabled:9", true);
-        row("split", 5047, 3, "table.enabled:10", true);
-        row("ordered list", 5030, 7, "layout.checked:5", true);
-        row("unordered list", 5051, 7, "layout.checked:6", true);
-        row("undo not disabled", 5049, 0, "menu:mnuEditUndo", true);
-        row("undo disabled", 5049, 1, "menu:mnuEditUndo", false);
-        row("redo", 5033, 3, "main.enabled:12", true);
-        row("cut", 5003, 1, "main.enabled:7", false);
-        row("copy", 5002, 7, "menu:mnuEditCopy", true);
-        row("paste", 5032, 1, "main.enabled:9", false);
+        const QStringList rows =
+            words("5000 7 tags.checked:4 1  5000 3 tags.checked:4 0  5023 7 tags.checked:5 1 "
+                  "5048 7 tags.checked:6 1  5024 7 tags.checked:8 1  5026 7 tags.checked:9 1 "
+                  "5034 3 menu:mnuFormatRemove 1  5034 7 menu:mnuFormatRemove 0 "
+                  "5021 3 table.enabled:2 1  5020 1 table.enabled:3 0  5005 3 table.enabled:5 1 "
+                  "5007 3 table.enabled:6 1  5006 3 table.enabled:7 1  5029 3 table.enabled:9 1 "
+                  "5047 3 table.enabled:10 1  5030 7 layout.checked:5 1  5051 7 layout.checked:6 1 "
+                  "5049 0 menu:mnuEditUndo 1  5049 1 menu:mnuEditUndo 0  5033 3 main.enabled:12 1 "
+                  "5003 1 main.enabled:7 0  5002 7 menu:mnuEditCopy 1  5032 1 main.enabled:9 0");
+        for (int i = 0; i < rows.size(); i += 4)
+            QTest::newRow(qPrintable(rows.mid(i, 3).join(u' ')))
+                << rows[i].toInt() << rows[i + 1].toInt() << rows[i + 2] << (rows[i + 3] == "1");
     }
     void displayChangedBringsTheToolbarsUpToDate() {
         QFETCH(int, command);
         QFETCH(int, status);
         QFETCH(QString, target);
-        QFETCH(bool, expected);
         Views v;
         v.show(2);
         v.layout().statuses.insert(command, status);
         v.layout().edit(kPage);
-        const QString where = target.section(QLatin1Char(':'), 0, 0);
-        const QString what = target.section(QLatin1Char(':'), 1);
-        bool actual = false;
-        if (where == QLatin1String("menu")) actual = v.ts->menu(what).Enabled();
-        if (where == QLatin1String("tags.checked"))
-            actual = v.ts->tbrTags.ButtonChecked(what.toInt());
-        if (where == QLatin1String("table.enabled"))
-            actual = v.doc->tbrTable.ButtonEnabled(what.toInt());
-        if (where == QLatin1String("layout.checked"))
-            actual = v.doc->tbrLayout.ButtonChecked(what.toInt());
-        if (where == QLatin1String("main.enabled"))
-            actual = v.ts->tbrMain.ButtonEnabled(what.toInt());
-        QCOMPARE(actual, expected);
+        const QString where = target.section(u':', 0, 0), what = target.section(u':', 1);
+        const int button = what.toInt();
+        const bool actual = where == "menu"             ? v.ts->menu(what).Enabled()
+                            : where == "tags.checked"   ? v.ts->tbrTags.ButtonChecked(button)
+                            : where == "table.enabled"  ? v.doc->tbrTable.ButtonEnabled(button)
+                            : where == "layout.checked" ? v.doc->tbrLayout.ButtonChecked(button)
+                                                        : v.ts->tbrMain.ButtonEnabled(button);
+        QTEST(actual, "expected");
     }
 
     void underlineIsLeftAloneInsideALink() {
@@ -293,6 +265,7 @@ class ViewSwitchTest : public QObject {
         QCOMPARE(v.doc->Tag, QStringLiteral("Dirty"));
     }
 
+    // The list buttons send each other's command; the combos send their choice.
     void theStripsSendTheirCommands() {
         Views v;
         v.show(2);
@@ -302,32 +275,26 @@ class ViewSwitchTest : public QObject {
             v.doc->tbrLayout.press(button);
         for (int button : {2, 3, 5, 6, 7, 9, 10})
             v.doc->tbrTable.press(button);
-        QList<int> sent;
-        for (const DetachedLayout::Command& c : layout.commands) {
-            sent.append(c.id);
-            QCOMPARE(c.option, 2);
-        }
-        // The list buttons send each other's command.
-        QCOMPARE(sent,
-                 (QList<int>{5031, 5018, 5030, 5051, 5021, 5020, 5005, 5007, 5006, 5029, 5047}));
         v.doc->cmbFontSize.setListIndex(2);
-        QCOMPARE(layout.commands.last().id, 5045);
-        QCOMPARE(layout.commands.last().value, QStringLiteral("3"));
         v.doc->cmbStyles.setListIndex(6);
-        QCOMPARE(layout.commands.last().value, QStringLiteral("Heading 1"));
+        QStringList sent;
+        for (const DetachedLayout::Command& c : layout.commands)
+            sent << QStringLiteral("%1,%2,%3").arg(c.id).arg(c.option).arg(c.value);
+        QCOMPARE(sent.join(u' '), "5031,2, 5018,2, 5030,2, 5051,2, 5021,2, 5020,2, 5005,2, "
+                                  "5007,2, 5006,2, 5029,2, 5047,2, 5045,2,3 5043,2,Heading 1");
     }
 
     void theTableStripOpensTheChooserBelowItsOwnButton() {
         Views v;
         v.show(2);
-        v.ts->part<TableChooser>().DropDown.ButtonPosition = [](const QString& toolbar, int index) {
+        auto& dropDown = v.ts->part<TableChooser>().DropDown;
+        dropDown.ButtonPosition = [](const QString& toolbar, int index) {
             return toolbar == QLatin1String("tbrTable") && index == 0 ? QPoint(3000, 2000)
                                                                       : QPoint();
         };
         v.doc->tbrTable.press(0);
-        QVERIFY(v.ts->part<TableChooser>().DropDown.IsShowing());
-        QCOMPARE(v.ts->part<TableChooser>().DropDown.left(), 3100);
-        QCOMPARE(v.ts->part<TableChooser>().DropDown.top(), 3000);
+        QVERIFY(dropDown.IsShowing());
+        QCOMPARE(QPoint(dropDown.left(), dropDown.top()), QPoint(3100, 3000));
     }
 
     void theBrowserStripPassesOverAnEmptyHistory() {
@@ -335,8 +302,7 @@ class ViewSwitchTest : public QObject {
         v.show(3);
         v.doc->tbrWebBrowser.press(0);
         v.doc->tbrWebBrowser.press(3);
-        QCOMPARE(v.browser().calls,
-                 (QStringList{QStringLiteral("GoBack"), QStringLiteral("Refresh")}));
+        QCOMPARE(v.browser().calls, QStringList({"GoBack", "Refresh"}));
         QCOMPARE(v.ts.platform.messages.size(), 0);
     }
 };

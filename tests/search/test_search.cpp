@@ -1,6 +1,5 @@
-// Find & Replace in the Source text (the step that keeps a repeated search off the match it
-// stands on, the upward off-by-one, the end messages, the 16-bit limits) and Extended Replace in
-// files (whole words, case, bytes kept, failures), with their windows driven as the user does.
+// Find & Replace in the Source text and Extended Replace in files, with their windows driven as
+// the user drives them.
 #include "search/find_replace.h"
 #include "search/frm_choose_files.h"
 #include "search/frm_ext_find.h"
@@ -38,7 +37,9 @@ struct Search {
         state.FindDirection = Int16(direction);
     }
     void findNext() { FindNextMatch(state, codebox, codebox.SelStart(), platform); }
-    int replaceAll(const QString& with) { return ReplaceAllMatches(state, codebox, with, platform); }
+    int replaceAll(const QString& with) {
+        return ReplaceAllMatches(state, codebox, with, platform);
+    }
 };
 
 struct FindRow {
@@ -83,7 +84,6 @@ struct ExtReplace : TestShell {
     QString page(const char* name, const QByteArray& bytes = "foo") {
         return writeFile(dir, QString::fromLatin1(name), bytes);
     }
-    // Presses Replace on the folder, or on the chosen files, answering the question if asked.
     void replace(const char* what, const char* with, MsgResult answer = MsgResult::Yes) {
         if (form->optSpecFolder.Value()) form->txtPath.setText(dir.path());
         form->FindBox.setText(what);
@@ -133,8 +133,7 @@ class SearchTest : public QObject {
         QCOMPARE(s.codebox.focusCount(), int(found));
     }
 
-    // Up from the very start: not found, and the state stays. Positions are 16-bit: a caret or
-    // a match past 32767 overflows.
+    // Up from the start: not found, state kept, no negative position; 16-bit positions overflow.
     void upFromTheStartAndPastThe16BitRange() {
         Search s(kText, 0, QStringLiteral("one"), 0);
         s.state.FindLastPos = 5;
@@ -142,6 +141,8 @@ class SearchTest : public QObject {
         QCOMPARE(s.platform.messageTexts(), QStringList{kNotFound});
         QCOMPARE(s.state.FindLastPos, Int16(5));
         QVERIFY(s.state.FindChanged);
+        QCOMPARE(errorOf([&] { s.replaceAll(QStringLiteral("y")); }), int(ErrInvalidPropertyValue));
+        QCOMPARE(s.codebox.Text(), kText);
         Search far(QString(40000, QLatin1Char('x')) + QStringLiteral("one"), 0, "one");
         QCOMPARE(errorOf([&] { far.findNext(); }), int(ErrOverflow));
         far.codebox.setSelStart(33000);
@@ -160,6 +161,7 @@ class SearchTest : public QObject {
             {"nothing deletes", {"a-a-a", 0, 1, "-", "", "aaa", 2}},
             {"upward from the end", {"a a a", 5, 0, "a", "bb", "bb bb bb", 3}},
             {"case folds", {"One one", 0, 1, "ONE", "two", "two two", 2}},
+            {"no match", {"one", 0, 1, "zz", "y", "one", 0}},
         });
     }
     void replaceAll() {
@@ -168,29 +170,18 @@ class SearchTest : public QObject {
         QCOMPARE(s.replaceAll(row.with), row.count);
         QCOMPARE(s.codebox.Text(), row.result);
         QCOMPARE(s.platform.messageTexts(),
-                 QStringList{QStringLiteral("Tessaline has finished searching the document and "
-                                            "replaced %1 items.")
-                                 .arg(row.count)});
+                 QStringList{row.count ? QStringLiteral("Tessaline has finished searching the "
+                                                        "document and replaced %1 items.")
+                                             .arg(row.count)
+                                       : QStringLiteral("Tessaline has finished searching for "
+                                                        "zz. The search item was not found.")});
         const ShownMessage& m = s.platform.messages.first();
-        QVERIFY(m.icon == MsgIcon::Exclamation && m.systemModal && m.title == "Tessaline");
-        QVERIFY(!s.state.FindChanged);
+        QVERIFY(m.systemModal && m.title == (row.count ? "Tessaline" : ""));
+        QCOMPARE(m.icon, row.count ? MsgIcon::Exclamation : MsgIcon::Information);
+        QCOMPARE(s.state.FindChanged, !row.count);
     }
 
-    // Without a match the message names the text; upward from the start the pane refuses the
-    // negative position.
-    void replaceAllWithoutAMatch() {
-        Search s(kText, 0, QStringLiteral("zz"));
-        QCOMPARE(s.replaceAll(QStringLiteral("y")), 0);
-        QCOMPARE(s.platform.messageTexts(), QStringList{"Tessaline has finished searching for zz. "
-                                                        "The search item was not found."});
-        QCOMPARE(s.platform.messages.first().icon, MsgIcon::Information);
-        s.state.FindDirection = 0;
-        QCOMPARE(errorOf([&] { s.replaceAll(QStringLiteral("y")); }), int(ErrInvalidPropertyValue));
-        QCOMPARE(s.codebox.Text(), kText);
-    }
-
-    // The window takes the selection, or the last search; the actions wait for a text. It
-    // closes before Exit asks about the documents.
+    // The window takes the selection, or the last search; the actions wait for a text.
     void theFindWindowOpensOnTheSelectionOrTheLastSearch() {
         FindWindow w(QStringLiteral("one two one"), 4, 3);
         w.search().FindMatchCase = 1;
@@ -201,9 +192,9 @@ class SearchTest : public QObject {
         QVERIFY(form.optDirectionDown.Value() && form.cmdFind.Enabled());
         for (const char* text : {"", "b"}) {
             form.txtFind.setText(text);
-            for (Control* c : std::initializer_list<Control*>{&form.cmdFind, &form.txtReplace,
-                                                              &form.cmdReplace, &form.Command1,
-                                                              &form.Label2})
+            for (Control* c :
+                 std::initializer_list<Control*>{&form.cmdFind, &form.txtReplace, &form.cmdReplace,
+                                                 &form.Command1, &form.Label2})
                 QCOMPARE(c->Enabled(), *text != 0);
         }
         form.cmdCancel.press();
@@ -213,19 +204,12 @@ class SearchTest : public QObject {
         w.search().FindDirection = 0;
         QCOMPARE(w.open()->txtFind.Text(), QStringLiteral("b"));
         QCOMPARE(w.search().FindDirection, Int16(1));
-        bool openWhenAsked = true;
-        w.run("mnuFileNewHTML");
-        w.platform.messageAnswers.enqueue(MsgResult::Cancel);
-        w.platform.onMessage = [&] { openWhenAsked = w->bFindOpen; };
-        QVERIFY(!w->requestExit());
-        QVERIFY(!openWhenAsked);
-        // Loaded with nothing to look for, only Find waits for a text.
         FindWindow fresh(QStringLiteral("abc"), 0);
-        QVERIFY(!fresh.open()->cmdFind.Enabled() && fresh.open()->Command1.Enabled());
+        frmFind* empty = fresh.open();
+        QVERIFY(!empty->cmdFind.Enabled() && empty->Command1.Enabled());
     }
 
-    // Replace changes a selection that matches and finds the next; Replace All changes every
-    // match; each change is one undo step.
+    // Replace changes a matching selection and finds the next; each change is one undo step.
     void theWindowReplaces_data() {
         columns<int, int, bool, QString>({"selStart", "matchCase", "all", "text"});
         QTest::newRow("same but for case") << 0 << 0 << false << QString("XY one ONE");
@@ -250,8 +234,8 @@ class SearchTest : public QObject {
         if (!all) QCOMPARE(w.pane().SelText(), QStringLiteral("one"));
         const bool changed = text != QLatin1String("One one ONE");
         QCOMPARE(w.active().nDoneIndex, Int16(done + changed));
-        w.active().Undo();
-        QCOMPARE(w.pane().Text(), changed ? QStringLiteral("One one ONE") : text);
+        if (changed) w.active().Undo();
+        QCOMPARE(w.pane().Text(), QStringLiteral("One one ONE"));
     }
 
     void inLayoutTheSurfaceFindsForItself() {
@@ -284,15 +268,52 @@ class SearchTest : public QObject {
         QCOMPARE(count, row.count);
     }
 
-    // The menu opens Extended Replace on the folder option; Close unloads it.
-    void extendedReplaceOpensOnTheFolderAndCloses() {
+    // Each option enables its target's controls; Replace needs a text and a target.
+    void extendedReplaceEnablesItsTargetAndCloses() {
         ExtReplace e;
-        e.forms.then<frmExtFind>([](frmExtFind& f) {
+        e.forms.then<frmExtFind>([&](frmExtFind& f) {
             QCOMPARE(f.Caption(), QStringLiteral("Extended Replace"));
-            QVERIFY(f.optSpecFolder.Value() && !f.optSelected.Value());
             QVERIFY(!f.pbProgress.Visible() && !f.filesInFolder.Visible());
             QCOMPARE(f.txtFilter.items(), words("*.htm;*.html;*.asp *.txt *.css"));
             QCOMPARE(f.txtFilter.Text(), QStringLiteral("*.htm;*.html;*.asp"));
+            const auto enabled = [&f] {
+                QStringList on;
+                for (const QString& name : words("txtPath cmdSelectDocFolder Label3 txtFilter "
+                                                 "lstFiles cmdSelectDocFiles ReplaceButton"))
+                    if (f.control(name)->Enabled()) on << name;
+                return on.join(u' ');
+            };
+            const QString folder = "txtPath cmdSelectDocFolder Label3 txtFilter";
+            const QString files = "lstFiles cmdSelectDocFiles";
+            QStringList seen;
+            f.FindBox.setText(QStringLiteral("x"));
+            seen << enabled(); // no folder
+            f.optSelected.setValue(true);
+            seen << enabled(); // no file
+            f.lstFiles.AddItem(QStringLiteral("/tmp/a.htm"));
+            f.FindBox.setText(QString());
+            seen << enabled(); // no text
+            f.FindBox.setText(QStringLiteral("y"));
+            seen << enabled();
+            f.FindBox.setText(QString());
+            f.optSelected.setValue(true); // the option looks at the target alone
+            seen << enabled();
+            f.optSpecFolder.setValue(true);
+            seen << enabled(); // no folder
+            e.platform.folderAnswers.enqueue(QStringLiteral("/srv/www"));
+            f.cmdSelectDocFolder.press(); // a folder picked: on, text or none
+            seen << enabled() + f.txtPath.Text();
+            f.FindBox.setText(QStringLiteral("z"));
+            seen << enabled();
+            f.FindBox.setText(QString());
+            seen << enabled();
+            QCOMPARE(seen, QStringList({folder, files, files, files + " ReplaceButton",
+                                        files + " ReplaceButton", folder,
+                                        folder + " ReplaceButton/srv/www",
+                                        folder + " ReplaceButton", folder}));
+            QCOMPARE(e.platform.folderTitles, QStringList{"Please select a default folder"});
+            f.txtFilter.receiveText(QStringLiteral("*.h tm")); // no blank in a filter
+            QCOMPARE(f.txtFilter.Text(), QStringLiteral("*.htm"));
             f.CancelButton.press();
             QVERIFY(!f.isLoaded());
         });
@@ -301,46 +322,11 @@ class SearchTest : public QObject {
         QCOMPARE(e->CurrentDocument, &e.active());
     }
 
-    // Replace is on when there is a text and a target: a folder, or chosen files. The options
-    // alone look only at the target, not at the text.
-    void replaceIsOnWithATextAndATarget_data() {
-        columns<bool, QString, int, QString, bool>({"selected", "path", "files", "find", "on"});
-        QTest::newRow("folder, no path") << false << "" << 0 << "x" << false;
-        QTest::newRow("folder, path, no text") << false << "/tmp" << 0 << "" << false;
-        QTest::newRow("folder, path, text") << false << "/tmp" << 0 << "x" << true;
-        QTest::newRow("files, none") << true << "" << 0 << "x" << false;
-        QTest::newRow("files, one") << true << "" << 1 << "x" << true;
-        QTest::newRow("files, one, no text") << true << "" << 1 << "" << false;
-    }
-    void replaceIsOnWithATextAndATarget() {
-        QFETCH(bool, selected);
-        QFETCH(QString, path);
-        QFETCH(int, files);
-        ExtReplace e;
-        frmExtFind& f = *e.form;
-        f.txtPath.setText(path);
-        if (files) f.lstFiles.AddItem(QStringLiteral("/tmp/a.htm"));
-        (selected ? f.optSelected : f.optSpecFolder).setValue(true);
-        QCOMPARE(f.ReplaceButton.Enabled(), selected ? files > 0 : !path.isEmpty());
-        QStringList on;
-        for (const QString& name : words("txtPath cmdSelectDocFolder Label3 txtFilter lstFiles "
-                                         "cmdSelectDocFiles"))
-            if (f.control(name)->Enabled()) on << name;
-        QCOMPARE(on, words(selected ? "lstFiles cmdSelectDocFiles"
-                                    : "txtPath cmdSelectDocFolder Label3 txtFilter"));
-        f.FindBox.setText(QStringLiteral("seed"));
-        QFETCH(QString, find);
-        f.FindBox.setText(find);
-        QTEST(f.ReplaceButton.Enabled(), "on");
-    }
-
-    // The pages of the folder under the filter, each keeping its bytes but for the
-    // replacements: line ends, byte-order mark, 8-bit text. No leaves the files alone.
+    // The folder's pages under the filter keep their bytes but for the replacements.
     void aFolderIsReplacedUnderItsFilter() {
         ExtReplace e;
         const QStringList pages = {e.page("a.htm", "<p>Foo foo food</p>\r\n<p>foo</p>\r\n"),
-                                   e.page("b.html", "\xEF\xBB\xBF<p>foo caf\xC3\xA9</p>\n"),
-                                   e.page("c.asp", "foo caf\xE9\r\n"), e.page("d.htm", "none")};
+                                   e.page("b.asp", "foo caf\xE9\r\n"), e.page("c.html", "none")};
         const QString other = e.page("notes.txt");
         frmExtFind& f = *e.form;
         QList<int> progress;
@@ -349,24 +335,32 @@ class SearchTest : public QObject {
         });
         f.chkWholeWord.setValue(1);
         f.chkMatchCase.setValue(1);
+        e.open(pages[2]);
+        e.replace("foo", "fu\u00DF", MsgResult::OK);
+        QCOMPARE(readFile(pages[0]), "<p>Foo foo food</p>\r\n<p>foo</p>\r\n");
+        QCOMPARE(e.platform.messageTexts(),
+                 QStringList{"The following files you selected are already open in Tessaline:\n\n" +
+                             pages[2] + "\n\nThese files were not modified."});
+        e.run("mnuFileClose");
+        e.platform.messages.clear();
         e.replace("foo", "fu\u00DF");
-        QCOMPARE(e.platform.messageTexts(), (QStringList{question(4), kDone}));
+        QCOMPARE(e.platform.messageTexts(), (QStringList{question(3), kDone}));
         QCOMPARE(e.platform.messages.first().buttons, MsgButtons::YesNo);
         QCOMPARE(e.platform.messages.first().icon, MsgIcon::Exclamation);
         QCOMPARE(readFile(pages[0]), "<p>Foo fu\xC3\x9F food</p>\r\n<p>fu\xC3\x9F</p>\r\n");
-        QCOMPARE(readFile(pages[1]), "\xEF\xBB\xBF<p>fu\xC3\x9F caf\xC3\xA9</p>\n");
-        QCOMPARE(readFile(pages[2]), "fu\xDF caf\xE9\r\n");
-        QCOMPARE(readFile(pages[3]), "none");
-        QCOMPARE(progress, QList<int>({0, 1, 2, 3, 4})); // shown, then before each file
+        QCOMPARE(readFile(pages[1]), "fu\xDF caf\xE9\r\n");
+        QCOMPARE(readFile(pages[2]), "none");
+        QCOMPARE(progress, QList<int>({0, 1, 2, 3})); // shown, then before each file
         QVERIFY(!f.pbProgress.Visible());
         f.txtFilter.setText(QStringLiteral("*.txt"));
         e.replace("foo", "bar", MsgResult::No);
-        QCOMPARE(e.platform.messageTexts().last(), question(1));
         QCOMPARE(readFile(other), "foo");
+        f.txtFilter.setText(QStringLiteral("*.css"));
+        f.ReplaceButton.press();
+        QCOMPARE(e.platform.messageTexts().mid(2), (QStringList{question(1), kNoFiles}));
     }
 
-    // Chosen files are done once each, in order; the first failure ends the run with its
-    // message, keeping what was done. A later run that succeeds says so again.
+    // Chosen files are done once each, in order, until the first failure.
     void chosenFilesAreDoneOnceEachUntilAFailure() {
         ExtReplace e;
         frmExtFind& f = *e.form;
@@ -389,42 +383,8 @@ class SearchTest : public QObject {
         QCOMPARE(e.platform.messages[1].icon, MsgIcon::Critical);
     }
 
-    // One open page stops the whole folder; a folder with no page under the filter says so.
-    void whatStopsAFolder() {
-        ExtReplace e;
-        const QString a = e.page("a.htm");
-        const QString b = e.page("b.htm");
-        e.open(b);
-        e.replace("foo", "bar", MsgResult::OK);
-        QCOMPARE(readFile(a), "foo");
-        e.run("mnuFileClose");
-        e.form->txtFilter.setText(QStringLiteral("*.css"));
-        e.form->ReplaceButton.press();
-        QFile::remove(a);
-        QFile::remove(b);
-        e.form->ReplaceButton.press();
-        QCOMPARE(e.platform.messageTexts(),
-                 QStringList({"The following files you selected are already open in Tessaline:\n\n" +
-                                  b + "\n\nThese files were not modified.",
-                              kNoFiles, kNoFiles}));
-        QCOMPARE(e.platform.messages.first().icon, MsgIcon::Exclamation);
-    }
-
-    void theFolderPickerFillsThePathAndTheFilterTakesNoBlank() {
-        ExtReplace e;
-        frmExtFind& f = *e.form;
-        e.platform.folderAnswers.enqueue(QStringLiteral("/srv/www"));
-        f.cmdSelectDocFolder.press();
-        QCOMPARE(e.platform.folderTitles, QStringList{"Please select a default folder"});
-        QCOMPARE(f.txtPath.Text(), QStringLiteral("/srv/www"));
-        QVERIFY(f.ReplaceButton.Enabled());
-        f.txtFilter.receiveText(QStringLiteral("*.h tm"));
-        QCOMPARE(f.txtFilter.Text(), QStringLiteral("*.htm"));
-    }
-
-    // The chooser adds the picked files that are not open, removes the picked ones, and hands
-    // its list back on OK. Several entries are picked with others between and after them: a
-    // loop over the marks that does not move on never returns, and fails by the time limit.
+    // Several entries are picked with others between and after them: a loop over the marks that
+    // does not move on never returns, and fails by the time limit.
     void theChooserAddsRemovesAndHandsBackItsFiles() {
         ExtReplace e;
         QStringList p;
@@ -467,7 +427,7 @@ class SearchTest : public QObject {
         QCOMPARE(f.lstFiles.items(), QStringList{p[3]});
         QVERIFY(f.ReplaceButton.Enabled());
         QCOMPARE(e->part<SearchSession>().sLastChooseDir, e.dir.path());
-        // Cancel keeps the list; reopened, the chooser starts with it, the first one picked.
+        // Cancel keeps the list; reopened, the chooser starts with it.
         e.forms.then<frmChooseFiles>([&](frmChooseFiles& c) {
             QCOMPARE(c.lstHTMLFiles.items(), QStringList{p[3]});
             QVERIFY(c.lstHTMLFiles.Selected(0) && c.cmdDelete2.Enabled());

@@ -1,8 +1,8 @@
 // Every registered dialog, built by its real view, for people who drive the desktop by
-// keyboard, screen reader or voice: every control has a name, a spinner is one stop, text set
-// as an assistive tool sets it runs Change, options exclude each other and run Click once
-// however chosen, and a label's mnemonic reaches its field. A new dialog is covered by
-// registering its view.
+// keyboard, screen reader or voice: every control has a name, a spinner is one stop beside its
+// arrows, text set as an assistive tool sets it runs Change, options exclude each other and run
+// Click once however chosen, a list's choices reach its control, and a label's mnemonic
+// reaches its field. A new dialog is covered by registering its view.
 #include "gadgets/form.h"
 #include "program_fixture.h"
 #include "ui/kit/form_host.h"
@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QRadioButton>
 #include <QStackedWidget>
 #include <QTabWidget>
@@ -48,9 +49,8 @@ bool onScreen(QWidget* widget, QWidget* dialog) {
     return widget->window() == dialog;
 }
 
-QString nameOf(QObject* object) {
-    QAccessibleInterface* access = QAccessible::queryAccessibleInterface(object);
-    return access ? access->text(QAccessible::Name).trimmed() : QString();
+QAccessibleInterface* access(QObject* object) {
+    return QAccessible::queryAccessibleInterface(object);
 }
 
 // The controls a person reaches: buttons, fields, combos and lists.
@@ -80,13 +80,11 @@ struct Counted {
     ~Counted() { handler = old; }
 };
 
-QString fail(const Form& form, QWidget* widget, const char* what) {
-    return QStringLiteral("%1.%2: %3")
-        .arg(form.formName(), widget->objectName(), QString::fromLatin1(what));
+QString fail(const Form& form, const QString& what, const char* fault) {
+    return QStringLiteral("%1.%2: %3").arg(form.formName(), what, QString::fromLatin1(fault));
 }
-
-void setAsAssistiveTool(QWidget* edit, const QString& text) {
-    QAccessible::queryAccessibleInterface(edit)->setText(QAccessible::Value, text);
+QString fail(const Form& form, QWidget* widget, const char* fault) {
+    return fail(form, widget->objectName(), fault);
 }
 
 QString otherThan(const QString& text) {
@@ -102,7 +100,7 @@ class EveryDialogTest : public QObject {
 
     template <typename Check> void forEveryDialog(Check check) {
         const auto& views = p.bench->forms().views();
-        QVERIFY(views.size() >= 14);
+        QCOMPARE(views.size(), size_t(14));
         for (const auto& [type, view] : views) {
             QVERIFY2(view.sample, type.name());
             Shown shown = show(p, view);
@@ -115,14 +113,40 @@ class EveryDialogTest : public QObject {
     void initTestCase() { p.start(); }
     void init() { faults.clear(); }
 
+    // A combo's list and text are its parts, each found again at its own index.
     void everyControlHasAName() {
         forEveryDialog([this](Form& form, FormDialog& dialog) {
-            for (QWidget* w : controls(dialog))
-                if (nameOf(w).isEmpty()) faults << fail(form, w, "no name");
+            for (QWidget* w : controls(dialog)) {
+                if (access(w)->text(QAccessible::Name).trimmed().isEmpty())
+                    faults << fail(form, w, "no name");
+                if (!qobject_cast<QComboBox*>(w)) continue;
+                for (int i = 0; i < access(w)->childCount(); ++i)
+                    if (access(w)->indexOfChild(access(w)->child(i)) != i)
+                        faults << fail(form, w, "a part not found at its index");
+            }
         });
     }
 
-    void aSpinnerIsOneStopAndItsKeysStepIt() {
+    // A control the logic turns off or hides is off or hidden on screen, and back again.
+    void everyControlShowsItsState() {
+        forEveryDialog([this](Form& form, FormDialog& dialog) {
+            for (Control* control : form.controls()) {
+                QWidget* widget = dialog.findChild<QWidget*>(control->name());
+                if (!widget || !onScreen(widget, &dialog)) continue;
+                const bool enabled = control->Enabled();
+                control->setEnabled(!enabled);
+                control->setVisible(false);
+                if (widget->isEnabled() == enabled || !widget->isHidden())
+                    faults << fail(form, widget, "state not shown");
+                control->setEnabled(enabled);
+                control->setVisible(true);
+                if (widget->isEnabled() != enabled || widget->isHidden())
+                    faults << fail(form, widget, "state not shown again");
+            }
+        });
+    }
+
+    void aSpinnerIsOneStopBesideItsArrowsAndItsKeysStepIt() {
         forEveryDialog([this](Form& form, FormDialog& dialog) {
             for (auto* arrow : dialog.findChildren<QToolButton*>()) {
                 if (arrow->arrowType() == Qt::NoArrow || !onScreen(arrow, &dialog)) continue;
@@ -130,9 +154,20 @@ class EveryDialogTest : public QObject {
             }
             for (Control* control : form.controls()) {
                 auto* spinner = dynamic_cast<UpDown*>(control);
-                if (!spinner || !spinner->Enabled() || !spinner->buddy->Enabled()) continue;
+                if (!spinner) continue;
                 auto* box = dialog.findChild<QLineEdit*>(spinner->buddy->name());
-                if (!box) continue;
+                if (!box) {
+                    faults << fail(form, spinner->name(), "no box");
+                    continue;
+                }
+                // Up above Down, both right of the box (on the page in front).
+                QRect up, down;
+                for (auto* arrow : box->parentWidget()->findChildren<QToolButton*>())
+                    (arrow->arrowType() == Qt::UpArrow ? up : down) = arrow->geometry();
+                if (box->isVisible() && (up.isEmpty() || up.left() < box->geometry().right() ||
+                                         up.left() != down.left() || up.bottom() >= down.top()))
+                    faults << fail(form, box, "arrows out of place");
+                if (!spinner->Enabled() || !spinner->buddy->Enabled()) continue;
                 spinner->buddy->setText(QString::number(spinner->Min));
                 QTest::keyClick(box, Qt::Key_Up);
                 if (spinner->buddy->Text() != QString::number(spinner->Min + spinner->Increment))
@@ -150,19 +185,17 @@ class EveryDialogTest : public QObject {
                 if (!edit->isEnabled() || edit->isReadOnly()) continue;
                 auto* combo = qobject_cast<QComboBox*>(edit->parent());
                 const QString name = combo ? combo->objectName() : edit->objectName();
-                const QString text = otherThan(edit->text());
-                if (auto* box = form.find<TextBox>(name)) {
-                    Counted change(box->Change);
-                    setAsAssistiveTool(edit, text);
-                    if (change.runs != 1 || box->Text() != edit->text())
-                        faults << fail(form, edit, "Change missed");
-                } else if (auto* list = form.find<ComboBox>(name)) {
-                    Counted change(list->Change);
-                    setAsAssistiveTool(edit, text);
-                    QApplication::processEvents();
-                    if (change.runs != 1 || list->Text() != edit->text())
-                        faults << fail(form, edit, "Change missed");
+                auto* box = form.find<TextBox>(name);
+                auto* list = form.find<ComboBox>(name);
+                if (!box && !list) {
+                    faults << fail(form, edit, "bound to no control");
+                    continue;
                 }
+                Counted change(box ? box->Change : list->Change);
+                access(edit)->setText(QAccessible::Value, otherThan(edit->text()));
+                QApplication::processEvents();
+                if (change.runs != 1 || (box ? box->Text() : list->Text()) != edit->text())
+                    faults << fail(form, edit, "Change missed");
             }
         });
     }
@@ -172,17 +205,15 @@ class EveryDialogTest : public QObject {
             for (auto* radio : dialog.findChildren<QRadioButton*>()) {
                 auto* option = form.find<OptionButton>(radio->objectName());
                 if (!option) continue;
-                if (QAccessible::queryAccessibleInterface(radio)->role() !=
-                    QAccessible::RadioButton)
+                if (access(radio)->role() != QAccessible::RadioButton)
                     faults << fail(form, radio, "not read as a radio button");
                 if (!radio->group() || !radio->group()->exclusive())
                     faults << fail(form, radio, "not exclusive");
                 if (radio->isChecked() || !radio->isEnabled()) continue;
                 // Chosen as an assistive tool does it: its one action.
                 Counted click(option->Click);
-                QAccessibleInterface* access = QAccessible::queryAccessibleInterface(radio);
-                access->actionInterface()->doAction(
-                    access->actionInterface()->actionNames().first());
+                QAccessibleActionInterface* actions = access(radio)->actionInterface();
+                actions->doAction(actions->actionNames().first());
                 if (click.runs != 1 || !option->Value() || !radio->isChecked())
                     faults << fail(form, radio, "not chosen once");
                 for (OptionButton* other : option->groupMembers()) {
@@ -194,6 +225,26 @@ class EveryDialogTest : public QObject {
         });
     }
 
+    // Entries chosen in a list that takes several reach its control, each of them.
+    void aListsChoicesReachItsControl() {
+        int lists = 0;
+        forEveryDialog([&](Form& form, FormDialog& dialog) {
+            for (auto* widget : dialog.findChildren<QListWidget*>()) {
+                auto* list = form.find<ListControl>(widget->objectName());
+                if (!list || !list->MultiSelect) continue;
+                ++lists;
+                list->AddItem(QStringLiteral("a.htm"));
+                list->AddItem(QStringLiteral("b.htm"));
+                const int last = list->ListCount() - 1;
+                widget->item(last - 1)->setSelected(true);
+                widget->item(last)->setSelected(true);
+                if (!list->Selected(last - 1) || !list->Selected(last))
+                    faults << fail(form, widget, "a choice missed");
+            }
+        });
+        QVERIFY(lists >= 2);
+    }
+
     void aLabelsMnemonicReachesItsField() {
         forEveryDialog([this](Form& form, FormDialog& dialog) {
             auto* tabs = dialog.findChild<QTabWidget*>();
@@ -201,17 +252,17 @@ class EveryDialogTest : public QObject {
                 if (tabs) tabs->setCurrentIndex(page);
                 for (auto* label : dialog.findChildren<QLabel*>()) {
                     QWidget* buddy = label->buddy();
-                    const qsizetype amp = label->text().indexOf(QLatin1Char('&'));
-                    const bool link = label->textFormat() == Qt::RichText ||
-                                      label->text().startsWith(QLatin1Char('<'));
+                    const QString text = label->text();
+                    const qsizetype amp = text.indexOf(QLatin1Char('&'));
+                    const bool link =
+                        label->textFormat() == Qt::RichText || text.startsWith(QLatin1Char('<'));
                     if (!buddy && amp >= 0 && !link &&
-                        label->text().count(QLatin1Char('&')) !=
-                            2 * label->text().count(QStringLiteral("&&")))
+                        text.count(QLatin1Char('&')) != 2 * text.count(QStringLiteral("&&")))
                         faults << fail(form, label, "mnemonic with no field");
                     if (!buddy || !label->isVisible() || !buddy->isEnabled() || amp < 0 ||
-                        amp + 1 >= label->text().size())
+                        amp + 1 >= text.size())
                         continue;
-                    const QChar letter = label->text().at(amp + 1).toLower();
+                    const QChar letter = text.at(amp + 1).toLower();
                     dialog.setFocus();
                     // A letter that several captions share reaches each in turn.
                     bool reached = false;

@@ -1,15 +1,20 @@
 // The form kit and the form host, once, against a small dialog: its view as a description,
-// every field named by its label, the title following Caption, Escape pressing Cancel, a
-// modeless form owned by the host beside the main window, and a form with no view.
+// every field named by its label, typed and pasted text through the box's key filter, the title
+// following Caption, Escape pressing Cancel, a modeless form owned by the host beside the main
+// window, and a form with no view. Then the real dialogs whose work shows beyond their fields:
+// Find & Replace beside the documents, Preferences on the Source pane, links, a nested question.
 #include "frm_tiny.h"
-#include "program_fixture.h"
-#include "ui/kit/form_host.h"
+#include "search/find_replace.h"
 #include "ui/kit/form_kit.h"
+#include "ui_helpers.h"
+#include <QAbstractItemView>
 #include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -24,6 +29,20 @@ void buildTinyView(frmTiny& f, FormDialog& dialog, DialogContext& shell) {
                                     Field(f.lblFile, Picked(f.txtFile, f.cmdFile))}),
                   Buttons({&f.OK, &f.Cancel})}));
 }
+
+template <typename W> W* child(QWidget* parent, const char* name) {
+    return UiProgram::child<W>(*parent, name);
+}
+
+// Chooses an entry as a person does: the list dropped down, the entry picked by its keys.
+void choose(QComboBox* combo, const QString& item) {
+    combo->showPopup();
+    QAbstractItemView* list = combo->view();
+    QTRY_VERIFY(list->isVisible());
+    list->setCurrentIndex(list->model()->index(combo->findText(item), 0));
+    QTest::keyClick(list, Qt::Key_Return);
+    QTRY_VERIFY(!list->isVisible());
+}
 } // namespace
 
 class FormKitTest : public QObject {
@@ -31,7 +50,7 @@ class FormKitTest : public QObject {
 
   private slots:
     void aModelessDialogBuiltByTheKit() {
-        ProgramFixture p;
+        UiProgram p;
         p.start();
         p.bench->forms().registerView(buildTinyView);
         auto owned = std::make_unique<frmTiny>(p.shell());
@@ -43,36 +62,149 @@ class FormKitTest : public QObject {
         QCOMPARE(d->windowTitle(), QStringLiteral("Insert Tiny"));
         form->setCaption(QStringLiteral("Tiny"));
         QCOMPARE(d->windowTitle(), QStringLiteral("Tiny"));
-
-        // Every field is named by its label.
-        for (QLineEdit* edit : d->findChildren<QLineEdit*>()) {
-            QAccessibleInterface* access = QAccessible::queryAccessibleInterface(edit);
-            QVERIFY2(access && !access->text(QAccessible::Name).isEmpty(),
+        for (QLineEdit* edit : d->findChildren<QLineEdit*>())
+            QVERIFY2(!QAccessible::queryAccessibleInterface(edit)->text(QAccessible::Name).isEmpty(),
                      qPrintable(edit->objectName()));
-        }
-        QCOMPARE(
-            QAccessible::queryAccessibleInterface(ProgramFixture::child<QLineEdit>(*d, "txtSize"))
-                ->text(QAccessible::Name),
-            QStringLiteral("Size:"));
-        QVERIFY(ProgramFixture::child<QPushButton>(*d, "OK")->isDefault());
-        QVERIFY(!ProgramFixture::child<QPushButton>(*d, "cmdFile")->autoDefault());
+        auto* size = child<QLineEdit>(d, "txtSize");
+        QCOMPARE(QAccessible::queryAccessibleInterface(size)->text(QAccessible::Name),
+                 QStringLiteral("Size:"));
+        QVERIFY(child<QPushButton>(d, "OK")->isDefault());
+        QVERIFY(!child<QPushButton>(d, "cmdFile")->autoDefault());
 
-        ProgramFixture::child<QWidget>(*d, "udSizeUp")->setFocus();
-        qobject_cast<QAbstractButton*>(ProgramFixture::child<QWidget>(*d, "udSizeUp"))->click();
-        QCOMPARE(form->txtSize.Text(), QStringLiteral("2"));
-        QTest::keyClick(d, Qt::Key_Escape); // presses Cancel, which unloads the form
+        // A key the filter refuses leaves text and caret; the filter sees it once.
+        int filtered = 0;
+        form->txtSize.KeyPress = [&](int& key) {
+            ++filtered;
+            numericKeyFilter(key);
+        };
+        size->setText(QStringLiteral("12"));
+        size->setCursorPosition(1);
+        QTest::keyClick(size, Qt::Key_X);
+        QCOMPARE(size->text(), QStringLiteral("12"));
+        QCOMPARE(size->cursorPosition(), 1);
+        QCOMPARE(filtered, 1);
+        // Text that arrives whole passes the filter a character at a time; the box shows what
+        // stayed.
+        size->insert(QStringLiteral("3y"));
+        QCOMPARE(form->txtSize.Text(), QStringLiteral("132"));
+        QCOMPARE(size->text(), QStringLiteral("132"));
+
+        child<QToolButton>(d, "udSizeUp")->click();
+        QCOMPARE(form->txtSize.Text(), QStringLiteral("9")); // the top of its range
+        QTest::keyClick(d, Qt::Key_Escape);                  // Cancel, which unloads the form
         QTRY_VERIFY(d.isNull());
         QVERIFY(form.isNull());
     }
 
     void aFormWithNoViewSaysSo() {
-        ProgramFixture p;
+        UiProgram p;
         p.start();
         Form form(QStringLiteral("frmNothing"));
         p.shell().forms().showModal(form);
         QVERIFY(!form.isLoaded());
         QCOMPARE(p.platform.messages.size(), 1);
         QCOMPARE(p.platform.messages.first().text, Platform::notAvailableText());
+    }
+
+    void findAndReplaceWorksOnTheDocumentInFront() {
+        UiProgram p;
+        p.start();
+        p.pane().setText(QStringLiteral("one two one two one"));
+        p.pane().setSelStart(0);
+        p.trigger(QStringLiteral("mnuEditFind"));
+        QPointer<FormDialog> d = p.window().findChild<FormDialog*>(QStringLiteral("frmFind"));
+        QVERIFY(d && d->isVisible() && !d->isModal());
+        QCOMPARE(d->parentWidget(), &p.window());
+        const auto press = [&](const char* button) {
+            QTest::mouseClick(child<QPushButton>(d, button), Qt::LeftButton);
+        };
+        auto* what = child<QLineEdit>(d, "txtFind");
+        QVERIFY(!child<QPushButton>(d, "cmdFind")->isEnabled());
+        QTest::keyClicks(what, QStringLiteral("one"));
+        press("cmdFind");
+        QCOMPARE(p.pane().SelStart(), 0);
+        QCOMPARE(p.pane().SelText(), QStringLiteral("one"));
+        QTest::keyClicks(child<QLineEdit>(d, "txtReplace"), QStringLiteral("1"));
+        press("cmdReplace");
+        QCOMPARE(p.pane().Text(), QStringLiteral("1 two one two one"));
+        QCOMPARE(p.pane().SelStart(), 6);
+        press("Command1");
+        QCOMPARE(p.pane().Text(), QStringLiteral("1 two 1 two 1"));
+        QCOMPARE(p.platform.messageTexts().last(),
+                 QStringLiteral("Tessaline has finished searching the document and replaced 2 "
+                                "items."));
+
+        // A new document in front: the window stays and works on it.
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        QCOMPARE(p.window().findChild<FormDialog*>(QStringLiteral("frmFind")), d.data());
+        retype(what, QStringLiteral("body"));
+        press("cmdFind");
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
+        QCOMPARE(p.pane().SelText(), QStringLiteral("body"));
+        press("cmdCancel");
+        QTRY_VERIFY(d.isNull());
+        QCOMPARE(p.shell().part<SearchSession>().Search.FindText, QStringLiteral("body"));
+        QVERIFY(!p.shell().bFindOpen);
+
+        // Closing a document closes the window.
+        p.trigger(QStringLiteral("mnuEditFind"));
+        d = p.window().findChild<FormDialog*>(QStringLiteral("frmFind"));
+        QVERIFY(d);
+        p.trigger(QStringLiteral("mnuFileClose"));
+        QTRY_VERIFY(d.isNull());
+    }
+
+    void preferencesApplyToTheSourcePane() {
+        UiProgram p;
+        p.start();
+        QVERIFY(p.fromMenu("mnuEditPrefs", [](FormDialog& d) {
+            retype(child<QLineEdit>(&d, "Size"), QStringLiteral("15"));
+            child<QCheckBox>(&d, "chkWordWrap")->click();
+            child<QPushButton>(&d, "OK")->click();
+            QVERIFY(!d.isVisible());
+        }));
+        QCOMPARE(p.settings.get(keys::Fuzzies, keys::FontSize), QStringLiteral("15"));
+        QCOMPARE(p.box()->font().pointSizeF(), 15.0);
+        QVERIFY(p.box()->wraps());
+    }
+
+    void aboutOpensItsLinksThroughTheShell() {
+        UiProgram p;
+        p.start();
+        QVERIFY(p.fromMenu("mnuHelpAbout", [](FormDialog& d) {
+            emit child<QLabel>(&d, "Label")->linkActivated(QStringLiteral("#"));
+            emit child<QLabel>(&d, "Labels")->linkActivated(QStringLiteral("#"));
+            child<QPushButton>(&d, "OK")->click();
+        }));
+        QCOMPARE(p.platform.shellOpened.size(), 2);
+        QVERIFY(p.platform.shellOpened.at(0).startsWith(QStringLiteral("mailto:")));
+        QVERIFY(p.platform.shellOpened.at(1).startsWith(QStringLiteral("https://")));
+    }
+
+    // "A" chosen from the style dialog's tag list asks at once which state of a link it means;
+    // "All", chosen there as an assistive tool chooses, writes the plain selector.
+    void aChoiceFromAListCanAskAQuestionAtOnce() {
+        UiProgram p;
+        p.start();
+        p.pane().setText(QStringLiteral("<html><head></head><body></body></html>"));
+        QVERIFY(p.fromMenu("mnuInsertCSS", [&](FormDialog& d) {
+            QString asked;
+            QVERIFY(p.withDialog(
+                [&] { choose(child<QComboBox>(&d, "TagName"), QStringLiteral("A")); },
+                [&](FormDialog& question) {
+                    asked = question.windowTitle();
+                    auto* all = QAccessible::queryAccessibleInterface(
+                        child<QRadioButton>(&question, "AllOpt"));
+                    all->actionInterface()->doAction(all->actionInterface()->actionNames().first());
+                    QTest::keyClick(&question, Qt::Key_Return);
+                },
+                &d));
+            QCOMPARE(asked, QStringLiteral("Which form of Hyperlink?"));
+            choose(child<QComboBox>(&d, "BoldCmb"), QStringLiteral("Bold"));
+            child<QPushButton>(&d, "cmdOK")->click();
+        }));
+        QVERIFY2(p.pane().Text().contains(QStringLiteral("\n  A {\n    font-weight: Bold;")),
+                 qPrintable(p.pane().Text()));
     }
 };
 

@@ -1,18 +1,15 @@
-// The three views on the real engine: an edit in Layout reaches the Source text at once, and
-// Preview shows the page beside its document, relative image and all.
-#include "program_fixture.h"
-#include "shell/settings_store.h"
-#include "shell/shell_mdi.h"
-#include "test_shell.h"
+// The three views on the real engine: an edit in Layout reaches the Source text at once, the
+// element dialogs and the table commands work on the page, Preview shows the page beside its
+// document, relative image and all, and neither view leaves the user's page by itself.
 #include "ui/layout/layout_surface.h"
-#include "ui/window/main_window.h"
-#include "ui/window/workbench.h"
+#include "ui_helpers.h"
 #include <QApplication>
 #include <QBuffer>
 #include <QImage>
+#include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -36,12 +33,38 @@ QVariant evaluate(EnginePage* page, const QString& script) {
     return answer->second;
 }
 
-// The program with a page opened through the file dialog, as a user opens it.
-struct PageProgram : ProgramFixture {
-    void open(const QString& path) {
+// Selects characters `from` to `to` of the text of the first element matching `selector`.
+QString select(EnginePage* page, const char* selector, int from, int to) {
+    return evaluate(page, QStringLiteral("const t = document.querySelector('%1').firstChild;"
+                                         "const r = document.createRange(); r.setStart(t, %2);"
+                                         "r.setEnd(t, %3); getSelection().removeAllRanges();"
+                                         "getSelection().addRange(r); getSelection().toString()")
+                              .arg(QLatin1String(selector))
+                              .arg(from)
+                              .arg(to))
+        .toString();
+}
+
+struct PageProgram : UiProgram {
+    // The program with a page opened through the file dialog, as a user opens it.
+    codeEditor& open(const QString& path) {
         start();
         platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
         shell().dispatch([&] { shell().mnuFileOpen_Click(); });
+        return active();
+    }
+    void view(int tab) {
+        shell().dispatch([&] { active().tabEditor.SelectTab(tab); });
+    }
+    QtLayoutSurface& layout() { return dynamic_cast<QtLayoutSurface&>(active().DHTMLEdit1()); }
+    // Layout view in front with the page loaded.
+    bool inLayout() {
+        view(2);
+        return QTest::qWaitFor([&] { return layout().isReady(); }, 30000);
+    }
+    QtBrowserSurface& browser() { return dynamic_cast<QtBrowserSurface&>(active().WebBrowser1()); }
+    void save() {
+        shell().dispatch([&] { shell().mnuFileSave_Click(); });
     }
 };
 
@@ -50,14 +73,9 @@ const QByteArray kPage = "<html><head><title>t</title></head><body>\n<p>Hello wo
 
 // A page far beyond what the engine takes inline, ending in a paragraph that says so.
 QByteArray largePage(const QString& line, int lines) {
-    QString text = QStringLiteral("<html><body>\n");
-    for (int i = 0; i < lines; ++i)
-        text += line;
-    return (text + QStringLiteral("<p id=\"end\">the end</p>\n</body></html>")).toUtf8();
-}
-
-QtLayoutSurface& surfaceOf(codeEditor& doc) {
-    return dynamic_cast<QtLayoutSurface&>(doc.DHTMLEdit1());
+    return (QStringLiteral("<html><body>\n") + line.repeated(lines) +
+            QStringLiteral("<p id=\"end\">the end</p>\n</body></html>"))
+        .toUtf8();
 }
 } // namespace
 
@@ -65,65 +83,104 @@ class ViewsTest : public QObject {
     Q_OBJECT
 
   private slots:
+    // Twice, for the page is loaded afresh after each return to Source.
     void anEditInLayoutReachesSourceWhenSwitchingStraightBack() {
         QTemporaryDir dir;
-        const QString path = writeFile(dir, QStringLiteral("page.htm"), kPage);
-        PageProgram bench;
-        bench.open(path);
-        codeEditor& doc = *bench.shell().ActiveForm();
-        auto& layout = dynamic_cast<QtLayoutSurface&>(doc.DHTMLEdit1());
-
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(2); });
-        QVERIFY(bench.shell().bLayoutActive);
-        QTRY_VERIFY_WITH_TIMEOUT(layout.isReady(), 30000);
-        QVERIFY(!layout.IsDirty());
-        // Select "world" in the page, then bold it as the toolbar would.
-        const QVariant selected = evaluate(
-            layout.page(),
-            QStringLiteral("const t = document.querySelector('p').firstChild;"
-                           "const r = document.createRange(); r.setStart(t, 6); r.setEnd(t, 11);"
-                           "getSelection().removeAllRanges(); getSelection().addRange(r);"
-                           "getSelection().toString()"));
-        QCOMPARE(selected.toString(), QStringLiteral("world"));
-        bench.shell().dispatch([&] { bench.shell().tbrTags.press(4); });
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(1); });
-
-        const QString text = doc.codebox().Text();
+        PageProgram p;
+        codeEditor& doc = p.open(writeFile(
+            dir, QStringLiteral("page.htm"),
+            "<html><head><title>t</title></head><body>\n<p>Hello world</p>\n<table><tr><td>"
+            "cell</td></tr></table>\n<img src=\"pic.png\">\n\n</body></html>"));
+        QVERIFY(p.inLayout());
+        QVERIFY(p.shell().bLayoutActive);
+        QVERIFY(!p.layout().IsDirty());
+        QCOMPARE(select(p.layout().page(), "p", 6, 11), QStringLiteral("world"));
+        p.shell().dispatch([&] { p.shell().tbrTags.press(4); }); // Bold
+        p.view(1);
+        QString text = doc.codebox().Text();
         QVERIFY2(text.contains(QStringLiteral("Hello <b>world</b>")), qPrintable(text));
         QVERIFY2(text.contains(QStringLiteral("<img src=\"pic.png\"></body>")), qPrintable(text));
-        QVERIFY(!bench.shell().bLayoutActive);
+        QVERIFY(!p.shell().bLayoutActive);
         // The caret stands just inside the body.
         QCOMPARE(doc.codebox().SelStart(), text.indexOf(QStringLiteral("<body>")) + 6);
         QCOMPARE(doc.nDoneIndex, 1);
+
+        // A row inserted above the one the caret is in.
+        QVERIFY(p.inLayout());
+        QCOMPARE(select(p.layout().page(), "td", 1, 2), QStringLiteral("e"));
+        QTRY_VERIFY(doc.tbrTable.ButtonEnabled(2));
+        p.shell().dispatch([&] { doc.tbrTable.press(2); });
+        p.view(1);
+        text = doc.codebox().Text();
+        QVERIFY2(text.contains(QStringLiteral("Hello <b>world</b>")), qPrintable(text));
+        QVERIFY2(text.contains(QRegularExpression(
+                     QStringLiteral("<tr><td>&nbsp;</td></tr>\\s*<tr><td>cell</td></tr>"))),
+                 qPrintable(text));
+    }
+
+    // Page Properties, Insert Hyperlink and Insert Image on the Layout surface of a real page.
+    void theDialogsInLayout() {
+        QTemporaryDir dir;
+        PageProgram p;
+        codeEditor& doc = p.open(writeFile(
+            dir, QStringLiteral("page.htm"),
+            "<html><head><title>t</title></head><body bgcolor=\"#ffffff\" link=\"#0000ff\">\n"
+            "<p style=\"font-family: 'Liberation Serif', serif\">Hello world</p>\n</body></html>"));
+        QVERIFY(p.inLayout());
+        QVERIFY(p.fromMenu("mnuEditProperties", [&](FormDialog& d) {
+            // The document's own colours, in capitals.
+            QCOMPARE(UiProgram::child<QLineEdit>(d, "Back")->text(), QStringLiteral("#FFFFFF"));
+            QCOMPARE(UiProgram::child<QLineEdit>(d, "LinkBox")->text(), QStringLiteral("#0000FF"));
+            retype(UiProgram::child<QLineEdit>(d, "Back"), QStringLiteral("#00ff00"));
+            QTest::mouseClick(UiProgram::child<QPushButton>(d, "OK"), Qt::LeftButton);
+        }));
+        QTRY_COMPARE(p.layout().documentColour(QStringLiteral("bgColor")),
+                     QStringLiteral("#00ff00"));
+
+        // "world" linked: only its plain text goes into the link.
+        QCOMPARE(select(p.layout().page(), "p", 6, 11), QStringLiteral("world"));
+        QTRY_COMPARE(p.layout().selectionText(), QStringLiteral("world"));
+        // The font list names the selection's font plainly, not as a quoted family list.
+        QTRY_COMPARE(doc.cmbFonts.Text(), QStringLiteral("Liberation Serif"));
+        QVERIFY(p.fromMenu("mnuInsertHyperlink", [&](FormDialog& d) {
+            retype(UiProgram::child<QLineEdit>(d, "URLBox"), QStringLiteral("a.htm"));
+            QTest::mouseClick(UiProgram::child<QPushButton>(d, "OK"), Qt::LeftButton);
+        }));
+        QVERIFY(p.fromMenu("mnuInsertImage", [&](FormDialog& d) {
+            retype(UiProgram::child<QLineEdit>(d, "FileName"), QStringLiteral("pic.png"));
+            QTest::mouseClick(UiProgram::child<QPushButton>(d, "OK"), Qt::LeftButton);
+        }));
+        p.view(1);
+        const QString text = doc.codebox().Text();
+        QVERIFY2(text.contains(QStringLiteral("bgcolor=\"#00ff00\"")), qPrintable(text));
+        QVERIFY2(text.contains(QStringLiteral("<a href=\"a.htm\">world</a>")), qPrintable(text));
+        QVERIFY2(text.contains(QStringLiteral("<img src=\"pic.png\">")), qPrintable(text));
     }
 
     void previewShowsThePageBesideItsDocument() {
         QTemporaryDir dir;
         const QString path = writeFile(dir, QStringLiteral("page.htm"), kPage);
         writeFile(dir, QStringLiteral("pic.png"), pngBytes());
-        PageProgram bench;
-        bench.open(path);
-        codeEditor& doc = *bench.shell().ActiveForm();
-        auto& browser = dynamic_cast<QtBrowserSurface&>(doc.WebBrowser1());
-        QSignalSpy loaded(&browser, &QtBrowserSurface::loadFinished);
-
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(3); });
+        PageProgram p;
+        codeEditor& doc = p.open(path);
+        QSignalSpy loaded(&p.browser(), &QtBrowserSurface::loadFinished);
+        p.view(3);
         const QString preview = dir.filePath(QStringLiteral("~tssln.htm"));
         QCOMPARE(readFile(preview), kPage);
         QTRY_VERIFY_WITH_TIMEOUT(loaded.count() > 0, 30000);
         QVERIFY(loaded.first().first().toBool());
-        QCOMPARE(browser.page()->url(), QUrl::fromLocalFile(preview));
+        QCOMPARE(p.browser().page()->url(), QUrl::fromLocalFile(preview));
         QTRY_COMPARE_WITH_TIMEOUT(
-            evaluate(browser.page(), QStringLiteral("document.images[0].naturalWidth")).toInt(), 8,
-            10000);
+            evaluate(p.browser().page(), QStringLiteral("document.images[0].naturalWidth")).toInt(),
+            8, 10000);
         // Only print and preview remain among the document commands; Save stays for the file.
-        QVERIFY(!bench.shell().menu(QStringLiteral("mnuTagsBold")).Enabled());
-        QVERIFY(bench.shell().menu(QStringLiteral("mnuFilePrint")).Enabled());
-
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(1); });
+        QVERIFY(!p.shell().menu(QStringLiteral("mnuTagsBold")).Enabled());
+        QVERIFY(p.shell().menu(QStringLiteral("mnuFilePrint")).Enabled());
+        p.view(1);
         QVERIFY(!QFile::exists(preview));
         QCOMPARE(doc.codebox().FileName(), path);
     }
+
     void aLargePageShowsInLayoutAndSavesWhole_data() {
         QTest::addColumn<QString>("line");
         QTest::addColumn<int>("lines");
@@ -141,24 +198,21 @@ class ViewsTest : public QObject {
         QFETCH(bool, fromCommandLine);
         QTemporaryDir dir;
         const QString path = writeFile(dir, QStringLiteral("big.htm"), largePage(line, lines));
-        PageProgram bench;
+        PageProgram p;
         if (fromCommandLine)
-            bench.start(path);
+            p.start(path);
         else
-            bench.open(path);
-        codeEditor& doc = *bench.shell().ActiveForm();
-        QCOMPARE(doc.codebox().FileName(), path);
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(2); });
-        QTRY_VERIFY_WITH_TIMEOUT(surfaceOf(doc).isReady(), 30000);
-        QCOMPARE(evaluate(surfaceOf(doc).page(), QStringLiteral("document.getElementById('end')"
-                                                                ".textContent"))
+            p.open(path);
+        QCOMPARE(p.active().codebox().FileName(), path);
+        QVERIFY(p.inLayout());
+        QCOMPARE(evaluate(p.layout().page(), QStringLiteral("document.getElementById('end')"
+                                                            ".textContent"))
                      .toString(),
                  QStringLiteral("the end"));
-
-        bench.shell().dispatch([&] { bench.shell().mnuFileSave_Click(); });
+        p.save();
         const QString saved = QString::fromUtf8(readFile(path));
         QVERIFY2(saved.contains(QStringLiteral("the end</p>")), qPrintable(saved.left(200)));
-        QVERIFY(saved.count(line.trimmed()) == lines);
+        QCOMPARE(saved.count(line.trimmed()), lines);
     }
 
     void aPageTheSurfaceCouldNotLoadIsNeverSavedInPlaceOfTheText() {
@@ -166,21 +220,20 @@ class ViewsTest : public QObject {
         QTemporaryDir dir;
         const QByteArray oldTemp = qgetenv("TMPDIR");
         qputenv("TMPDIR", writeFile(dir, QStringLiteral("not a folder"), "x").toLocal8Bit());
-        PageProgram bench;
-        bench.start();
-        codeEditor& doc = *bench.shell().ActiveForm();
+        PageProgram p;
+        p.start();
         const QString text = QString::fromUtf8(largePage(QStringLiteral("<p>x</p>\n"), 290000));
-        doc.codebox().setText(text);
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(2); });
+        p.pane().setText(text);
+        p.view(2);
         QTest::qWait(1500);
         qputenv("TMPDIR", oldTemp);
-        QVERIFY(!surfaceOf(doc).isReady());
+        QVERIFY(!p.layout().isReady());
         const QString path = dir.filePath(QStringLiteral("saved.htm"));
-        bench.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        bench.shell().dispatch([&] { bench.shell().mnuFileSave_Click(); });
+        p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        p.save();
         QCOMPARE(readFile(path), text.toUtf8());
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(1); });
-        QCOMPARE(doc.codebox().Text(), text);
+        p.view(1);
+        QCOMPARE(p.pane().Text(), text);
     }
 
     void theLayoutSurfaceNeverLeavesTheUsersPage_data() {
@@ -201,24 +254,20 @@ class ViewsTest : public QObject {
         const QString other = writeFile(dir, QStringLiteral("other.htm"),
                                         "<html><body><p>somebody else's page</p></body></html>");
         const QByteArray otherUrl = QUrl::fromLocalFile(other).toEncoded();
-        const QByteArray page = "<html><head>" + head.replace("OTHER", otherUrl) +
-                                "</head><body><p>mine</p><a id=\"a\" href=\"" + otherUrl +
-                                "\">go</a><form action=\"" + otherUrl +
-                                "\"><input name=\"q\"></form></body></html>";
-        const QString path = writeFile(dir, QStringLiteral("page.htm"), page);
-        PageProgram bench;
-        bench.open(path);
-        codeEditor& doc = *bench.shell().ActiveForm();
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(2); });
-        QTRY_VERIFY_WITH_TIMEOUT(surfaceOf(doc).isReady(), 30000);
+        const QString path = writeFile(dir, QStringLiteral("page.htm"),
+                                       "<html><head>" + head.replace("OTHER", otherUrl) +
+                                           "</head><body><p>mine</p><a id=\"a\" href=\"" +
+                                           otherUrl + "\">go</a><form action=\"" + otherUrl +
+                                           "\"><input name=\"q\"></form></body></html>");
+        PageProgram p;
+        p.open(path);
+        QVERIFY(p.inLayout());
         if (!script.isEmpty())
-            evaluate(surfaceOf(doc).page(), script.replace(QStringLiteral("OTHER"), other));
+            evaluate(p.layout().page(), script.replace(QStringLiteral("OTHER"), other));
         QTest::qWait(1500);
-        QVERIFY(!doc.DHTMLEdit1().DocumentHTML().contains(QStringLiteral("somebody else")));
-
-        bench.shell().dispatch([&] { bench.shell().mnuFileSave_Click(); });
-        const QByteArray saved = readFile(path);
-        QVERIFY2(saved.contains("<p>mine</p>"), saved.constData());
+        QVERIFY(!p.layout().DocumentHTML().contains(QStringLiteral("somebody else")));
+        p.save();
+        QVERIFY2(readFile(path).contains("<p>mine</p>"), readFile(path).constData());
     }
 
     void previewFollowsALinkButNotAPageThatMovesByItself() {
@@ -226,24 +275,20 @@ class ViewsTest : public QObject {
         const QString other = writeFile(dir, QStringLiteral("other.htm"),
                                         "<html><body><p>next page</p></body></html>");
         const QByteArray otherUrl = QUrl::fromLocalFile(other).toEncoded();
-        const QString path = writeFile(
+        PageProgram p;
+        codeEditor& doc = p.open(writeFile(
             dir, QStringLiteral("page.htm"),
             "<html><head><meta http-equiv=\"refresh\" content=\"0;url=" + otherUrl +
-                "\"></head><body><a id=\"a\" href=\"" + otherUrl + "\">go</a></body></html>");
-        PageProgram bench;
-        bench.open(path);
-        codeEditor& doc = *bench.shell().ActiveForm();
-        auto& browser = dynamic_cast<QtBrowserSurface&>(doc.WebBrowser1());
-        QSignalSpy loaded(&browser, &QtBrowserSurface::loadFinished);
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(3); });
-        const QUrl preview = QUrl::fromLocalFile(dir.filePath(QStringLiteral("~tssln.htm")));
+                "\"></head><body><a id=\"a\" href=\"" + otherUrl + "\">go</a></body></html>"));
+        QSignalSpy loaded(&p.browser(), &QtBrowserSurface::loadFinished);
+        p.view(3);
         QTRY_VERIFY_WITH_TIMEOUT(loaded.count() > 0, 30000);
         QTest::qWait(1500);
-        QCOMPARE(browser.page()->url(), preview);
-
-        evaluate(browser.page(), QStringLiteral("document.getElementById('a').click()"));
-        QTRY_COMPARE_WITH_TIMEOUT(browser.page()->url(), QUrl::fromLocalFile(other), 10000);
-        bench.shell().dispatch([&] { doc.tabEditor.SelectTab(1); });
+        QCOMPARE(p.browser().page()->url(),
+                 QUrl::fromLocalFile(dir.filePath(QStringLiteral("~tssln.htm"))));
+        evaluate(p.browser().page(), QStringLiteral("document.getElementById('a').click()"));
+        QTRY_COMPARE_WITH_TIMEOUT(p.browser().page()->url(), QUrl::fromLocalFile(other), 10000);
+        p.view(1);
         QVERIFY(doc.codebox().Text().contains(QStringLiteral("id=\"a\"")));
     }
 };
