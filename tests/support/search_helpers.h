@@ -2,8 +2,6 @@
 // Shared by the search, preview, print, runtime and gadgets tests.
 #include <QCoreApplication>
 #include <QTest>
-#include <initializer_list>
-#include <utility>
 
 namespace tsl::test {
 // A data table of struct rows in one column: a row is one line, read in one QFETCH.
@@ -14,7 +12,7 @@ template <typename Row> void rowsOf(std::initializer_list<std::pair<const char*,
 }
 } // namespace tsl::test
 
-// Each test function gets 20 seconds unless the environment says otherwise: a loop that never
+// 20 seconds for each test function unless the environment says otherwise: a loop that never
 // ends fails its test instead of stalling the run.
 #define TSL_TEST_MAIN(TestClass)                                                                   \
     int main(int argc, char** argv) {                                                              \
