@@ -10,6 +10,18 @@ using namespace tsl::test;
 namespace {
 const QString kText = QStringLiteral("hello world");
 
+// Undo and Redo as menu item and toolbar button; the two must always agree.
+bool undoOn(TestShell& ts) {
+    const bool menu = ts->menu(QStringLiteral("mnuEditUndo")).Enabled();
+    if (menu != ts->tbrMain.ButtonEnabled(11)) throw std::runtime_error("Undo button disagrees");
+    return menu;
+}
+bool redoOn(TestShell& ts) {
+    const bool menu = ts->menu(QStringLiteral("mnuEditRedo")).Enabled();
+    if (menu != ts->tbrMain.ButtonEnabled(12)) throw std::runtime_error("Redo button disagrees");
+    return menu;
+}
+
 // The pane (marked), the step, and which of Undo (u), Redo (r) and the caret step (c) are on.
 QString note(Editing& e) {
     return marked(e.doc) + u' ' + QString::number(e.doc.nDoneIndex) + (undoOn(e) ? "u" : "") +
@@ -20,19 +32,27 @@ QString note(Editing& e) {
 // past midnight; "kN@t" releases key N ("kN/S@t" with shift bits S); "click@t" and "rclick@t"
 // release a mouse button; "+text" types without a key; "=text" replaces the text; "del" deletes
 // the selection; "^n" puts the caret at n, "^n+l" selects l from there; "step" adds a step;
-// "skip" makes the next key release pass; "U" and "R" undo and redo; "?" takes a note.
+// "check" adds one unless the text is the one of the step below; "skip" makes the next key
+// release pass; "S" gives slot 1 a selection; "drag" and "dropped" start and end a drag of the
+// selection; "U" and "R" undo and redo, "noU" and "noR" turn their items off; "?" notes.
 QString play(Editing& e, const QString& script) {
     QStringList notes;
     SourcePane& pane = e.doc.codebox();
     for (const QString& token : script.split(u' ', Qt::SkipEmptyParts)) {
         const QString head = token.section(u'@', 0, 0);
-        const double at = token.section(u'@', 1).toDouble();
-        if (token.contains(u'@')) setClock(e, at);
+        const int ms = qRound(token.section(u'@', 1).toDouble() * 1000);
+        if (token.contains(u'@')) e.platform.clock.setTime(QTime::fromMSecsSinceStartOfDay(ms));
         if (token == "?") notes << note(e);
         if (token == "U") e.doc.Undo();
         if (token == "R") e.doc.Redo();
+        if (token == "noU") e->setUndoEnabled(false);
+        if (token == "noR") e->setRedoEnabled(false);
         if (token == "step") e.doc.AddStep();
+        if (token == "check") e.doc.CheckToAddStep();
         if (token == "skip") e.doc.bSkipKeyUp = true;
+        if (token == "S") e.doc.Steps[1].SelLen = 3;
+        if (token == "drag") e.doc.codebox_OLEStartDrag();
+        if (token == "dropped") e.doc.codebox_OLECompleteDrag();
         if (token == "del") pane.setSelText(QString());
         if (head.startsWith(u'^'))
             select(e.doc, head.mid(1).section(u'+', 0, 0).toInt(), head.section(u'+', 1).toInt());
@@ -40,18 +60,20 @@ QString play(Editing& e, const QString& script) {
         if (head.startsWith(u'=')) pane.setText(head.mid(1));
         if (head == "click") e.doc.codebox_MouseUp(keys::vbLeftButton, 0);
         if (head == "rclick") e.doc.codebox_MouseUp(keys::vbRightButton, 0);
-        if (head.startsWith(u'k') && head.size() > 1 && head != "k")
-            release(e, e.doc, head.mid(1).section(u'/', 0, 0).toInt(), at,
-                    head.section(u'/', 1).toInt());
-        if (head.size() == 1 && token.contains(u'@')) typeLetter(e, e.doc, head.at(0), at);
+        if (head.size() == 1 && token.contains(u'@')) pane.setSelText(head);
+        if (head.size() == 1 && token.contains(u'@'))
+            e.doc.codebox_KeyUp(head[0].toUpper().unicode(), 0);
+        if (head.startsWith(u'k') && head.size() > 1)
+            e.doc.codebox_KeyUp(head.mid(1).section(u'/', 0, 0).toInt(),
+                                head.section(u'/', 1).toInt());
     }
     return notes.join(QStringLiteral(" ; "));
 }
 
 // A large text with no two lines alike, so that a wrong piece cannot read back right.
-QString largeText(int lines = 4000) {
+QString largeText() {
     QString text;
-    for (int i = 0; i < lines; ++i)
+    for (int i = 0; i < 4000; ++i)
         text += QStringLiteral("<p id=\"%1\">line %1 of the page</p>\n").arg(i);
     return text;
 }
@@ -61,78 +83,85 @@ class UndoStepsTest : public QObject {
     Q_OBJECT
 
   private slots:
+    // One step, the caret inside the template's body, nothing to undo or redo.
     void newDocumentHasOneStepAndNothingToUndo() {
         TestShell ts;
-        ts.load();
-        codeEditor& doc = ts.active();
-        QCOMPARE(doc.nDoneIndex, Int16(1));
-        QCOMPARE(doc.nTopIndex, Int16(1));
+        codeEditor& doc = (ts.load(), ts.active());
         QCOMPARE(doc.Steps[1].Text, doc.codebox().Text());
-        QCOMPARE(doc.Steps[1].SelStart, 106);
         QCOMPARE(doc.Steps[0].Text, QString());
-        QVERIFY(!undoOn(ts));
-        QVERIFY(!redoOn(ts));
+        QCOMPARE(QList<int>({doc.nDoneIndex, doc.nTopIndex, doc.Steps[1].SelStart}),
+                 QList<int>({1, 1, 106}));
+        QVERIFY(!undoOn(ts) && !redoOn(ts));
     }
 
-    // Scripts on "hello| world" and the notes they take (see play()).
+    // name # pane at the start (none: "x|y") # script # its notes (see play()).
     void history_data() {
         columns<QString, QString, QString>({"start", "script", "notes"});
-        const auto row = [](const char* name, const char* start, const char* script,
-                            const char* notes) {
-            QTest::newRow(name) << QString::fromUtf8(start) << script << QString::fromUtf8(notes);
+        const char* const rows[] = {
+            "a typing run is one step##a@100 b@101 c@102 ? U ? R ?#xabc|y 2u ; x|y 1r ; xabc|y 2u",
+            // The pause is measured from the previous release, read in whole seconds.
+            "1.5 s exactly##a@99 b@100 c@101.5 ?#xabc|y 2u",
+            "just over 1.5 s##a@99 b@100 c@101.6 ? U ?#xabc|y 3u ; xab|y 2ur",
+            "two seconds##a@99 b@100 c@102 ?#xabc|y 3u",
+            "rounded down, 1.2 s apart##a@99.4 b@100.4 c@101.6 ?#xabc|y 3u",
+            "rounded up, 1.8 s apart##a@99.6 b@100.6 c@102.4 ?#xabc|y 2u",
+            "over midnight##a@86398 b@86399 c@0.5 ?#xabc|y 2u",
+            // Caret keys close the run; nothing to close while the slot below is the empty one.
+            "Page Up##k33@99 ? a@100 ^0 k33@100.5 ?#x|y 1 ; |xay 3uc",
+            "Page Down##k34@99 ? a@100 ^0 k34@100.5 ?#x|y 1 ; |xay 3uc",
+            "End##k35@99 ? a@100 ^0 k35@100.5 ?#x|y 1 ; |xay 3uc",
+            "Home##k36@99 ? a@100 ^0 k36@100.5 ?#x|y 1 ; |xay 3uc",
+            "Left##k37@99 ? a@100 ^0 k37@100.5 ?#x|y 1 ; |xay 3uc",
+            "Up##k38@99 ? a@100 ^0 k38@100.5 ?#x|y 1 ; |xay 3uc",
+            "Right##k39@99 ? a@100 ^0 k39@100.5 ?#x|y 1 ; |xay 3uc",
+            "Down##k40@99 ? a@100 ^0 k40@100.5 ?#x|y 1 ; |xay 3uc",
+            "Space##k32@99 ? a@100 ^0 k32@100.5 ?#x|y 1 ; |xay 2u",
+            "key 41##k41@99 ? a@100 ^0 k41@100.5 ?#x|y 1 ; |xay 2u",
+            "Shift##k16@99 ? a@100 ^0 k16@100.5 ?#x|y 1 ; |xay 2u",
+            "typing after a caret move##a@100 b@100.5 ^0 k37@100.7 z@100.9 ? U ? U ?#"
+            "z|xaby 3u ; |xaby 2ur ; x|y 1r",
+            "a pause after a caret move reuses its step##a@100 k36@100.5 b@105 ? c@105.5 ? U ?#"
+            "xab|y 3u ; xabc|y 3u ; xa|y 2ur",
+            // Releases with Ctrl alone count for nothing; every delete is a step.
+            "Delete##+z k46@100 ?#xz|y 2u",
+            "Shift+Delete##+z k46/1@100 ?#xz|y 2u",
+            "Ctrl+Delete##+z k46/2@100 ?#xz|y 1",
+            "Ctrl+Shift+Delete##+z k46/3@100 ?#xz|y 2u",
+            "Ctrl+Alt+Delete##+z k46/6@100 ?#xz|y 2u",
+            "every delete#|hello#^0+1 del k46@100.1 ? ^0+1 del k46@100.2 ? ^0+1 del k46@100.3 ? U "
+            "?#"
+            "|ello 2u ; |llo 3u ; |lo 4u ; l|lo 3ur",
+            "a skipped release##skip a@100 ? b@100.2 ?#xa|y 1 ; xab|y 2u",
+            "a run in slot 2 clears the selection of slot 1##a@100 S b@100.5 U ?#x|y 1r",
+            // A left click closes the run and starts the clock of the next one; a right click
+            // asks for the menu only.
+            "clicks##click@99 ? a@100 rclick@100.7 ? ^0 click@100.7 ? b@102.2 ?#"
+            "x|y 1 ; xa|y 2u ; |xay 3uc ; b|xay 3u",
+            "undo to the empty slot##a@100 ^1+1 del k8@100.5 ? U ?#x|y 2u ; | 0ur",
+            "the check looks one slot down##=changed step =xy check ? =changed check ?#"
+            "|xy 2u ; |changed 3u",
+            "redo passes over a duplicate#a|#=ab step step =abc step U U ? =ab R ?#|a 1r ; |ab 3ur",
+            // A drop is a step of its own, its selection saved below; other changes are not.
+            "drop#|hello_world#^0+5 drag dropped del ? ^1 +hi ? U ?#|_world 2u ; _hi|world 2u ; "
+            "[hello]_world 1r",
+            "the items off##=other step noU U ? step U noR R ?#|other 2 ; |xy 1",
+            "an undone step is ended by a new one##a@100 b@105 U ? +! step ?#xa|y 2ur ; xa!|y 3u",
         };
-        const char* h = "hello| world";
-        row("a typing run is one step", h, "a@100 b@101 c@102 ? U ? R ?",
-            "helloabc| world 2u ; hello| world 1r ; helloabc| world 2u");
-        // The pause is measured from the previous release, read in whole seconds.
-        row("1.5 s exactly", h, "a@99 b@100 c@101.5 ?", "helloabc| world 2u");
-        row("just over 1.5 s", h, "a@99 b@100 c@101.6 ? U ?",
-            "helloabc| world 3u ; helloab| world 2ur");
-        row("two seconds", h, "a@99 b@100 c@102 ?", "helloabc| world 3u");
-        row("rounded down, 1.2 s apart", h, "a@99.4 b@100.4 c@101.6 ?", "helloabc| world 3u");
-        row("rounded up, 1.8 s apart", h, "a@99.6 b@100.6 c@102.4 ?", "helloabc| world 2u");
-        row("over midnight", h, "a@86398 b@86399 c@0.5 ?", "helloabc| world 2u");
-        // Caret keys (33 to 40) close the run; nothing to close while the slot below is empty.
-        for (int key : {32, 33, 34, 35, 36, 37, 38, 39, 40, 41, 16}) {
-            const bool caret = key >= 33 && key <= 40;
-            QTest::addRow("key %d", key)
-                << QString(h) << QStringLiteral("k%1@99 ? a@100 ^0 k%1@100.5 ?").arg(key)
-                << (caret ? "hello| world 1 ; |helloa world 3uc"
-                          : "hello| world 1 ; |helloa world 2u");
+        for (const char* row : rows) {
+            const QStringList f = QString::fromUtf8(row).split(u'#');
+            QTest::newRow(qPrintable(f[0])) << f[1] << f[2] << f[3];
         }
-        row("typing after a caret move undoes only the new text", h,
-            "a@100 b@100.5 ^0 k37@100.7 x@100.9 ? U ? U ?",
-            "x|helloab world 3u ; |helloab world 2ur ; hello| world 1r");
-        row("a pause after a caret move reuses its step", h,
-            "a@100 k36@100.5 b@105 ? c@105.5 ? U ?",
-            "helloab| world 3u ; helloabc| world 3u ; helloa| world 2ur");
-        // Releases with Ctrl alone count for nothing; every delete is a step.
-        row("Delete", h, "+z k46@100 ?", "helloz| world 2u");
-        row("Shift+Delete", h, "+z k46/1@100 ?", "helloz| world 2u");
-        row("Ctrl+Delete", h, "+z k46/2@100 ?", "helloz| world 1");
-        row("Ctrl+Shift+Delete", h, "+z k46/3@100 ?", "helloz| world 2u");
-        row("Ctrl+Alt+Delete", h, "+z k46/6@100 ?", "helloz| world 2u");
-        row("every delete", "|hello world",
-            "^0+1 del k46@100.1 ? ^0+1 del k46@100.2 ? ^0+1 del k46@100.3 ? U ?",
-            "|ello world 2u ; |llo world 3u ; |lo world 4u ; l|lo world 3ur");
-        row("a skipped release", h, "skip a@100 ? b@100.2 ?",
-            "helloa| world 1 ; helloab| world 2u");
-        // A left click closes the run and starts the clock of the next one; a right click asks
-        // for the menu only.
-        row("clicks", h, "click@99 ? a@100 rclick@100.7 ? ^0 click@100.7 ? b@102.2 ?",
-            "hello| world 1 ; helloa| world 2u ; |helloa world 3uc ; b|helloa world 3u");
-        row("undo to the empty slot", h, "a@100 ^5+1 del k8@100.5 ? U ?",
-            "hello| world 2u ; | 0ur");
-        row("redo passes over a duplicate", "a|", "=ab step step =abc step U U ? =ab R ?",
-            "|a 1r ; |ab 3ur");
     }
     void history() {
         QFETCH(QString, start);
+        if (start.isEmpty()) start = QStringLiteral("x|y");
         Editing e(unmarked(start), int(start.indexOf(u'|')));
         QFETCH(QString, script);
         QTEST(play(e, script), "notes");
     }
 
+    // Where a step keeps the caret: past what an insertion put after it, or one on after the
+    // automatic pair; the caret back is kept for Redo.
     void addStepFields_data() {
         columns<int, int, bool, int, int, bool>(
             {"advance", "back", "autoClose", "selStart", "caretBack", "autoCloseAfter"});
@@ -164,71 +193,35 @@ class UndoStepsTest : public QObject {
         Editing e(QStringLiteral("t1"));
         e.doc.Steps[0].Text = QStringLiteral("slot zero");
         for (int n = 2; n <= 26; ++n) {
-            e.doc.codebox().setText(QStringLiteral("t%1").arg(n));
-            e.doc.AddStep();
+            play(e, QStringLiteral("=t%1 step").arg(n));
             QCOMPARE(e.doc.nDoneIndex, Int16(qMin(n, 25)));
         }
-        QCOMPARE(e.doc.Steps[0].Text, QStringLiteral("slot zero"));
-        QCOMPARE(e.doc.Steps[1].Text, QStringLiteral("t2"));
-        QCOMPARE(e.doc.Steps[24].Text, QStringLiteral("t25"));
-        QCOMPARE(e.doc.Steps[25].Text, QStringLiteral("t26"));
+        QStringList texts;
+        for (int n : {0, 1, 24, 25})
+            texts << e.doc.Steps[n].Text;
+        QCOMPARE(texts, QStringList({"slot zero", "t2", "t25", "t26"}));
     }
 
-    void checkToAddStepLooksOneSlotDown() {
-        Editing e(kText);
-        e.doc.codebox().setText(QStringLiteral("changed"));
-        e.doc.AddStep();
-        e.doc.CheckToAddStep(true); // the pane equals the current step: still a step
-        QCOMPARE(e.doc.nDoneIndex, Int16(3));
-        e.doc.codebox().setText(kText);
-        e.doc.Steps[2].Text = kText;
-        e.doc.CheckToAddStep(false); // the pane equals the step below: none
-        QCOMPARE(e.doc.nDoneIndex, Int16(3));
-    }
-
-    void runInSecondStepClearsSelectionOfTheFirst() {
-        Editing e(kText, 5);
-        play(e, "a@100");
-        e.doc.Steps[1].SelLen = 3;
-        play(e, "b@100.5");
-        QCOMPARE(e.doc.Steps[1].SelLen, 0);
-    }
-
+    // A step without a selection of its own under one with a selection is passed over; at
+    // slot 1 with a selection above, the caret goes where slot 1 had it.
     void undoPassesOverAStepWithoutItsOwnSelection() {
         Editing e(QStringLiteral("one"));
         play(e, "=one_two step =one_two_three step");
         e.doc.Steps[2].SelStart = 7;
-        e.doc.Steps[3].SelLen = 2; // the top step carries a selection, the one below none
+        e.doc.Steps[3].SelLen = 2;
         QCOMPARE(play(e, "U ? R ?"), QStringLiteral("one| 1r ; one_two| 2ur"));
         e.doc.Steps[2].SelLen = 3;
         e.doc.Steps[1].SelStart = 2;
-        // At slot 1 with a selection above: the caret of slot 1.
         QCOMPARE(play(e, "U ?"), QStringLiteral("on|e 1r"));
     }
 
-    void undoAndRedoObeyTheirMenuItems() {
-        Editing e(kText, 5);
-        play(e, "=other step");
-        e->menu(QStringLiteral("mnuEditUndo")).setEnabled(false);
-        QCOMPARE(keyDown(e.doc, keys::vbKeyZ, keys::CtrlMask), 0);
-        QCOMPARE(e.doc.codebox().Text(), QStringLiteral("other"));
-        e->menu(QStringLiteral("mnuEditUndo")).setEnabled(true);
-        e.doc.Undo();
-        e->menu(QStringLiteral("mnuEditRedo")).setEnabled(false);
-        e.doc.Redo();
-        QCOMPARE(e.doc.codebox().Text(), kText);
-    }
-
-    // Undo back to the saved text still leaves the document dirty; a new step ends Redo.
-    void undoDirtiesAndANewStepEndsRedo() {
+    // Undo back to the saved text still leaves the document dirty.
+    void undoDirties() {
         Editing e(kText, 5);
         play(e, "a@100 b@105");
         e.doc.Tag = QStringLiteral("Clean");
         e.doc.Undo();
         QCOMPARE(e.doc.Tag, QStringLiteral("Dirty"));
-        QCOMPARE(e.doc.nTopIndex, Int16(3));
-        QCOMPARE(play(e, "+! step ?"), QStringLiteral("helloa!| world 3u"));
-        QCOMPARE(e.doc.nTopIndex, Int16(3));
     }
 
     void activationShowsEachDocumentsOwnHistory() {
@@ -246,69 +239,66 @@ class UndoStepsTest : public QObject {
         QVERIFY(undoOn(e) && !redoOn(e));
     }
 
-    void dropBecomesItsOwnStep() {
-        Editing e(kText);
-        select(e.doc, 0, 5);
-        e.doc.codebox_OLEStartDrag();
-        QCOMPARE(e.doc.Steps[1].SelLen, 5);
-        e.doc.codebox_OLECompleteDrag();
-        QVERIFY(e->bDropPending);
-        e.doc.codebox().setSelText(QString()); // the pane's own move of the text
-        QCOMPARE(e.doc.nDoneIndex, Int16(2));
-        QVERIFY(!e->bDropPending);
-        play(e, "^1 +hello");
-        QCOMPARE(e.doc.nDoneIndex, Int16(2)); // an ordinary change records nothing
-        QCOMPARE(play(e, "U ?"), QStringLiteral("[hello] world 1r"));
-    }
-
+    // A fetched page counts its steps from slot 0, and its first step cannot be undone.
     void fetchedPageCountsFromZero() {
         TestShell ts;
         ts.load();
         ts->bLoadingOnline = true;
         ts->NewHtmlDocument();
         codeEditor& doc = ts.active();
-        QCOMPARE(doc.codebox().Text(), QString());
         QCOMPARE(doc.nDoneIndex, Int16(-1));
         doc.codebox().setText(QStringLiteral("<html>fetched</html>"));
         QCOMPARE(doc.nDoneIndex, Int16(0));
-        QCOMPARE(doc.Steps[0].Text, QStringLiteral("<html>fetched</html>"));
+        QCOMPARE(doc.Steps[0].Text, "<html>fetched</html>");
         ts->bLoadingOnline = false;
         doc.lblOnlineFile = QStringLiteral("Yes");
-        doc.nDoneIndex = 2;
-        doc.Form_Activate();
-        QVERIFY(!undoOn(ts));
-        doc.nDoneIndex = 3;
-        doc.Form_Activate();
-        QVERIFY(undoOn(ts));
+        for (int done : {2, 3}) {
+            doc.nDoneIndex = Int16(done);
+            doc.Form_Activate();
+            QCOMPARE(undoOn(ts), done == 3);
+        }
     }
 
-    // One edit against a whole text: the pieces read back as the edited text.
-    void anEditReadsBack_data() {
-        columns<int, int, QString>({"at", "removed", "inserted"});
-        QTest::newRow("insert at the start") << 0 << 0 << "<b>";
-        QTest::newRow("insert in the middle") << 60000 << 0 << "x";
-        QTest::newRow("insert at the end") << -1 << 0 << "</html>";
-        QTest::newRow("delete at the start") << 0 << 10 << "";
-        QTest::newRow("delete in the middle") << 70000 << 500 << "";
-        QTest::newRow("delete at the end") << -10 << 10 << "";
-        QTest::newRow("replace") << 80000 << 3 << "abcdef";
-        QTest::newRow("a repeated character") << 5 << 0 << "<";
+    // A slot's text against the one below: an edit of a large text is kept as pieces that read,
+    // size and compare as the text and cost little beyond the text below; small texts and edits
+    // that change much are kept whole, as a plain shared string.
+    void stepText_data() {
+        columns<QString, QString, int>({"below", "text", "beyond"});
+        const QString large = largeText();
+        const auto edit = [&](const char* name, int at, int removed, const char* inserted) {
+            const qsizetype position = at < 0 ? large.size() + at + (removed ? 0 : 1) : at;
+            QTest::newRow(name) << large << QString(large).replace(position, removed, inserted)
+                                << int(strlen(inserted));
+        };
+        edit("insert at the start", 0, 0, "<b>");
+        edit("insert in the middle", 60000, 0, "x");
+        edit("insert at the end", -1, 0, "</html>");
+        edit("delete at the start", 0, 10, "");
+        edit("delete in the middle", 70000, 500, "");
+        edit("delete at the end", -10, 10, "");
+        edit("replace", 80000, 3, "abcdef");
+        edit("a repeated character", 5, 0, "<");
+        QTest::newRow("small, whole") << "<p>a</p>"
+                                      << "<p>ab</p>" << -1;
+        QTest::newRow("empty, whole") << ""
+                                      << "" << -1;
+        QTest::newRow("most of it new, whole")
+            << large << QString(large).replace(10, 10, QString(100000, QLatin1Char('y'))) << -1;
+        QTest::newRow("a small text below, whole") << "<p>" << large << -1;
     }
-    void anEditReadsBack() {
-        QFETCH(int, at);
-        QFETCH(int, removed);
-        QFETCH(QString, inserted);
-        const QString before = largeText();
-        const int position = at < 0 ? int(before.size()) + at + (removed ? 0 : 1) : at;
-        const QString after = QString(before).replace(position, removed, inserted);
-        const StepText below(before);
+    void stepText() {
+        QFETCH(QString, below);
+        QFETCH(QString, text);
+        QFETCH(int, beyond);
         StepText step;
-        step.assign(after, below);
-        QVERIFY(!step.isWhole());
-        QCOMPARE(step.toString(), after);
-        QCOMPARE(step.size(), after.size());
-        QVERIFY(step == after && step != before && below != step);
-        QVERIFY(step.charactersBeyond(before) <= inserted.size());
+        step.assign(text, StepText(below));
+        QCOMPARE(step.isWhole(), beyond < 0);
+        QCOMPARE(step.toString(), text);
+        QCOMPARE(step.size(), text.size());
+        QVERIFY(step == text && (step != below) == (text != below));
+        QVERIFY(StepText(below) == below && (StepText(below) != step) == (text != below));
+        if (beyond >= 0) QVERIFY(step.charactersBeyond(below) <= beyond);
+        if (beyond < 0 && !text.isEmpty()) QCOMPARE(step.toString().constData(), text.constData());
     }
 
     // A run of edits, each step kept against the one below, as the undo stack keeps them.
@@ -344,28 +334,6 @@ class UndoStepsTest : public QObject {
             }
         QVERIFY2(wholeSteps <= 3, qPrintable(QString::number(wholeSteps)));
         QVERIFY(steps.back().charactersBeyond(lastWhole) < 200 * 6);
-    }
-
-    // Small texts and edits that change much are kept whole, as a plain shared string.
-    void keptWhole_data() {
-        columns<QString, QString>({"below", "text"});
-        const QString large = largeText();
-        QTest::newRow("small") << "<p>a</p>"
-                               << "<p>ab</p>";
-        QTest::newRow("empty") << ""
-                               << "";
-        QTest::newRow("most of it new")
-            << large << QString(large).replace(10, 10, QString(100000, QLatin1Char('y')));
-        QTest::newRow("a small text below a large one") << "<p>" << large;
-    }
-    void keptWhole() {
-        QFETCH(QString, below);
-        QFETCH(QString, text);
-        StepText step;
-        step.assign(text, StepText(below));
-        QVERIFY(step.isWhole());
-        if (!text.isEmpty()) QCOMPARE(step.toString().constData(), text.constData());
-        QVERIFY(step == text);
     }
 };
 

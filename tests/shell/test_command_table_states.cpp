@@ -1,16 +1,13 @@
-// Which commands are on: by the kind of document that comes forward and the view it shows,
-// with no document at all, and the view toggles with the settings they write.
-#include "editor/text_pane.h"
+// Which commands are on: by the kind of document in front and the view it shows, with no
+// document at all, and the view toggles with the settings they write.
 #include "test_rows.h"
 #include "test_shell.h"
-#include <QSet>
 #include <QTemporaryDir>
 
 using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-
 // The document commands: off with no document and in Preview.
 const QStringList kDocumentItems = words(
     "mnuFileClose mnuFileSave mnuFileSaveas mnuFilePrint mnuFilePreview mnuFileCloseAll "
@@ -23,7 +20,6 @@ const QStringList kDocumentItems = words(
     "mnuSup mnuSub mnuInsertBreak mnuInsertParagraph mnuInsertSpace mnuTagsCenter mnuTagsRight "
     "mnuTagsBlock mnuInsertDate1 mnuInsertDate2 mnuInsertDate3 mnuInsertDate4 mnuH1 mnuH2 mnuH3 "
     "mnuH4 mnuH5 mnuH6 mnuFormatRemove");
-
 // What a style sheet turns off, besides tbrMain 14, 16, 17, 20, 24.
 const QStringList kCssOff =
     words("mnuFilePreview mnuEditProperties mnuInsertAnchor mnuInsertHR mnuInsertHyperlink "
@@ -32,12 +28,12 @@ const QStringList kCssOff =
           "mnuInsertFont mnuTagsBold mnuTagsItalic mnuTagsUnderline mnuTagsStrike mnuInsertBreak "
           "mnuInsertParagraph mnuInsertSpace mnuTagsCenter mnuTagsBlock mnuViewFmtTlb mnuViewForms "
           "mnuViewTagList mnuInsertLink mnuHeadings");
-
 // The commands that work with no document at all.
 const QStringList kAlwaysOn = words(
     "mnuFile mnuFileNew mnuFileNewHTML mnuFileNewCSS mnuFileOpen mnuNet mnuFileExit mnuEditPrefs "
     "mnuViewStdTlb mnuViewFmtTlb mnuViewForms mnuViewTagList mnuHelpContents mnuHelpAbout "
     "mnuWindowCascade");
+const QString kPageButtons = QStringLiteral("0 1 2 3 5 14 16 17 19 20 22 24");
 
 QStringList itemsOn(ShellMDI& shell, const QStringList& names) {
     QStringList on;
@@ -80,10 +76,10 @@ QString synced(const QString& stfl) {
     return stfl + u' ' + stfl + u' ' + stfl + u' ' + stfl.mid(2);
 }
 
-// A loaded shell with "Document 1" (HTML) and "Document 2", a style sheet, in front. The new
-// window came forward before it was marked a style sheet, so it is brought forward again.
-codeEditor& withStyleSheet(TestShell& ts) {
-    ts.load();
+// "Document 1" (HTML) and "Document 2", a style sheet, in front. The new window came forward
+// before it was marked a style sheet, so it is brought forward again.
+codeEditor& withStyleSheet(TestShell& ts, bool load = true) {
+    if (load) ts.load();
     codeEditor& page = ts.active();
     ts->mnuFileNewCSS_Click();
     codeEditor& sheet = ts.active();
@@ -92,6 +88,9 @@ codeEditor& withStyleSheet(TestShell& ts) {
     return sheet;
 }
 
+QStringList splitRow(const QString& row) {
+    return row.split(u'|');
+}
 } // namespace
 
 class CommandStateTest : public QObject {
@@ -101,144 +100,151 @@ class CommandStateTest : public QObject {
     // The stored Standard, Tags, Forms, TagList ("-" none written; only "Yes" is on), and
     // the flags that follow. The start writes nothing.
     void startShowsTheBandsTheSettingsSay_data() {
-        columns<QString, QString>({"stored", "flags"});
+        columns<QStringList>({"row"});
         for (const char* row : {"-|-|-|-|1100", "Yes|Yes|Yes|Yes|1111", "No|No|No|No|0000",
-                                "No|No|Yes|Yes|0011", "Yes|No|No|No|1000", "1||yes|YES|0000"}) {
-            const QStringList f = QString::fromUtf8(row).split(u'|');
-            QTest::newRow(row) << f.mid(0, 4).join(u'|') << f.at(4);
-        }
+                                "No|No|Yes|Yes|0011", "Yes|No|No|No|1000", "1||yes|YES|0000"})
+            QTest::newRow(row) << splitRow(row);
     }
     void startShowsTheBandsTheSettingsSay() {
-        QFETCH(QString, stored);
+        QFETCH(QStringList, row);
         const char* const keys[] = {"Standard Toolbar Open", "Tags Toolbar Open",
                                     "Forms Toolbar Open", "TagListOpen"};
         TestShell ts;
-        const QStringList values = stored.split(u'|');
         for (int k = 0; k < 4; ++k)
-            if (values.at(k) != QLatin1String("-"))
-                ts.settings.save("Fuzzies", keys[k], values.at(k));
+            if (row.at(k) != QLatin1String("-")) ts.settings.save("Fuzzies", keys[k], row.at(k));
         const int writes = ts.settings.writeCount();
         ts.load();
-        QTEST(viewState(*ts).left(4), "flags");
-        QCOMPARE(viewState(*ts), synced(viewState(*ts).left(4)));
+        QCOMPARE(viewState(*ts), synced(row.at(4)));
         QCOMPARE(ts.settings.writeCount(), writes);
     }
 
     // Each door to a view toggle, the flag it flips, and the key it writes at once (the
     // toolbars write nothing until exit).
     void viewToggles_data() {
-        columns<QString, int, QString>({"door", "flag", "key"});
-        QTest::newRow("Standard") << "mnuViewStdTlb" << 0 << "";
-        QTest::newRow("Tags") << "mnuViewFmtTlb" << 1 << "";
-        QTest::newRow("Forms") << "mnuViewForms" << 2 << "";
-        QTest::newRow("Forms button") << "16" << 2 << "";
-        QTest::newRow("Tag List") << "mnuViewTagList" << 3 << "TagListOpen";
-        QTest::newRow("Tag List button") << "17" << 3 << "TagListOpen";
+        columns<QStringList>({"row"});
+        for (const char* row : {"mnuViewStdTlb|0|", "mnuViewFmtTlb|1|", "mnuViewForms|2|", "16|2|",
+                                "mnuViewTagList|3|TagListOpen", "17|3|TagListOpen"})
+            QTest::newRow(row) << splitRow(row);
     }
     void viewToggles() {
-        QFETCH(QString, door);
-        QFETCH(int, flag);
-        QFETCH(QString, key);
+        QFETCH(QStringList, row);
+        const int flag = row.at(1).toInt();
+        const QString key = row.at(2);
         TestShell ts;
         ts.load();
         QString flags = QStringLiteral("1100");
         for (int round = 1; round <= 2; ++round) {
             bool isButton = false;
-            const int button = door.toInt(&isButton);
+            const int button = row.at(0).toInt(&isButton);
             if (isButton)
                 ts->tbrMain.press(button);
             else
-                QVERIFY(ts->dispatch(ts->menu(door).Click));
+                QVERIFY(ts->dispatch(ts->menu(row.at(0)).Click));
             flags[flag] = flags.at(flag) == u'1' ? u'0' : u'1';
             QCOMPARE(viewState(*ts), synced(flags));
             QCOMPARE(ts.settings.writeCount(), key.isEmpty() ? 0 : round);
             if (!key.isEmpty())
-                QCOMPARE(ts.settings.get("Fuzzies", key),
-                         flags.at(flag) == u'1' ? QStringLiteral("Yes") : QStringLiteral("No"));
+                QCOMPARE(ts.settings.get("Fuzzies", key), flags.at(flag) == u'1' ? "Yes" : "No");
         }
         QVERIFY(ts.platform.messages.isEmpty());
     }
 
-    void exitWritesTheViewStateButNeverTheFormattingToolbar() {
+    // With the Forms toolbar and the tag list open, a row a situation: the document commands
+    // on ("all" but those named; "-css" those a style sheet turns off), the buttons on of the
+    // three toolbars ("T", "F" all), tabs shown|commands disabled|Layout active|Redo on, the
+    // view, the file dialog's filter. Layout and Preview have text selected and a step to redo.
+    void byKindAndView_data() {
+        columns<QString, QStringList>({"setup", "expected"});
+        const QString off = QStringLiteral("-mnuEditUndo -mnuFormatRemove -mnuEditPaste");
+        for (const QString& row :
+             {"source|all -mnuEditCut -mnuEditCopy " + off + u'|' + kPageButtons +
+                  "|T|F|1000|1111 1111 1111 11|1",
+              "layout|all " + off +
+                  "|0 1 2 3 5 7 8 12 14 16 17 19 20 24|0 2 4 5 6 8 9 11 13 14 16 17 19 21 22 "
+                  "24|F|1011|1111 1111 1111 11|1",
+              QStringLiteral("preview|mnuFilePrint mnuFilePreview|0 1 2 5 14 16 17|||1000|1111 "
+                             "1111 1111 11|1"),
+              // Bands and pane hidden, flags untouched, check marks as they were.
+              "sheet|all -css -mnuEditCut -mnuEditCopy " + off +
+                  "|0 1 2 3 5 19 22|T|F|1000|1000 1111 1111 11|2",
+              // Redo's button is not touched.
+              QStringLiteral("none||0 1 2 16 17|||0100|1111 1111 1111 11|1")}) {
+            QStringList f = splitRow(row);
+            if (f.at(3) == u'T')
+                f[3] = QStringLiteral("0 2 4 5 6 8 9 11 13 14 16 17 18 19 21 22 24");
+            if (f.at(4) == u'F') f[4] = QStringLiteral("0 2 3 4 5 6 7 9 10");
+            QTest::newRow(qPrintable(f.at(0))) << f.takeFirst() << f;
+        }
+    }
+    void byKindAndView() {
+        QFETCH(QString, setup);
+        QFETCH(QStringList, expected);
         TestShell ts;
-        ts.load();
-        for (const char* item : {"mnuViewFmtTlb", "mnuViewStdTlb", "mnuViewForms"})
-            ts.run(item);
-        QVERIFY(ts->requestExit());
-        QCOMPARE(ts.settings.get("Fuzzies", "Standard Toolbar Open"), QStringLiteral("No"));
-        QCOMPARE(ts.settings.get("Fuzzies", "Forms Toolbar Open"), QStringLiteral("Yes"));
-        QCOMPARE(ts.settings.get("Fuzzies", "TagListOpen"), QStringLiteral("No"));
-        QCOMPARE(ts.settings.get("Fuzzies", "Tags Toolbar Open", "never"), QStringLiteral("never"));
-        // So the formatting toolbar is back at the next start.
-        TestShell next;
-        next.settings = ts.settings;
-        next.load();
-        QCOMPARE(viewState(*next), synced("0110"));
+        ts.settings.save("Fuzzies", "Forms Toolbar Open", "Yes");
+        ts.settings.save("Fuzzies", "TagListOpen", "Yes");
+        if (setup == QLatin1String("sheet")) {
+            QCOMPARE(withStyleSheet(ts).CSSDoc, QStringLiteral("Yes"));
+        } else {
+            ts.load();
+            if (setup == QLatin1String("none")) {
+                ts->tbrTags.setButtonChecked(4, true);
+                ts->tbrTags.setButtonChecked(8, true);
+                ts->mnuFileClose_Click();
+            } else if (setup != QLatin1String("source")) {
+                ts->tbrMain.press(22); // a comment, undone
+                ts->tbrMain.press(11);
+                ts.active().codebox().setSelLength(6);
+                ts.active().SelectedTab = setup == QLatin1String("layout") ? 2 : 3;
+                ts.active().Form_Activate();
+            }
+        }
+        QStringList on = expected.at(0).split(u' ', Qt::SkipEmptyParts);
+        if (on.value(0) == QLatin1String("all")) {
+            const QStringList off = on.mid(1);
+            on = kDocumentItems;
+            for (const QString& item : off)
+                for (const QString& name :
+                     item == QLatin1String("-css") ? kCssOff : QStringList{item.mid(1)})
+                    on.removeOne(name);
+        }
+        expected[0] = on.join(u' ');
+        QCOMPARE((QStringList{itemsOn(*ts, kDocumentItems).join(u' '), buttonsOn(ts->tbrMain),
+                              buttonsOn(ts->tbrTags), buttonsOn(ts->tbrForms),
+                              bits({ts->TabStrip1.Visible(), ts->bCommandsDisabled,
+                                    ts->bLayoutActive, ts->menu("mnuEditRedo").Enabled()}),
+                              viewState(*ts), QString::number(ts->OpenSave.FilterIndex)}),
+                 expected);
+        const bool sheet = setup == QLatin1String("sheet");
+        if (setup != QLatin1String("preview") && setup != QLatin1String("none"))
+            QCOMPARE(itemsOn(*ts, kCssOff), sheet ? QStringList() : kCssOff);
+        if (!sheet) QCOMPARE(itemsOn(*ts, kAlwaysOn), kAlwaysOn);
+        for (int i = 0; i < ts->tbrTags.ButtonCount(); ++i)
+            QVERIFY(!ts->tbrTags.ButtonChecked(i));
     }
 
-    // ---- which commands are on ----
-
-    void aPageInSourceView() {
-        TestShell ts;
-        ts.load();
-        QStringList on = kDocumentItems;
-        for (const char* off :
-             {"mnuEditUndo", "mnuFormatRemove", "mnuEditCut", "mnuEditCopy", "mnuEditPaste"})
-            on.removeOne(QString::fromUtf8(off));
-        QCOMPARE(itemsOn(*ts, kDocumentItems), on);
-        QVERIFY(ts->menu("mnuInsertSC").Enabled() && ts->menu("mnuHeadings").Enabled());
-        // Cut, Copy: no selection; Paste: the clipboard is empty; Undo, Redo: a fresh history.
-        QCOMPARE(buttonsOn(ts->tbrMain), "0 1 2 3 5 14 16 17 19 20 22 24");
-        QCOMPARE(buttonsOn(ts->tbrTags), "0 2 4 5 6 8 9 11 13 14 16 17 18 19 21 22 24");
-        QCOMPARE(buttonsOn(ts->tbrForms), "0 2 3 4 5 6 7 9 10");
-        QVERIFY(ts->TabStrip1.Visible() && !ts->bCommandsDisabled && !ts->bLayoutActive);
-        QCOMPARE(ts->OpenSave.FilterIndex, ShellMDI::kHtmlFilterIndex);
-    }
-
-    // Style sheet?, selection length, clipboard: Cut and Copy follow the selection; a page
-    // sets Paste by the clipboard, a style sheet leaves it as it was (on).
+    // Style sheet?|selection length|clipboard: Cut and Copy follow the selection; a page sets
+    // Paste by the clipboard, a style sheet leaves it as it was (on).
     void cutCopyAndPasteWhenADocumentComesForward_data() {
-        columns<bool, int, QString>({"css", "selLength", "clipboard"});
-        QTest::newRow("page") << false << 0 << QString();
-        QTest::newRow("page, selection, clipboard") << false << 3 << "x";
-        QTest::newRow("sheet, clipboard") << true << 0 << "x";
-        QTest::newRow("sheet, selection") << true << 3 << QString();
+        columns<QStringList>({"row"});
+        for (const char* row : {"0|0|", "0|3|x", "1|0|x", "1|3|"})
+            QTest::newRow(row) << splitRow(row);
     }
     void cutCopyAndPasteWhenADocumentComesForward() {
-        QFETCH(bool, css);
-        QFETCH(int, selLength);
-        QFETCH(QString, clipboard);
+        QFETCH(QStringList, row);
+        const bool css = row.at(0) == u'1';
         TestShell ts;
         codeEditor& doc = css ? withStyleSheet(ts) : (ts.load(), ts.active());
-        ts.platform.clipboard = clipboard;
+        ts.platform.clipboard = row.at(2);
         doc.codebox().setSelStart(0);
-        doc.codebox().setSelLength(selLength);
+        doc.codebox().setSelLength(row.at(1).toInt());
         ts->tbrMain.setButtonEnabled(9, true);
         ts->menu("mnuEditPaste").setEnabled(true);
         doc.Form_Activate();
-        const QString on = bits({selLength > 0, css || !clipboard.isEmpty()});
+        const QString on = bits({row.at(1) != u'0', css || !row.at(2).isEmpty()});
         QCOMPARE(bits({ts->menu("mnuEditCut").Enabled(), ts->menu("mnuEditPaste").Enabled()}), on);
         QCOMPARE(bits({ts->menu("mnuEditCopy").Enabled(), ts->tbrMain.ButtonEnabled(9)}), on);
         QCOMPARE(bits({ts->tbrMain.ButtonEnabled(7), ts->tbrMain.ButtonEnabled(8)}),
                  QString(2, on.at(0)));
-    }
-
-    void aStyleSheetKeepsOnlyWhatCssCanUse() {
-        TestShell ts;
-        ts.settings.save("Fuzzies", "Forms Toolbar Open", "Yes");
-        ts.settings.save("Fuzzies", "TagListOpen", "Yes");
-        withStyleSheet(ts);
-        QCOMPARE(ts.active().CSSDoc, QStringLiteral("Yes"));
-        QCOMPARE(itemsOn(*ts, kCssOff), QStringList());
-        QVERIFY(ts->menu("mnuInsertCSS").Enabled());
-        QCOMPARE(buttonsOn(ts->tbrMain), "0 1 2 3 5 19 22");
-        // What the list leaves alone stays on.
-        const QStringList stayOn = words("mnuFileSave mnuFilePrint mnuEditFind mnuTagsRight mnuSub "
-                                         "mnuSup mnuInsertDate1 mnuH1 mnuViewStdTlb");
-        QCOMPARE(itemsOn(*ts, stayOn), stayOn);
-        // Bands and pane hidden, flags untouched, check marks as they were.
-        QCOMPARE(viewState(*ts), "1000 1111 1111 11");
-        QCOMPARE(ts->OpenSave.FilterIndex, ShellMDI::kCssFilterIndex);
     }
 
     void aCommandThatChangesTheKindOfTheDocumentInFrontSetsItsCommands() {
@@ -247,43 +253,46 @@ class CommandStateTest : public QObject {
         ts.load();
         // A new style sheet comes forward with the style sheet's commands at once.
         ts->dispatch([&] { ts->mnuFileNewCSS_Click(); });
-        QVERIFY(!ts->menu("mnuTagsBold").Enabled());
-        QVERIFY(!ts->cReBar1.BandVisible(1));
+        QVERIFY(!ts->menu("mnuTagsBold").Enabled() && !ts->cReBar1.BandVisible(1));
         // Saved under a page's name it becomes a page, and the page's commands come back.
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(dir.filePath("now.htm")));
         ts->dispatch([&] { ts->mnuFileSaveas_Click(); });
         QCOMPARE(ts.active().CSSDoc, QStringLiteral("No"));
-        QVERIFY(ts->menu("mnuTagsBold").Enabled());
-        QVERIFY(ts->cReBar1.BandVisible(1));
+        QVERIFY(ts->menu("mnuTagsBold").Enabled() && ts->cReBar1.BandVisible(1));
     }
 
+    // Forms|TagList stored|the sheet closes: the page that comes forward after a style sheet
+    // shows what the flags say, and nothing is written.
     void aPageAfterAStyleSheetShowsWhatTheFlagsSay_data() {
-        columns<QString, QString>({"forms", "tagList"});
-        QTest::newRow("both") << "Yes"
-                              << "Yes";
-        QTest::newRow("none") << "No"
-                              << "No";
-        QTest::newRow("tag list") << "No"
-                                  << "Yes";
+        columns<QStringList>({"row"});
+        for (const char* row : {"Yes|Yes|0", "No|No|0", "No|Yes|0", "Yes|No|1"})
+            QTest::newRow(row) << splitRow(row);
     }
     void aPageAfterAStyleSheetShowsWhatTheFlagsSay() {
-        QFETCH(QString, forms);
-        QFETCH(QString, tagList);
+        QFETCH(QStringList, row);
         TestShell ts;
-        ts.settings.save("Fuzzies", "Forms Toolbar Open", forms);
-        ts.settings.save("Fuzzies", "TagListOpen", tagList);
+        ts.settings.save("Fuzzies", "Forms Toolbar Open", row.at(0));
+        ts.settings.save("Fuzzies", "TagListOpen", row.at(1));
         ts.load();
         codeEditor& page = ts.active();
         const QString before = viewState(*ts);
-        withStyleSheet(ts);
+        withStyleSheet(ts, false);
         QVERIFY(!ts->cReBar1.BandVisible(1));
         const int writes = ts.settings.writeCount();
-        page.ZOrder();
+        if (row.at(2) == u'1')
+            ts->mnuFileClose_Click();
+        else
+            page.ZOrder();
+        QCOMPARE(ts->ActiveForm(), &page);
         QCOMPARE(viewState(*ts), before);
         QCOMPARE(ts.settings.writeCount(), writes);
         QCOMPARE(itemsOn(*ts, kCssOff), kCssOff);
-        QCOMPARE(buttonsOn(ts->tbrMain), "0 1 2 3 5 14 16 17 19 20 22 24");
+        QCOMPARE(buttonsOn(ts->tbrMain), kPageButtons);
         QCOMPARE(ts->OpenSave.FilterIndex, ShellMDI::kHtmlFilterIndex);
+        // The page's state by itself turns back on what a style sheet's turned off.
+        ts->SetCssCommandState();
+        ts->SetHtmlCommandState();
+        QCOMPARE(itemsOn(*ts, kCssOff), kCssOff);
     }
 
     void aToolbarToggledOverAStyleSheetComesBackByItsFlag() {
@@ -294,44 +303,18 @@ class CommandStateTest : public QObject {
         QCOMPARE(viewState(*ts), synced("0100"));
     }
 
-    void aPageInLayoutView() {
+    // Back in Source view from Layout the flag clears and the buttons return; disabling again
+    // in Preview keeps the tabs, in Layout it hides them.
+    void leavingLayoutAndPreview() {
         TestShell ts;
-        ts.load();
-        codeEditor& doc = ts.active();
-        doc.codebox().setSelLength(6);
-        doc.SelectedTab = 2;
-        doc.Form_Activate();
-        QVERIFY(ts->bLayoutActive);
-        QVERIFY(!ts->tbrMain.ButtonEnabled(22) && !ts->tbrTags.ButtonEnabled(18));
-        QVERIFY(ts->tbrMain.ButtonEnabled(19) && ts->tbrMain.ButtonEnabled(7));
-        QVERIFY(ts->menu("mnuInsertComment").Enabled() && ts->menu("mnuEditCut").Enabled());
-        QVERIFY(ts->TabStrip1.Visible());
-        // Back in Source view the flag clears and the buttons return.
-        doc.SelectedTab = 1;
-        doc.Form_Activate();
-        QVERIFY(!ts->bLayoutActive);
-        QVERIFY(ts->tbrMain.ButtonEnabled(22) && ts->tbrTags.ButtonEnabled(18));
-    }
-
-    void inPreviewOnlyPrintAndPreviewRemain() {
-        TestShell ts;
-        ts.load();
-        codeEditor& doc = ts.active();
-        ts.platform.clipboard = QStringLiteral("x");
-        doc.codebox().setSelLength(6);
-        ts->setRedoEnabled(true);
-        ts->tbrMain.setButtonEnabled(12, true);
-        doc.SelectedTab = 3;
-        doc.Form_Activate();
-        QCOMPARE(itemsOn(*ts, kDocumentItems), words("mnuFilePrint mnuFilePreview"));
-        QCOMPARE(buttonsOn(ts->tbrMain), "0 1 2 5 14 16 17");
-        QVERIFY(!ts->menu("mnuEditRedo").Enabled());
-        QCOMPARE(buttonsOn(ts->tbrTags), "");
-        QCOMPARE(buttonsOn(ts->tbrForms), "");
-        // The document tabs stay, and the commands do not count as disabled.
-        QVERIFY(ts->TabStrip1.Visible() && !ts->bCommandsDisabled);
-        QCOMPARE(itemsOn(*ts, kAlwaysOn), kAlwaysOn);
-        // Disabling again in Preview keeps the tabs; in Layout view it hides them.
+        codeEditor& doc = (ts.load(), ts.active());
+        for (int tab : {2, 1, 3}) {
+            if (tab == 3)
+                QVERIFY(!ts->bLayoutActive && ts->tbrMain.ButtonEnabled(22) &&
+                        ts->tbrTags.ButtonEnabled(18));
+            doc.SelectedTab = tab;
+            doc.Form_Activate();
+        }
         ts->DisableDocumentCommands();
         QVERIFY(ts->TabStrip1.Visible() && !ts->bCommandsDisabled);
         doc.SelectedTab = 2;
@@ -339,9 +322,9 @@ class CommandStateTest : public QObject {
         QVERIFY(!ts->TabStrip1.Visible() && ts->bCommandsDisabled);
     }
 
+    // A style sheet coming forward does not turn the document commands on, so what Preview
+    // turned off stays off.
     void aStyleSheetAfterAPreviewTurnsNothingBackOn() {
-        // A style sheet coming forward does not turn the document commands on, so what
-        // Preview turned off stays off.
         TestShell ts;
         codeEditor& sheet = withStyleSheet(ts);
         codeEditor& page = *ts->documents().front();
@@ -352,28 +335,15 @@ class CommandStateTest : public QObject {
         QVERIFY(ts->menu("mnuInsertCSS").Enabled() && ts->tbrMain.ButtonEnabled(19));
     }
 
-    void theLastDocumentClosed() {
+    // With no document the view toggles still work, and a new document brings the commands
+    // back, Paste by the clipboard.
+    void aNewDocumentAfterTheLast() {
         TestShell ts;
         ts.load();
-        ts->tbrTags.setButtonChecked(4, true);
-        ts->tbrTags.setButtonChecked(8, true);
-        const bool redoButton = ts->tbrMain.ButtonEnabled(12);
         ts->mnuFileClose_Click();
-        QVERIFY(ts->documents().empty());
-        QCOMPARE(itemsOn(*ts, kDocumentItems), QStringList());
-        // New, Open, the view toggles, Preferences, Exit and Help still work; Redo's button
-        // is not touched.
-        QCOMPARE(itemsOn(*ts, kAlwaysOn), kAlwaysOn);
-        QCOMPARE(buttonsOn(ts->tbrMain), redoButton ? "0 1 2 12 16 17" : "0 1 2 16 17");
-        QCOMPARE(buttonsOn(ts->tbrTags), "");
-        QCOMPARE(buttonsOn(ts->tbrForms), "");
-        for (int i = 0; i < ts->tbrTags.ButtonCount(); ++i)
-            QVERIFY(!ts->tbrTags.ButtonChecked(i));
-        QVERIFY(!ts->TabStrip1.Visible() && ts->bCommandsDisabled);
         ts->mnuViewFmtTlb_Click();
         ts->tbrMain.press(17);
         QCOMPARE(viewState(*ts), synced("1001"));
-        // A new document brings the commands back, Paste by the clipboard.
         ts.platform.clipboard = QStringLiteral("x");
         ts->tbrMain.press(0);
         QCOMPARE(ts->documents().size(), size_t(1));

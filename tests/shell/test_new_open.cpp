@@ -1,17 +1,42 @@
-// New documents and Open: skeletons, numbering, the "Document 1" reuse rule, messages.
-#include "editor/text_pane.h"
-#include "shell/skeletons.h"
+// New documents, Open and the recent file list: skeletons, numbering, the "Document 1" reuse
+// rule, the doors to a file with their messages, the tabs, and the list's own rules.
+#include "shell_helpers.h"
 #include "test_rows.h"
-#include "test_shell.h"
+#include <QSignalSpy>
 
 using namespace tsl;
 using namespace tsl::test;
+
+namespace {
+const QString kRecent = QStringLiteral("Recent File List");
+const QStringList kKeys = words("1stRecentFile 2ndRecentFile 3rdRecentFile 4thRecentFile");
+
+void storeList(SettingsStore& settings, const QStringList& paths) {
+    for (int i = 0; i < paths.size(); ++i)
+        settings.save(kRecent, kKeys.at(i), paths.at(i));
+}
+QStringList storedList(const SettingsStore& settings) {
+    QStringList paths;
+    for (const QString& key : kKeys)
+        paths.append(settings.get(kRecent, key));
+    return paths;
+}
+// The captions of the entries shown.
+QStringList recentShown(ShellMDI& shell) {
+    QStringList shown;
+    for (int i = 0; i < 4; ++i) {
+        const MenuItem& item = shell.menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
+        if (item.Visible()) shown.append(item.Caption());
+    }
+    return shown;
+}
+} // namespace
 
 class NewOpenTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void htmlSkeletonAndCaret() {
+    void newDocuments() {
         TestShell ts;
         ts.load();
         codeEditor& doc = ts.active();
@@ -20,38 +45,18 @@ class NewOpenTest : public QObject {
                                 "name=\"GENERATOR\" content=\"Tessaline 2\">\n</head>\n<body>\n\n"
                                 "</body>\n</html>"));
         QCOMPARE(doc.codebox().SelStart(), 106); // the empty line between the body tags
-        QCOMPARE(doc.Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
-        QCOMPARE(doc.CSSDoc, QStringLiteral("No"));
-        QCOMPARE(doc.txtFileName, QStringLiteral("Document 1"));
-        QCOMPARE(doc.txtFileTitle, QStringLiteral("Label2"));
-        QCOMPARE(doc.codebox().FileName(), QString());
         QCOMPARE(doc.codebox().SelIndent(), 80);
-        QCOMPARE(ts->TabStrip1.count(), 1);
-        QCOMPARE(ts->TabStrip1.tab(0).Key, QStringLiteral("Document 1"));
-        QCOMPARE(ts->TabStrip1.tab(0).Caption, QStringLiteral("Document 1"));
-    }
-
-    void cssSkeleton() {
-        TestShell ts;
-        ts.load();
+        QCOMPARE(docState(doc), docState("Document 1", "Document 1", "Label2"));
+        QCOMPARE(tabState(*ts), "Document 1=Document 1@0");
         ts->mnuFileNewCSS_Click();
-        codeEditor& doc = ts.active();
-        QCOMPARE(doc.codebox().Text(),
+        codeEditor& css = ts.active();
+        QCOMPARE(css.codebox().Text(),
                  QStringLiteral("/* This is an external style sheet. For more information look "
                                 "up 'external style sheets' in the help file */\n"));
-        QCOMPARE(doc.codebox().SelStart(), doc.codebox().length());
-        QCOMPARE(doc.CSSDoc, QStringLiteral("Yes"));
-        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
-        QCOMPARE(doc.Caption(), QStringLiteral("Document 2"));
+        QCOMPARE(css.codebox().SelStart(), css.codebox().length());
+        QCOMPARE(css.Caption() + css.CSSDoc + css.Tag, "Document 2YesClean");
         QCOMPARE(ts->TabStrip1.selectedIndex(), 1);
-    }
-
-    void numbersOnlyGrow() {
-        TestShell ts;
-        ts.load();
-        ts->mnuFileNewHTML_Click();
-        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 2"));
+        // Numbers only grow.
         ts->mnuFileClose_Click();
         ts->mnuFileClose_Click();
         QVERIFY(ts->documents().empty());
@@ -60,24 +65,18 @@ class NewOpenTest : public QObject {
         QCOMPARE(ts->nDocumentCount, 3);
     }
 
-    void fontAndWrapComeFromSettings_data() {
-        columns<QString, int>({"wrap", "margin"});
-        QTest::newRow("default wraps") << QString() << 0;
-        QTest::newRow("1 wraps") << "1" << 0;
-        QTest::newRow("0 does not wrap") << "0" << 120000;
-        QTest::newRow("anything else wraps") << "yes" << 0;
-    }
+    // The stored wrap: only "0" does not wrap. Size and font come from the store too.
     void fontAndWrapComeFromSettings() {
-        QFETCH(QString, wrap);
-        QFETCH(int, margin);
-        TestShell ts;
-        if (!wrap.isNull()) ts.settings.save("Fuzzies", "Word Wrap", wrap);
-        ts.settings.save("Fuzzies", "Font Size", "14");
-        ts.load();
-        ts->mnuFileNewHTML_Click();
-        QCOMPARE(ts.active().codebox().RightMargin(), margin);
-        QCOMPARE(ts.active().codebox().FontSize(), 14.0);
-        QCOMPARE(ts.active().codebox().FontName(), QStringLiteral("Courier New"));
+        for (auto [wrap, margin] : {std::pair{"", 0}, {"1", 0}, {"0", 120000}, {"yes", 0}}) {
+            TestShell ts;
+            if (*wrap) ts.settings.save("Fuzzies", "Word Wrap", wrap);
+            ts.settings.save("Fuzzies", "Font Size", "14");
+            ts.load();
+            ts->mnuFileNewHTML_Click();
+            QCOMPARE(ts.active().codebox().RightMargin(), margin);
+            QCOMPARE(ts.active().codebox().FontSize(), 14.0);
+            QCOMPARE(ts.active().codebox().FontName(), QStringLiteral("Courier New"));
+        }
     }
 
     void openReplacesUntouchedDocumentOne() {
@@ -87,17 +86,9 @@ class NewOpenTest : public QObject {
         ts.load();
         codeEditor& doc = ts.open(path);
         QCOMPARE(ts->documents().size(), size_t(1));
-        QCOMPARE(doc.Caption(), path);
-        QCOMPARE(doc.txtFileName, path);
-        QCOMPARE(doc.txtFileTitle, QStringLiteral("page.htm"));
+        QCOMPARE(docState(doc), docState(path, path, "page.htm", "No", path));
         QCOMPARE(doc.codebox().Text(), QStringLiteral("<p>hi</p>"));
-        QCOMPARE(doc.codebox().FileName(), path);
-        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
-        QCOMPARE(doc.CSSDoc, QStringLiteral("No"));
-        QCOMPARE(ts->TabStrip1.count(), 1);
-        QCOMPARE(ts->TabStrip1.tab(0).Key, path);
-        QCOMPARE(ts->TabStrip1.tab(0).Caption, QStringLiteral("page.htm"));
-        QCOMPARE(ts->TabStrip1.selectedIndex(), 0);
+        QCOMPARE(tabState(*ts), path + "=page.htm@0");
         QCOMPARE(ts->OpenSave.InitDir, QString());
         QVERIFY(ts.platform.messages.isEmpty());
         // The dialog was set up once at start-up and offered the program's filter.
@@ -108,6 +99,11 @@ class NewOpenTest : public QObject {
         QCOMPARE(shown.Filter, QStringLiteral("HTML Files (*.htm, *.html, *.shtml; *.asp)|*.htm; "
                                               "*.html; *.shtml; *.asp|CSS Documents (*.css)|*.css|"
                                               "Text Documents (*.txt)|*.txt"));
+        // A cancelled Open changes nothing.
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
+        ts->mnuFileOpen_Click();
+        QCOMPARE(tabState(*ts), path + "=page.htm@0");
+        QVERIFY(ts.platform.messages.isEmpty());
     }
 
     // A changed "Document 1", or any later untitled document, is never replaced.
@@ -161,7 +157,7 @@ class NewOpenTest : public QObject {
         const QString path =
             name.isEmpty() ? QStringLiteral("/nowhere/gone.htm") : writeFile(dir, name, "body {}");
         TestShell ts;
-        if (recent) ts.settings.save("Recent File List", "1stRecentFile", path);
+        if (recent) storeList(ts.settings, {path});
         ts.load();
         for (int i = 0; i < opens; ++i) {
             if (recent)
@@ -179,19 +175,7 @@ class NewOpenTest : public QObject {
             QTEST(int(m.icon), "icon");
         QVERIFY(!ts->bFileAlreadyOpen);
         // A missing recent file stays on the list.
-        if (name.isEmpty())
-            QCOMPARE(ts.settings.get("Recent File List", "1stRecentFile"),
-                     recent ? path : QString());
-    }
-
-    // A cancelled Open changes nothing.
-    void aCancelledOpen() {
-        TestShell ts;
-        ts.load();
-        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
-        ts->mnuFileOpen_Click();
-        QVERIFY(ts.platform.messages.isEmpty());
-        QCOMPARE(ts->TabStrip1.tab(0).Key, QStringLiteral("Document 1"));
+        if (name.isEmpty()) QCOMPARE(storedList(ts.settings).at(0), recent ? path : QString());
     }
 
     void openSeveralFiles() {
@@ -205,21 +189,13 @@ class NewOpenTest : public QObject {
             FileDialogAnswer::files(dir.path() + "/", {"a.htm", "b.css"}));
         ts->mnuFileOpen_Click();
         QCOMPARE(ts->documents().size(), size_t(2));
-        const codeEditor* a = ts->documents()[0];
-        const codeEditor* b = ts->documents()[1];
-        QCOMPARE(a->Caption(), dir.path() + "/a.htm");
-        QCOMPARE(b->Caption(), dir.path() + "/b.css");
-        QCOMPARE(a->codebox().Text(), QStringLiteral("A"));
+        const QString a = dir.path() + "/a.htm", b = dir.path() + "/b.css";
         // Both windows take the dialog's one title; only the last gets its kind.
-        QCOMPARE(a->txtFileTitle, QStringLiteral("a.htm"));
-        QCOMPARE(b->txtFileTitle, QStringLiteral("a.htm"));
-        QCOMPARE(a->CSSDoc, QStringLiteral("No"));
-        QCOMPARE(b->CSSDoc, QStringLiteral("Yes"));
-        QCOMPARE(ts->TabStrip1.count(), 2);
-        QCOMPARE(ts->TabStrip1.tab(0).Caption, QStringLiteral("a.htm"));
-        QCOMPARE(ts->TabStrip1.tab(1).Caption, QStringLiteral("b.css"));
-        QCOMPARE(ts->TabStrip1.selectedIndex(), 1);
-        QCOMPARE(ts.active().Caption(), dir.path() + "/b.css");
+        QCOMPARE(docState(*ts->documents()[0]), docState(a, a, "a.htm", "No", a));
+        QCOMPARE(docState(*ts->documents()[1]), docState(b, b, "a.htm", "Yes", b));
+        QCOMPARE(ts->documents()[0]->codebox().Text(), QStringLiteral("A"));
+        QCOMPARE(tabState(*ts), a + "=a.htm;" + b + "=b.css@1");
+        QCOMPARE(ts.active().Caption(), b);
     }
 
     void openSeveralWithOneOpenAndOneMissing() {
@@ -242,19 +218,15 @@ class NewOpenTest : public QObject {
         QCOMPARE(ts.active().Caption(), dir.path() + "/c.htm");
     }
 
-    void checkFileOpenIsCaseSensitiveAndSticky() {
+    void checkFileOpenAndStripItem() {
         TestShell ts;
         ts.load();
-        ts->CheckFileOpen("document 1");
+        ts->CheckFileOpen("document 1"); // case counts
         QVERIFY(!ts->bFileAlreadyOpen);
         ts->CheckFileOpen("Document 1");
         QVERIFY(ts->bFileAlreadyOpen);
         ts->CheckFileOpen("nothing");
         QVERIFY(ts->bFileAlreadyOpen); // only the caller clears it
-    }
-
-    void stripItem() {
-        TestShell ts;
         QString s = QStringLiteral("folder") + QChar(0) + "a.htm" + QChar(0);
         QCOMPARE(ts->StripItem(s, QString(QChar(0))), QStringLiteral("folder"));
         QCOMPARE(s, QStringLiteral("a.htm") + QChar(0));
@@ -264,36 +236,139 @@ class NewOpenTest : public QObject {
         QCOMPARE(errorOf([&] { ts->StripItem(none, QStringLiteral(";")); }), 6);
     }
 
+    // A tab click brings its window forward with drawing held meanwhile, unless a tab is being
+    // selected already; the next and previous document go by the tabs.
     void activationAndTabsAgree() {
         TestShell ts;
         ts.load();
         ts->mnuFileNewHTML_Click();
+        ts->mnuFileNewHTML_Click();
         codeEditor* first = ts->documents()[0];
         first->ZOrder();
-        QCOMPARE(ts->ActiveForm(), first);
         QCOMPARE(ts->TabStrip1.selectedIndex(), 0);
         QVERIFY(!ts->bSelectingTab);
-        // A tab click brings its window forward, unless a tab is being selected already.
+        QSignalSpy frozen(ts.shell.get(), &ShellMDI::drawingFrozen);
         ts->TabStrip1.select(1);
         QCOMPARE(ts->ActiveForm(), ts->documents()[1]);
+        QCOMPARE(frozen.count(), 2);
+        QVERIFY(frozen.at(0).at(0).toBool() && !frozen.at(1).at(0).toBool());
         ts->TabStrip1.select(0);
-        QCOMPARE(ts->ActiveForm(), ts->documents()[0]);
+        QCOMPARE(ts->ActiveForm(), first);
         ts->bSelectingTab = true;
         ts->TabStrip1.select(1);
-        QCOMPARE(ts->ActiveForm(), ts->documents()[0]);
-    }
-
-    void nextAndPreviousDocument() {
-        TestShell ts;
-        ts.load();
-        ts->mnuFileNewHTML_Click();
-        ts->mnuFileNewHTML_Click();
-        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 3"));
+        QCOMPARE(ts->ActiveForm(), first);
+        ts->bSelectingTab = false;
+        ts->documents()[2]->ZOrder();
         ts->activateNextDocument(false);
         QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
         ts->activateNextDocument(true);
         QCOMPARE(ts.active().Caption(), QStringLiteral("Document 3"));
         QCOMPARE(ts->TabStrip1.selectedIndex(), 2);
+    }
+
+    // ---- the recent file list ----
+
+    // Stored entries show in order up to the first empty one; the bar above them shows with
+    // the first.
+    void storedEntriesShow() {
+        const QList<std::pair<QStringList, QStringList>> cases = {
+            {{}, {}},
+            {{"/w/a.htm", "/w/b.htm", "", "/w/d.htm"}, {"/w/a.htm", "/w/b.htm"}},
+            {{"", "/w/b.htm"}, {}}};
+        for (const auto& [stored, shown] : cases) {
+            TestShell ts;
+            storeList(ts.settings, stored);
+            ts.load();
+            QCOMPARE(recentShown(*ts), shown);
+            QCOMPARE(ts->menu("mnuFileBar6").Visible(), !shown.isEmpty());
+        }
+    }
+
+    // The list before, the path added, the list after. A hit moves its entry, with its own
+    // spelling, to the top; a new path pushes the oldest out; the first again writes nothing.
+    void addingAPath_data() {
+        columns<QString, QString, QString>({"before", "path", "after"});
+        const char* const four = "/w/A.htm /w/B.htm /w/C.htm /w/D.htm";
+        QTest::newRow("first") << four << "/W/a.htm" << four;
+        QTest::newRow("second") << four << "/w/B.htm"
+                                << "/w/B.htm /w/A.htm /w/C.htm /w/D.htm";
+        QTest::newRow("third") << four << "/w/C.htm"
+                               << "/w/C.htm /w/A.htm /w/B.htm /w/D.htm";
+        QTest::newRow("fourth") << four << "/w/D.htm"
+                                << "/w/D.htm /w/A.htm /w/B.htm /w/C.htm";
+        QTest::newRow("new") << four << "/w/E.htm"
+                             << "/w/E.htm /w/A.htm /w/B.htm /w/C.htm";
+        QTest::newRow("hit") << four << "/W/b.HTM"
+                             << "/w/B.htm /w/A.htm /w/C.htm /w/D.htm";
+        QTest::newRow("short list") << "/w/A.htm"
+                                    << "/w/E.htm"
+                                    << "/w/E.htm /w/A.htm";
+    }
+    void addingAPath() {
+        QFETCH(QString, before);
+        QFETCH(QString, path);
+        QFETCH(QString, after);
+        TestShell ts;
+        storeList(ts.settings, before.split(u' '));
+        ts.load();
+        const int writes = ts.settings.writeCount();
+        ts->AddRecentFile(path, QStringLiteral("ignored"));
+        QStringList stored = after.split(u' ');
+        QCOMPARE(recentShown(*ts), stored);
+        while (stored.size() < 4)
+            stored.append(QString());
+        QCOMPARE(storedList(ts.settings), stored);
+        if (before == after) QCOMPARE(ts.settings.writeCount(), writes);
+    }
+
+    void openingAnEntry() {
+        QTemporaryDir dir;
+        const QString other = writeFile(dir, "other.htm", "x");
+        const QString style = writeFile(dir, "site.css", "body {}");
+        TestShell ts;
+        storeList(ts.settings, {other, style});
+        ts.load();
+        ts->mnuFileMRU_Click(1);
+        codeEditor& doc = ts.active();
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("body {}"));
+        QCOMPARE(docState(doc), docState(style, style, "site.css", "Yes", style));
+        // The untouched first document made way; the next file dialog starts in the folder.
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QCOMPARE(ts->OpenSave.InitDir, dir.path() + QLatin1Char('/'));
+        QCOMPARE(tabState(*ts), style + "=site.css@0");
+        QCOMPARE(storedList(ts.settings), (QStringList{style, other, "", ""}));
+        QVERIFY(ts.platform.messages.isEmpty());
+        // The title is the text after the last "/"; a backslash is part of the name.
+        QCOMPARE(ts->FileTitleFromPath("index.htm"), QStringLiteral("index.htm"));
+        QCOMPARE(ts->FileTitleFromPath("/w/a\\b.htm"), QStringLiteral("a\\b.htm"));
+    }
+
+    void entriesBelowTheFirstGetAPicture() {
+        // The first entry gets none; then twenty menus ask for the third entry's picture, in a
+        // fresh program. Any wrong answer gives an empty list.
+        const auto pictures = []() -> QList<int> {
+            TestShell ts;
+            QString key = QStringLiteral("unchanged");
+            int icon = -7;
+            storeList(ts.settings, words("/w/A.htm /w/B.htm /w/C.htm"));
+            ts.load();
+            ts->nMenuIconCount = 26;
+            if (ts->ctlPopMenu_RequestNewMenuDetails("/w/A.htm", key, icon) ||
+                ts->ctlPopMenu_RequestNewMenuDetails("/w/a.htm", key, icon) || key != "unchanged")
+                return {};
+            QList<int> shown;
+            for (int round = 0; round < 20; ++round) {
+                const bool asked = ts->ctlPopMenu_RequestNewMenuDetails("/w/C.htm", key, icon);
+                if (!asked || key != "mnuFile(2)" || icon < -1 || icon > 25) return {};
+                shown.append(icon);
+            }
+            return shown;
+        };
+        const QList<int> first = pictures();
+        QCOMPARE(first.size(), 20);
+        // The picture changes from menu to menu, and every run shows the same pictures.
+        QVERIFY(first.count(first.first()) < first.size());
+        QCOMPARE(pictures(), first);
     }
 };
 

@@ -1,9 +1,8 @@
 // The Preferences dialog: what it shows from the store, what OK writes and does to the open
 // documents, the 72 point rule, the browse buttons, and Cancel.
 #include "shell/frm_options.h"
+#include "shell_helpers.h"
 #include "test_rows.h"
-#include "test_shell.h"
-#include <QTest>
 #include <optional>
 
 using namespace tsl;
@@ -52,95 +51,54 @@ QString paneOf(const codeEditor* doc) {
         .arg(doc->codebox().FontSize())
         .arg(doc->codebox().RightMargin());
 }
-
-const QString kTooLarge = QStringLiteral(
-    "An integer higher than 72 was entered. The size has now been reduced to 9 points.");
 } // namespace
 
 class PreferencesTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void emptyStoreDefaults() {
-        TestShell ts;
-        ts.load();
+    void whatTheDialogShows() {
+        Loaded ts;
         // The wrap box stands clear while the documents wrap.
         QCOMPARE(look(ts), QStringLiteral("Courier New|9|9|0|1|1|None|"));
         QCOMPARE(ts.forms.shown, QStringList({"frmOptions"}));
-        ts->mnuFileNewHTML_Click();
-        for (const codeEditor* doc : ts->documents())
-            QCOMPARE(paneOf(doc), QStringLiteral("Courier New 9 0"));
+        QCOMPARE(paneOf(&ts.active()), QStringLiteral("Courier New 9 0"));
         QCOMPARE(ts.settings.writeCount(), 0);
         preferences(ts, [&](frmOptions& f) {
             QCOMPARE(f.Caption(), QStringLiteral("Preferences"));
             QCOMPARE(f.FontFace.items(), ts.platform.fonts);
-            f.Cancel.press();
-        });
-    }
-
-    void storedValuesFillTheBox() {
-        TestShell ts;
-        ts.settings.save("Fuzzies", "Font Name", "Arial");
-        ts.settings.save("Fuzzies", "Font Size", "12");
-        ts.settings.save("Fuzzies", "Word Wrap", "1");
-        ts.settings.save("Fuzzies", "Auto Close Tag", "No");
-        ts.settings.save("Fuzzies", "Default Dir", "/srv/www");
-        ts.settings.save("Fuzzies", "Use Relative", "No");
-        ts.settings.save("Browser", "BrowserLoc", "/usr/bin/lynx");
-        ts.load();
-        QCOMPARE(look(ts), QStringLiteral("Arial|12|12|1|0|0|/usr/bin/lynx|/srv/www"));
-    }
-
-    void captions() {
-        const QStringList expected =
-            QStringLiteral(
-                "Font &Name:|Font &Size:|&Word Wrap|Auto &Close Bracket|Secondary B&rowser:|"
-                "Default Directory:|Calculate Relative Paths|Note: your default browser has "
-                "already been defined by Tessaline, based on your computer's associations for "
-                "htm / html file types.|Editor Settings|File Locations")
-                .split(u'|');
-        TestShell ts;
-        ts.load();
-        preferences(ts, [&](frmOptions& f) {
             QStringList captions;
             for (const Label* label : std::initializer_list<const Label*>{
                      &f.lblFontFace, &f.lblSize, &f.chkWordWrap, &f.chkAutoClose, &f.lblBrowser,
                      &f.lblDefaultDir, &f.chkRelative, &f.Label1, &f.fraEditor, &f.fraLocations})
                 captions.append(label->Caption());
-            QCOMPARE(captions, expected);
+            QCOMPARE(captions.join(u'|'),
+                     "Font &Name:|Font &Size:|&Word Wrap|Auto &Close Bracket|Secondary B&rowser:|"
+                     "Default Directory:|Calculate Relative Paths|Note: your default browser has "
+                     "already been defined by Tessaline, based on your computer's associations for "
+                     "htm / html file types.|Editor Settings|File Locations");
+            // Digits and backspace pass the size box; anything else is dropped.
+            for (const char key : std::string("059\baX/:.- \t")) {
+                const bool passes = key == 8 || (key >= '0' && key <= '9');
+                int code = key;
+                f.Size_KeyPress(code);
+                QCOMPARE(code, passes ? int(key) : 0);
+                f.Size.setText("12");
+                f.Size.typeKey(key);
+                QCOMPARE(f.Size.Text(), !passes ? QStringLiteral("12")
+                                                : (key == 8 ? QStringLiteral("1")
+                                                            : QStringLiteral("12") + QChar(key)));
+            }
             f.Cancel.press();
         });
+        Loaded stored({"Fuzzies/Font Name=Arial", "Fuzzies/Font Size=12", "Fuzzies/Word Wrap=1",
+                       "Fuzzies/Auto Close Tag=No", "Fuzzies/Default Dir=/srv/www",
+                       "Fuzzies/Use Relative=No", "Browser/BrowserLoc=/usr/bin/lynx"});
+        QCOMPARE(look(stored), QStringLiteral("Arial|12|12|1|0|0|/usr/bin/lynx|/srv/www"));
     }
 
-    // Digits and backspace pass the size box; anything else is dropped.
-    void sizeKeyPress_data() {
-        columns<int, bool>({"key", "passes"});
-        for (int key : {int('0'), int('5'), int('9'), 8})
-            QTest::addRow("%d", key) << key << true;
-        for (int key : {int('a'), int('X'), int('/'), int(':'), int('.'), int('-'), int(' '), 9})
-            QTest::addRow("%d", key) << key << false;
-    }
-    void sizeKeyPress() {
-        QFETCH(int, key);
-        QFETCH(bool, passes);
-        TestShell ts;
-        ts.load();
-        preferences(ts, [&](frmOptions& f) {
-            int code = key;
-            f.Size_KeyPress(code);
-            QCOMPARE(code, passes ? key : 0);
-            // Typed into the box, the key reaches the text or does not.
-            f.Size.setText("12");
-            f.Size.typeKey(key);
-            const QString expected =
-                !passes ? QStringLiteral("12")
-                        : (key == 8 ? QStringLiteral("1") : QStringLiteral("12") + QChar(key));
-            QCOMPARE(f.Size.Text(), expected);
-            f.Cancel.press();
-        });
-    }
-
-    // Font, size, the three boxes, browser, folder: the keys written, the open documents.
+    // Font, size, the three boxes, browser, folder: the keys written, the margin the open
+    // documents take, and what the dialog shows next.
     void okWritesEveryKey_data() {
         columns<QString, QString, int, QString>({"values", "stored", "margin", "shown"});
         QTest::newRow("ticked") << "Arial|14|1|1|1|/usr/bin/lynx|/srv/www"
@@ -150,13 +108,15 @@ class PreferencesTest : public QObject {
                                  << "Times New Roman|6|0|No|No|/home/me/my pages|/opt/b/browser"
                                  << 120000
                                  << "Times New Roman|6|6|0|0|0|/opt/b/browser|/home/me/my pages";
+        // An empty browser is stored as "None".
+        QTest::newRow("no browser") << "Arial|9|1|1|1||"
+                                    << "Arial|9|1|Yes|Yes||None" << 0 << "Arial|9|9|1|1|1|None|";
     }
     void okWritesEveryKey() {
         QFETCH(QString, values);
         QFETCH(int, margin);
         const QStringList v = values.split(u'|');
-        TestShell ts;
-        ts.load();
+        Loaded ts;
         ts->mnuFileNewCSS_Click();
         ts->mnuFileNewHTML_Click();
         okWith(ts, [&](frmOptions& f) {
@@ -191,7 +151,7 @@ class PreferencesTest : public QObject {
     }
 
     // The size typed: what is stored, whether the 72 point message shows, the size the open
-    // documents take, and a new one's. Under the spinner's range gets through; nonsense
+    // document takes, and a new one's. Under the spinner's range gets through; nonsense
     // fails unseen, and the statements after it still run.
     void sizeRules_data() {
         columns<QString, QString, bool, double, double>({"typed", "stored", "told", "open", "new"});
@@ -208,8 +168,7 @@ class PreferencesTest : public QObject {
         QFETCH(QString, typed);
         QFETCH(QString, stored);
         QFETCH(bool, told);
-        TestShell ts;
-        ts.load();
+        Loaded ts;
         okWith(ts, [&](frmOptions& f) {
             f.Size.setText(typed);
             f.FontFace.setText("Arial");
@@ -217,9 +176,9 @@ class PreferencesTest : public QObject {
         QCOMPARE(ts.platform.messages.size(), told ? 1 : 0);
         if (told) {
             const ShownMessage& m = ts.platform.messages[0];
-            QCOMPARE(m.text, kTooLarge);
-            QCOMPARE(m.icon, MsgIcon::Information);
-            QCOMPARE(m.buttons, MsgButtons::OK);
+            QCOMPARE(m.text, "An integer higher than 72 was entered. The size has now been "
+                             "reduced to 9 points.");
+            QVERIFY(m.icon == MsgIcon::Information && m.buttons == MsgButtons::OK);
             QCOMPARE(m.title, QString());
         }
         QCOMPARE(ts.settings.get("Fuzzies", "Font Size"), stored);
@@ -231,18 +190,8 @@ class PreferencesTest : public QObject {
         QCOMPARE(look(ts).section(u'|', 1, 1), stored);
     }
 
-    void emptyBrowserStoresNone() {
-        TestShell ts;
-        ts.load();
-        okWith(ts, [](frmOptions& f) { f.Text1.setText(""); });
-        QCOMPARE(ts.settings.get("Browser", "BrowserLoc"), QStringLiteral("None"));
-        QCOMPARE(ts->sSecondaryBrowser, QString());
-        QCOMPARE(look(ts).section(u'|', 6, 6), QStringLiteral("None"));
-    }
-
     void relativePathsOffForThisRunOnly() {
-        TestShell ts;
-        ts.load();
+        Loaded ts;
         okWith(ts, [](frmOptions& f) { f.chkRelative.setValue(0); });
         QCOMPARE(ts.settings.get("Fuzzies", "Use Relative"), QStringLiteral("No"));
         QVERIFY(!ts->bUseRelative);
@@ -250,16 +199,13 @@ class PreferencesTest : public QObject {
         ts.shell = std::make_unique<ShellMDI>(ts.platform, ts.settings, ts.surfaces, ts.forms);
         ts.load();
         QVERIFY(ts->bUseRelative);
-        QCOMPARE(ts.settings.get("Fuzzies", "UseRelative", "unwritten"),
-                 QStringLiteral("unwritten"));
+        QCOMPARE(ts.settings.get("Fuzzies", "UseRelative", "unwritten"), "unwritten");
         // ...while the box shows the stored "Use Relative", clear.
         QCOMPARE(look(ts).section(u'|', 5, 5), QStringLiteral("0"));
     }
 
     void defaultDirSetsTheFileDialogOnlyWhenChanged() {
-        TestShell ts;
-        ts.settings.save("Fuzzies", "Default Dir", "/srv/www");
-        ts.load();
+        Loaded ts({"Fuzzies/Default Dir=/srv/www"});
         QCOMPARE(ts->OpenSave.InitDir, QStringLiteral("/srv/www"));
         // The shared dialog has moved on since (as an Open does).
         ts->OpenSave.InitDir = QStringLiteral("/home/me/elsewhere");
@@ -282,9 +228,7 @@ class PreferencesTest : public QObject {
     void command2PicksTheDefaultFolder() {
         QFETCH(std::optional<QString>, chosen);
         QFETCH(QString, shown);
-        TestShell ts;
-        ts.settings.save("Fuzzies", "Default Dir", "/srv/www");
-        ts.load();
+        Loaded ts({"Fuzzies/Default Dir=/srv/www"});
         ts.platform.folderAnswers.enqueue(chosen);
         QString box;
         okWith(ts, [&](frmOptions& f) {
@@ -298,41 +242,32 @@ class PreferencesTest : public QObject {
 
     // Browsing for the secondary browser: a file chosen fills the box and leaves the shared
     // dialog at the document's folder; cancelled, nothing changes.
-    void command1BrowsesForTheSecondaryBrowser_data() {
-        columns<bool, QString, QString>({"choose", "box", "initDir"});
-        QTest::newRow("chosen") << true << "/usr/bin/lynx"
-                                << "/home/me/site/";
-        QTest::newRow("cancelled") << false << "/usr/bin/old"
-                                   << "/srv/www";
-    }
     void command1BrowsesForTheSecondaryBrowser() {
-        QFETCH(bool, choose);
-        TestShell ts;
-        ts.settings.save("Browser", "BrowserLoc", "/usr/bin/old");
-        ts.load();
-        ts.active().txtFileName = QStringLiteral("/home/me/site/index.htm");
-        ts.active().txtFileTitle = QStringLiteral("index.htm");
-        ts->OpenSave.InitDir = QStringLiteral("/srv/www");
-        const int writes = ts.settings.writeCount();
-        ts.platform.fileAnswers.enqueue(choose ? FileDialogAnswer::file("/usr/bin/lynx")
-                                               : FileDialogAnswer::cancel());
-        QString box;
-        preferences(ts, [&](frmOptions& f) {
-            f.Command1.press();
-            box = f.Text1.Text();
-            f.Cancel.press();
-        });
-        QCOMPARE(ts.platform.fileDialogsShown.size(), 1);
-        QVERIFY(ts.platform.fileDialogsShown[0].CancelError);
-        QTEST(box, "box");
-        QTEST(ts->OpenSave.InitDir, "initDir");
-        QCOMPARE(ts.settings.writeCount(), writes);
-        QVERIFY(ts.platform.messages.isEmpty());
+        for (const bool choose : {true, false}) {
+            Loaded ts({"Browser/BrowserLoc=/usr/bin/old"});
+            ts.active().txtFileName = QStringLiteral("/home/me/site/index.htm");
+            ts.active().txtFileTitle = QStringLiteral("index.htm");
+            ts->OpenSave.InitDir = QStringLiteral("/srv/www");
+            const int writes = ts.settings.writeCount();
+            ts.platform.fileAnswers.enqueue(choose ? FileDialogAnswer::file("/usr/bin/lynx")
+                                                   : FileDialogAnswer::cancel());
+            QString box;
+            preferences(ts, [&](frmOptions& f) {
+                f.Command1.press();
+                box = f.Text1.Text();
+                f.Cancel.press();
+            });
+            QCOMPARE(ts.platform.fileDialogsShown.size(), 1);
+            QVERIFY(ts.platform.fileDialogsShown[0].CancelError);
+            QCOMPARE(box + ts->OpenSave.InitDir,
+                     choose ? "/usr/bin/lynx/home/me/site/" : "/usr/bin/old/srv/www");
+            QCOMPARE(ts.settings.writeCount(), writes);
+            QVERIFY(ts.platform.messages.isEmpty());
+        }
     }
 
     void cancelWritesNothing() {
-        TestShell ts;
-        ts.load();
+        Loaded ts;
         preferences(ts, [](frmOptions& f) {
             f.FontFace.setText("Arial");
             f.Size.setText("100");

@@ -1,9 +1,8 @@
 // Links relative to the active document: the string steps with either separator, and the
 // routine with its file dialog, the setting and the climbing flag.
 #include "shell/relative_path.h"
+#include "shell_helpers.h"
 #include "test_rows.h"
-#include "test_shell.h"
-#include <QTest>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -13,29 +12,6 @@ namespace {
 QString titleOf(const QString& path, QChar separator) {
     return path.mid(path.lastIndexOf(separator) + 1);
 }
-
-struct Chooser {
-    TestShell ts;
-    TextBox target{QStringLiteral("target")};
-    CommonDialog dialog{ts.platform};
-
-    // A document saved as `path`, and a browse that answers `chosen`.
-    explicit Chooser(const QString& documentPath) {
-        ts.load();
-        codeEditor& doc = ts.active();
-        if (!documentPath.isEmpty()) {
-            doc.codebox().setFileName(documentPath);
-            doc.txtFileTitle = titleOf(documentPath, kPathSeparator);
-        }
-        ts->txtTemp1 = doc.codebox().FileName();
-        target.setText(QStringLiteral("before"));
-    }
-    QString browse(const FileDialogAnswer& answer) {
-        ts.platform.fileAnswers.enqueue(answer);
-        ts->RelativePath(dialog, target);
-        return target.Text();
-    }
-};
 } // namespace
 
 class RelativePathTest : public QObject {
@@ -46,8 +22,7 @@ class RelativePathTest : public QObject {
     // another drive, unless the document is on the network too; the climb compares one
     // character short of the folder name; a sub-folder keeps its spelling.
     void links_data() {
-        columns<QString, QString, QString, QString, bool>(
-            {"separator", "document", "chosen", "link", "up"});
+        columns<QStringList>({"row"});
         const char* const rows[] = {
             R"(C:\web\site\page.htm|C:\web\site\a.gif|a.gif|0)",
             R"(C:\web\site\page.htm|C:\web\site\img\a.gif|img/a.gif|0)",
@@ -68,25 +43,16 @@ class RelativePathTest : public QObject {
             "/home/web/site/page.htm|/home/a.gif|../../a.gif|1",
             "/home/web/site/page.htm|/HOME/Web/SITE/a.gif|a.gif|0",
             "|/home/a.gif|/home/a.gif|0"}; // an untitled document
-        for (const char* row : rows) {
-            const QStringList f = QString::fromUtf8(row).split(u'|');
-            const QString sep =
-                f.at(1).contains(u'\\') ? QStringLiteral("\\") : QStringLiteral("/");
-            QTest::newRow(row) << sep << f.at(0) << f.at(1) << f.at(2)
-                               << (f.at(3) == QLatin1String("1"));
-        }
+        for (const char* row : rows)
+            QTest::newRow(row) << QString::fromUtf8(row).split(u'|');
     }
     void links() {
-        QFETCH(QString, separator);
-        QFETCH(QString, document);
-        QFETCH(QString, chosen);
-        QFETCH(QString, link);
-        QFETCH(bool, up);
-        const QChar sep = separator.at(0);
-        const RelativeLink result =
-            relativeLink(document, titleOf(document, sep), chosen, titleOf(chosen, sep), sep);
-        QCOMPARE(result.link, link);
-        QCOMPARE(result.up, up);
+        QFETCH(QStringList, row);
+        const QChar sep = row.at(1).contains(u'\\') ? u'\\' : u'/';
+        const RelativeLink result = relativeLink(row.at(0), titleOf(row.at(0), sep), row.at(1),
+                                                 titleOf(row.at(1), sep), sep);
+        QCOMPARE(result.link, row.at(2));
+        QCOMPARE(result.up, row.at(3) == u'1');
     }
 
     void aClimbPastTheFolderFails() {
@@ -96,53 +62,45 @@ class RelativePathTest : public QObject {
                                               "C:\\we\\a.gif", "a.gif", QLatin1Char('\\')));
     }
 
+    // The document, the file chosen ("" a cancel), relative paths on?, the dialog's cancel
+    // error, then what the target holds and whether the link climbs. A cancel or a failing
+    // climb leaves the target as it was, silently.
+    void theRoutineWritesTheLinkIntoTheTarget_data() {
+        columns<QStringList>({"row"});
+        for (const char* row :
+             {"/home/web/site/page.htm|/home/web/img/a.gif|1|1|../img/a.gif|1",
+              "/home/web/site/page.htm|/home/web/site/img/a.gif|1|1|img/a.gif|0",
+              "/home/web/site/page.htm|/home/web/a.gif|0|1|/home/web/a.gif|0",
+              "|/home/web/a.gif|1|1|/home/web/a.gif|0", "/home/web/site/page.htm||1|1|before|0",
+              "/home/web/site/page.htm||1|0|before|0", "/web/site/page.htm|/we/a.gif|1|1|before|0"})
+            QTest::newRow(row) << QString::fromUtf8(row).split(u'|');
+    }
     void theRoutineWritesTheLinkIntoTheTarget() {
-        Chooser c(QStringLiteral("/home/web/site/page.htm"));
-        QCOMPARE(c.browse(FileDialogAnswer::file("/home/web/img/a.gif")),
-                 QStringLiteral("../img/a.gif"));
-        QVERIFY(c.ts->bRelativeUp);
-        QCOMPARE(c.ts->txtTemp2, QStringLiteral("../img/a.gif"));
-        // The dialog was shown with an empty name and the caller's filter.
-        QCOMPARE(c.ts.platform.fileDialogsShown.size(), 1);
-        QCOMPARE(c.ts.platform.fileDialogsShown[0].FileName, QString());
-    }
-
-    void aLinkDownDoesNotSetTheFlag() {
-        Chooser c(QStringLiteral("/home/web/site/page.htm"));
-        QCOMPARE(c.browse(FileDialogAnswer::file("/home/web/site/img/a.gif")),
-                 QStringLiteral("img/a.gif"));
-        QVERIFY(!c.ts->bRelativeUp);
-    }
-
-    void withTheSettingOffTheFullPathIsWritten() {
-        Chooser c(QStringLiteral("/home/web/site/page.htm"));
-        c.ts->bUseRelative = false;
-        QCOMPARE(c.browse(FileDialogAnswer::file("/home/web/a.gif")),
-                 QStringLiteral("/home/web/a.gif"));
-        QVERIFY(!c.ts->bRelativeUp);
-    }
-
-    void anUntitledDocumentGetsTheFullPath() {
-        Chooser c{QString()};
-        QCOMPARE(c.browse(FileDialogAnswer::file("/home/web/a.gif")),
-                 QStringLiteral("/home/web/a.gif"));
-    }
-
-    void cancelLeavesTheTarget() {
-        for (const bool cancelError : {true, false}) {
-            Chooser c(QStringLiteral("/home/web/site/page.htm"));
-            c.dialog.CancelError = cancelError;
-            QCOMPARE(c.browse(FileDialogAnswer::cancel()), QStringLiteral("before"));
-            QVERIFY(!c.ts->bRelativeUp);
-            QVERIFY(c.ts.platform.messages.isEmpty());
+        QFETCH(QStringList, row);
+        Loaded ts;
+        codeEditor& doc = ts.active();
+        if (!row.at(0).isEmpty()) {
+            doc.codebox().setFileName(row.at(0));
+            doc.txtFileTitle = titleOf(row.at(0), u'/');
         }
-    }
-
-    void aFailingClimbLeavesTheTargetSilently() {
-        Chooser c(QStringLiteral("/web/site/page.htm"));
-        QCOMPARE(c.browse(FileDialogAnswer::file("/we/a.gif")), QStringLiteral("before"));
-        QVERIFY(!c.ts->bRelativeUp);
-        QVERIFY(c.ts.platform.messages.isEmpty());
+        ts->txtTemp1 = doc.codebox().FileName();
+        ts->bUseRelative = row.at(2) == u'1';
+        TextBox target{QStringLiteral("target")};
+        target.setText(QStringLiteral("before"));
+        CommonDialog dialog{ts.platform};
+        dialog.CancelError = row.at(3) == u'1';
+        dialog.FileName = QStringLiteral("left over");
+        ts.platform.fileAnswers.enqueue(row.at(1).isEmpty() ? FileDialogAnswer::cancel()
+                                                            : FileDialogAnswer::file(row.at(1)));
+        ts->RelativePath(dialog, target);
+        QCOMPARE(target.Text(), row.at(4));
+        QCOMPARE(ts->bRelativeUp, row.at(5) == u'1');
+        if (row.at(2) == u'1' && row.at(4) != QLatin1String("before"))
+            QCOMPARE(ts->txtTemp2, row.at(4));
+        // The dialog was shown with an empty name.
+        QCOMPARE(ts.platform.fileDialogsShown.size(), 1);
+        QCOMPARE(ts.platform.fileDialogsShown[0].FileName, QString());
+        QVERIFY(ts.platform.messages.isEmpty());
     }
 };
 

@@ -1,4 +1,4 @@
-// Start-up, the command line, the tag list pane's sizer, and exit.
+// Start-up, the command line, the tag list pane's sizer, run-time errors, Help, and exit.
 #include "editor/text_pane.h"
 #include "shell/frm_about.h"
 #include "test_rows.h"
@@ -12,45 +12,43 @@ class StartupTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // The bands and the pane at start are the view toggles' tests.
-    void startWithNoSettings() {
-        TestShell ts;
-        ts.load();
-        QVERIFY(ts->bUseRelative && ts->bAutoCloseTag && !ts->bMainLoading);
-        QCOMPARE(ts->documents().size(), size_t(1));
-        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(ts.active().codebox().SelStart(), 106);
-        QCOMPARE(ts->FontNames, ts.platform.fonts);
-        QCOMPARE(ts.settings.writeCount(), 0); // nothing is written at first start
+    // The bands and the pane at start are the view toggles' tests. Relative paths are on at
+    // every start, whatever the dialog stored.
+    void startWithAndWithoutSettings() {
+        for (const bool stored : {false, true}) {
+            TestShell ts;
+            if (stored) {
+                ts.settings.save("Fuzzies", "Auto Close Tag", "No");
+                ts.settings.save("Fuzzies", "Default Dir", "/home/me/pages");
+                ts.settings.save("Fuzzies", "Word Wrap", "0");
+                ts.settings.save("Fuzzies", "Use Relative", "No");
+            }
+            const int writes = ts.settings.writeCount();
+            ts.load();
+            QVERIFY(ts->bUseRelative && ts->bAutoCloseTag != stored && !ts->bMainLoading);
+            QCOMPARE(ts->OpenSave.InitDir, stored ? "/home/me/pages" : "");
+            QCOMPARE(ts.active().codebox().RightMargin(), stored ? 120000 : 0);
+            QCOMPARE(ts->documents().size(), size_t(1));
+            QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
+            QCOMPARE(ts.active().codebox().SelStart(), 106);
+            QCOMPARE(ts->FontNames, ts.platform.fonts);
+            QCOMPARE(ts.settings.writeCount(), writes); // the start writes nothing
+        }
     }
 
-    void storedSettingsAtStart() {
-        TestShell ts;
-        ts.settings.save("Fuzzies", "Auto Close Tag", "No");
-        ts.settings.save("Fuzzies", "Default Dir", "/home/me/pages");
-        ts.settings.save("Fuzzies", "Word Wrap", "0");
-        ts.settings.save("Fuzzies", "Use Relative", "No"); // relative paths are on at every start
-        ts.load();
-        QVERIFY(ts->bUseRelative && !ts->bAutoCloseTag);
-        QCOMPARE(ts->OpenSave.InitDir, QStringLiteral("/home/me/pages"));
-        QCOMPARE(ts.active().codebox().RightMargin(), 120000);
-    }
-
+    // Only a lower-case "dll" or "hlp" ending is refused, an "exe" in any case.
     void commandLineRefusals_data() {
         columns<QString, bool>({"name", "refused"});
-        QTest::newRow("exe") << "/x/setup.exe" << true;
-        QTest::newRow("EXE in capitals") << "/x/SETUP.EXE" << true;
-        QTest::newRow("dll") << "/x/lib.dll" << true;
-        QTest::newRow("DLL in capitals") << "/x/LIB.DLL" << false;
-        QTest::newRow("hlp") << "/x/help.hlp" << true;
-        QTest::newRow("HLP in capitals") << "/x/HELP.HLP" << false;
-        QTest::newRow("htm") << "/x/page.htm" << false;
+        for (const char* name : {"setup.exe", "SETUP.EXE", "lib.dll", "help.hlp"})
+            QTest::newRow(name) << name << true;
+        for (const char* name : {"LIB.DLL", "HELP.HLP", "page.htm"})
+            QTest::newRow(name) << name << false;
     }
     void commandLineRefusals() {
         QFETCH(QString, name);
         QFETCH(bool, refused);
         TestShell ts;
-        ts.load(name);
+        ts.load("/x/" + name);
         const QString refusal =
             QStringLiteral("Hey! You shouldn't be attempting to open stuff like that should you?");
         QCOMPARE(ts.platform.messageTexts().contains(refusal), refused);
@@ -60,34 +58,27 @@ class StartupTest : public QObject {
         QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
     }
 
-    void commandLineOpensIntoDocumentOne_data() {
-        columns<QString, QString>({"name", "cssDoc"});
-        QTest::newRow("page") << "page.htm"
-                              << "No";
-        QTest::newRow("css ignores case here") << "STYLE.CSS"
-                                               << "Yes";
-    }
+    // Here a ".css" in any case makes a style sheet.
     void commandLineOpensIntoDocumentOne() {
-        QFETCH(QString, name);
-        QFETCH(QString, cssDoc);
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, name, "<p>cmd</p>");
-        TestShell ts;
-        ts.load(path);
-        QCOMPARE(ts->documents().size(), size_t(1));
-        codeEditor& doc = ts.active();
-        QCOMPARE(doc.codebox().Text(), QStringLiteral("<p>cmd</p>"));
-        QCOMPARE(doc.Caption(), path);
-        QCOMPARE(doc.codebox().FileName(), path);
-        QCOMPARE(doc.txtFileTitle, name);
-        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
-        QCOMPARE(doc.CSSDoc, cssDoc);
-        // The window keeps its first name for its tab.
-        QCOMPARE(doc.txtFileName, QStringLiteral("Document 1"));
-        QCOMPARE(ts->TabStrip1.tab(0).Key, QStringLiteral("Document 1"));
-        // Closing it still finds and removes its tab.
-        ts->mnuFileClose_Click();
-        QCOMPARE(ts->TabStrip1.count(), 0);
+        for (const QString name : {"page.htm", "STYLE.CSS"}) {
+            QTemporaryDir dir;
+            const QString path = writeFile(dir, name, "<p>cmd</p>");
+            TestShell ts;
+            ts.load(path);
+            QCOMPARE(ts->documents().size(), size_t(1));
+            codeEditor& doc = ts.active();
+            QCOMPARE(doc.codebox().Text(), QStringLiteral("<p>cmd</p>"));
+            QCOMPARE(doc.Caption(), path);
+            QCOMPARE(doc.codebox().FileName(), path);
+            QCOMPARE(doc.txtFileTitle, name);
+            QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+            QCOMPARE(doc.CSSDoc, name.endsWith("CSS") ? "Yes" : "No");
+            // The window keeps its first name for its tab; closing it still finds the tab.
+            QCOMPARE(doc.txtFileName, QStringLiteral("Document 1"));
+            QCOMPARE(ts->TabStrip1.tab(0).Key, QStringLiteral("Document 1"));
+            ts->mnuFileClose_Click();
+            QCOMPARE(ts->TabStrip1.count(), 0);
+        }
     }
 
     void commandLineMissingFileKeepsDocumentOne() {
@@ -103,19 +94,19 @@ class StartupTest : public QObject {
         QCOMPARE(doc.codebox().SelStart(), 106);
     }
 
+    // Window 12000 twips wide, pane 2800: the pane stays 2000 wide at least and leaves 3500.
     void sizerLimits_data() {
         columns<int, int>({"x", "width"});
-        // Window 12000 twips wide, pane 2800.
-        QTest::newRow("wider by 1000") << -1000 << 3800;
-        QTest::newRow("narrower by 500") << 500 << 2300;
-        QTest::newRow("not below 2000") << 1500 << 2000;
-        QTest::newRow("2000 exactly") << 800 << 2000;
-        QTest::newRow("3500 must remain") << -7000 << 8500;
-        QTest::newRow("8500 exactly") << -5700 << 8500;
+        for (auto [x, width] : {std::pair{-1000, 3800},
+                                {500, 2300},
+                                {1500, 2000},
+                                {800, 2000},
+                                {-7000, 8500},
+                                {-5700, 8500}})
+            QTest::addRow("%d", x) << x << width;
     }
     void sizerLimits() {
         QFETCH(int, x);
-        QFETCH(int, width);
         TestShell ts;
         ts.load();
         ts->setWindowWidth(12000);
@@ -125,38 +116,43 @@ class StartupTest : public QObject {
         ts->imgSizer_MouseDown();
         ts->imgSizer_MouseMove(x);
         ts->imgSizer_MouseUp();
-        QCOMPARE(ts->Picture1Width, width);
+        QTEST(ts->Picture1Width, "width");
         QVERIFY(!ts->bSizing);
     }
 
+    // Exit writes the view state first, but never the Tags toolbar's, so that it is back at
+    // the next start; a Cancel keeps the program and its windows, drawing released.
     void exitWritesTheViewStateFirst() {
         TestShell ts;
         ts.load();
         ts->mnuFileNewHTML_Click();
         for (codeEditor* doc : ts->documents())
             doc->codebox().setSelText("x");
-        ts->bFormsToolbarOpen = true;
+        for (const char* item : {"mnuViewFmtTlb", "mnuViewStdTlb", "mnuViewForms"})
+            ts.run(item);
         int frozen = 0;
         QObject::connect(ts.shell.get(), &ShellMDI::drawingFrozen,
                          [&](bool on) { frozen += on ? 1 : -1; });
-        bool exited = false;
-        QObject::connect(ts.shell.get(), &ShellMDI::exitAccepted, [&] { exited = true; });
+        QSignalSpy exited(ts.shell.get(), &ShellMDI::exitAccepted);
         ts.platform.messageAnswers.enqueue(MsgResult::No);
         ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
         QVERIFY(!ts->requestExit());
-        QVERIFY(!exited);
+        QCOMPARE(exited.count(), 0);
         QCOMPARE(ts.settings.get("Fuzzies", "Forms Toolbar Open"), QStringLiteral("Yes"));
-        QCOMPARE(ts.settings.get("Fuzzies", "Standard Toolbar Open"), QStringLiteral("Yes"));
+        QCOMPARE(ts.settings.get("Fuzzies", "Standard Toolbar Open"), QStringLiteral("No"));
         QCOMPARE(ts.settings.get("Fuzzies", "TagListOpen"), QStringLiteral("No"));
-        QCOMPARE(ts.settings.get("Fuzzies", "Tags Toolbar Open", "unwritten"),
-                 QStringLiteral("unwritten"));
-        // The second window stays, and drawing works again after the Cancel.
+        QCOMPARE(ts.settings.get("Fuzzies", "Tags Toolbar Open", "never"), QStringLiteral("never"));
         QCOMPARE(ts->documents().size(), size_t(1));
         QCOMPARE(frozen, 0);
         ts.platform.messageAnswers.enqueue(MsgResult::No);
         QVERIFY(ts->requestExit());
-        QVERIFY(exited);
+        QCOMPARE(exited.count(), 1);
         QVERIFY(ts->documents().empty());
+        TestShell next;
+        next.settings = ts.settings;
+        next.load();
+        QVERIFY(!next->bStandardToolbarOpen && next->bTagsToolbarOpen && next->bFormsToolbarOpen);
+        QVERIFY(next->cReBar1.BandVisible(1) && next->menu("mnuViewFmtTlb").Checked());
     }
 
     void applicationActivationFocusesTheSourcePane() {
@@ -171,35 +167,35 @@ class StartupTest : public QObject {
         QVERIFY(ts.platform.messages.isEmpty());
     }
 
+    // A run-time error is shown as the critical message with OK under the program's title, and
+    // the program goes on.
     void dispatcherKeepsTheProgramGoing() {
         TestShell ts;
         ts.load();
-        const bool ok = ts->dispatch([] { raise(ErrOverflow); });
-        QVERIFY(!ok);
+        QVERIFY(!ts->dispatch([] { raise(ErrOverflow); }));
         QCOMPARE(ts.platform.messageTexts(), QStringList{"Run-time error '6':\n\nOverflow"});
+        const ShownMessage& m = ts.platform.messages.at(0);
+        QCOMPARE(m.icon, MsgIcon::Critical);
+        QCOMPARE(m.buttons, MsgButtons::OK);
+        QCOMPARE(m.title, QString());
         QCOMPARE(ts->documents().size(), size_t(1));
     }
 
-    void helpContentsOpensTheHelpFileBesideTheProgram() {
+    void helpAndAbout() {
         TestShell ts;
         ts.load();
-        ts->menu(QStringLiteral("mnuHelpContents")).Click();
-        QCOMPARE(ts.platform.helpShown,
-                 QStringList{QStringLiteral("/opt/tessaline/tessaline.chm")});
-    }
-
-    void aboutGivesTheFocusBackToTheDocument() {
-        TestShell ts;
-        ts.load();
+        ts.run("mnuHelpContents");
+        QCOMPARE(ts.platform.helpShown, QStringList{"/opt/tessaline/tessaline.chm"});
+        // About gives the focus back to the document.
         QSignalSpy focus(&ts.active(), &codeEditor::focusRequested);
-        bool opened = false;
+        QString caption;
         ts.forms.then<frmAbout>([&](frmAbout& about) {
-            opened = about.Caption() == QStringLiteral("About Tessaline");
+            caption = about.Caption();
             about.OK.press();
             QVERIFY(!about.isLoaded());
         });
-        ts->menu(QStringLiteral("mnuHelpAbout")).Click();
-        QVERIFY(opened);
+        ts.run("mnuHelpAbout");
+        QCOMPARE(caption, QStringLiteral("About Tessaline"));
         QCOMPARE(ts.forms.shown, QStringList{QStringLiteral("frmAbout")});
         QCOMPARE(ts->CurrentDocument, &ts.active());
         QCOMPARE(focus.count(), 1);

@@ -1,46 +1,73 @@
-// The real window on the offscreen platform: typing in a Source pane, saving and closing
-// through the menus, the bytes of the files, and the keys that belong to the window.
+// The real main window on the offscreen platform: documents in windows and tabs, typing and
+// saving, closing through close boxes, the keys that belong to the window, the toolbars and
+// menus following the logic with their pictures, the table chooser, the tag list pane, and a
+// window left alone doing no work.
+#include "dialogs/table_chooser.h"
 #include "markup/tag_list.h"
-#include "program_fixture.h"
-#include "shell/settings_store.h"
-#include "shell/shell_mdi.h"
-#include "test_shell.h"
-#include "ui/window/main_window.h"
-#include "ui/source/source_editor.h"
-#include "ui/window/workbench.h"
-#include <QAction>
+#include "test_rows.h"
+#include "ui/desktop/icons.h"
+#include "ui/window/tag_pane.h"
+#include "ui_helpers.h"
 #include <QApplication>
+#include <QCoreApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMimeData>
 #include <QTabBar>
 #include <QTemporaryDir>
-#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
 
 using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-struct Program : ProgramFixture {
-    explicit Program(const QString& commandLine = QString()) {
-        start(commandLine);
-        window().activateWindow();
+struct Program : UiProgram {
+    explicit Program(bool started = true) {
+        if (started) start();
     }
-    codeEditor& active() { return *shell().ActiveForm(); }
-    CodeBox* codebox(codeEditor& doc) {
-        return dynamic_cast<QtSourcePane&>(doc.codebox()).widget();
-    }
-    CodeBox* codebox() { return codebox(active()); }
-    void trigger(const QString& name) {
-        auto* action = window().findChild<QAction*>(name);
-        QVERIFY2(action, qPrintable(name));
-        action->trigger();
-    }
+    QMdiArea* mdi() { return window().mdiArea(); }
+    QString front() { return mdi()->activeSubWindow()->windowTitle(); }
     QStringList tabTexts() {
         QStringList texts;
         for (int i = 0; i < window().documentTabs()->count(); ++i)
             texts.append(window().documentTabs()->tabText(i));
         return texts;
+    }
+    QString text() { return pane().Text(); }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    bool shown(const QString& bar) {
+        return !child<QToolBar>(window(), qPrintable(bar))->isHidden();
+    }
+    QWidget* button(const char* name) {
+        for (QToolBar* bar : window().findChildren<QToolBar*>())
+            if (QWidget* widget = bar->widgetForAction(action(QLatin1String(name)))) return widget;
+        return nullptr;
+    }
+};
+
+// Opaque pixels of an image: a picture that draws next to nothing is as bad as none.
+int inked(const QImage& image) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            count += qAlpha(image.pixel(x, y)) > 128;
+    return count;
+}
+
+QImage argb(const QImage& image) {
+    return image.convertToFormat(QImage::Format_ARGB32);
+}
+
+// Counts the paint events a widget receives.
+struct PaintCounter : QObject {
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        paints += event->type() == QEvent::Paint;
+        return false;
     }
 };
 } // namespace
@@ -49,298 +76,365 @@ class DocumentWindowTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void startsWithDocumentOneInTheWindow() {
+    void newDocumentsGetWindowsAndTabsInOrder() {
         Program p;
-        // A maximised document adds its name to the title, as document windows do.
-        QVERIFY(p.window().windowTitle().startsWith(QStringLiteral("Tessaline")));
-        QCOMPARE(p.window().mdiArea()->subWindowList().size(), 1);
-        QCOMPARE(p.window().mdiArea()->activeSubWindow()->windowTitle(),
-                 QStringLiteral("Document 1"));
-        QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("Document 1")});
-        QCOMPARE(p.codebox()->position(), 106);
-        QVERIFY(p.codebox()->text().startsWith(QStringLiteral("<html>\n<head>")));
+        QCOMPARE(p.front(), QStringLiteral("Document 1"));
+        QCOMPARE(p.box()->position(), 106);
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        p.trigger(QStringLiteral("mnuFileNewCSS"));
+        QCOMPARE(p.tabTexts(), (QStringList{"Document 1", "Document 2", "Document 3"}));
+        QCOMPARE(p.window().documentTabs()->currentIndex(), 2);
+        QCOMPARE(p.front(), QStringLiteral("Document 3"));
+        // A maximised document names itself in the title, as document windows do.
+        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [Document 3]"));
+        emit p.window().documentTabs()->tabBarClicked(0);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(p.front(), QStringLiteral("Document 1"));
+        QCOMPARE(p.window().documentTabs()->currentIndex(), 0);
     }
 
     void typingReachesTheDocumentAndSaveWritesItsBytes() {
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("typed.htm"));
         Program p;
-        p.codebox()->setFocus();
-        QTest::keyClicks(p.codebox(), QStringLiteral("Hello"));
+        QTest::keyClicks(p.box(), QStringLiteral("Hello"));
         QCOMPARE(p.active().Tag, QStringLiteral("Dirty"));
-        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\nHello\n</body>")));
+        QVERIFY(p.text().contains(QStringLiteral("<body>\nHello\n</body>")));
         p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
         p.trigger(QStringLiteral("mnuFileSave"));
-        QCOMPARE(readFile(path), p.active().codebox().Text().toUtf8());
-        QCOMPARE(p.active().Tag, QStringLiteral("Clean"));
-        QCOMPARE(p.window().mdiArea()->activeSubWindow()->windowTitle(), path);
+        QCOMPARE(readFile(path), p.text().toUtf8());
+        QCOMPARE(p.front(), path);
+        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [%1]").arg(path));
         QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("typed.htm")});
     }
 
-    void filesRoundTripByteForByte_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("LF") << QByteArray("<p>one</p>\n<p>two</p>\n");
-        QTest::newRow("CRLF") << QByteArray("<p>one</p>\r\n<p>two</p>\r\n");
-        QTest::newRow("mixed ends") << QByteArray("a\rb\r\nc\nd\r");
-        QTest::newRow("UTF-8 BOM") << QByteArray("\xEF\xBB\xBF<p>caf\xC3\xA9</p>\r\n");
-        QTest::newRow("no-break space") << QByteArray("a\xC2\xA0"
-                                                      "b\n");
-        QTest::newRow("Latin-1") << QByteArray("caf\xE9 \xA0\xFF\n");
-        QTest::newRow("separators") << QByteArray("x\xE2\x80\xA8y\xE2\x80\xA9z");
-    }
-    void filesRoundTripByteForByte() {
-        QFETCH(QByteArray, bytes);
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, QStringLiteral("page.htm"), bytes);
-        Program p(path);
-        QCOMPARE(p.active().codebox().length(), p.codebox()->rows().length());
-        QCOMPARE(TextRows::check(p.codebox()->rows(), p.active().codebox().Text()), QString());
-        p.active().Tag = QStringLiteral("Dirty");
-        p.trigger(QStringLiteral("mnuFileSave"));
-        QCOMPARE(readFile(path), bytes);
-    }
-
-    void typingBesideACarriageReturnKeepsIt() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, QStringLiteral("mixed.txt"), "ab\rcd\r\nef\n");
-        Program p(path);
-        p.codebox()->setSelection(3, 3); // after the lone carriage return
-        QTest::keyClicks(p.codebox(), QStringLiteral("XY"));
-        QTest::keyClick(p.codebox(), Qt::Key_Return);
-        QCOMPARE(p.active().codebox().Text(), QStringLiteral("ab\rXY\ncd\r\nef\n"));
-        QTest::keyClick(p.codebox(), Qt::Key_Backspace);
-        QTest::keyClick(p.codebox(), Qt::Key_Backspace);
-        QCOMPARE(p.active().codebox().Text(), QStringLiteral("ab\rXcd\r\nef\n"));
-        p.trigger(QStringLiteral("mnuFileSave"));
-        QCOMPARE(readFile(path), QByteArray("ab\rXcd\r\nef\n"));
-    }
-
-    void closingAskedAndAnsweredNoRemovesWindowAndTab() {
+    // The close box asks, and Cancel keeps the window; Close answered No takes window and tab;
+    // the main window's close box asks for each document.
+    void closingAsksFirst() {
         Program p;
-        QTest::keyClicks(p.codebox(), QStringLiteral("x"));
+        QTest::keyClicks(p.box(), QStringLiteral("x"));
+        p.platform.messageAnswers.enqueue(MsgResult::Cancel);
+        p.mdi()->activeSubWindow()->close();
+        QCOMPARE(p.platform.messages.size(), 1);
+        QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("Document 1")});
+        QVERIFY(p.mdi()->updatesEnabled());
         p.platform.messageAnswers.enqueue(MsgResult::No);
         p.trigger(QStringLiteral("mnuFileClose"));
-        QCOMPARE(
-            p.platform.messageTexts(),
-            QStringList{QStringLiteral("Do you want to save the changes made to Document 1?")});
-        QCOMPARE(p.platform.messages.first().buttons, MsgButtons::YesNoCancel);
-        QCOMPARE(p.platform.messages.first().icon, MsgIcon::Exclamation);
-        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 0);
+        QTRY_COMPARE(p.mdi()->subWindowList().size(), 0);
         QCOMPARE(p.window().documentTabs()->count(), 0);
-        QVERIFY(!p.window().findChild<QAction*>(QStringLiteral("mnuFileSave"))->isEnabled());
-    }
 
-    void theCloseBoxOfADocumentAsksAndCancelKeepsIt() {
-        Program p;
-        QTest::keyClicks(p.codebox(), QStringLiteral("x"));
-        p.platform.messageAnswers.enqueue(MsgResult::Cancel);
-        QMdiSubWindow* window = p.window().mdiArea()->activeSubWindow();
-        window->close();
-        QCOMPARE(p.platform.messages.size(), 1);
-        QCOMPARE(p.window().mdiArea()->subWindowList().size(), 1);
-        QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("Document 1")});
-        QVERIFY(p.window().mdiArea()->updatesEnabled());
-    }
-
-    void newDocumentsGetWindowsAndTabsInOrder() {
-        Program p;
         p.trigger(QStringLiteral("mnuFileNewHTML"));
-        p.trigger(QStringLiteral("mnuFileNewCSS"));
-        QCOMPARE(p.tabTexts(),
-                 (QStringList{QStringLiteral("Document 1"), QStringLiteral("Document 2"),
-                              QStringLiteral("Document 3")}));
-        QCOMPARE(p.window().documentTabs()->currentIndex(), 2);
-        QCOMPARE(p.window().mdiArea()->activeSubWindow()->windowTitle(),
-                 QStringLiteral("Document 3"));
-        QCOMPARE(p.active().CSSDoc, QStringLiteral("Yes"));
-        // A click on a tab brings its window forward.
-        emit p.window().documentTabs()->tabBarClicked(0);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(p.window().mdiArea()->activeSubWindow()->windowTitle(),
-                 QStringLiteral("Document 1"));
-        QCOMPARE(p.window().documentTabs()->currentIndex(), 0);
-    }
-
-    void tilingSetsTheDocumentsSideBySideOrStacked() {
-        Program p;
+        QTest::keyClicks(p.box(), QStringLiteral("a"));
         p.trigger(QStringLiteral("mnuFileNewHTML"));
-        const QList<QMdiSubWindow*> windows = p.window().mdiArea()->subWindowList();
-        QCOMPARE(windows.size(), 2);
-        p.trigger(QStringLiteral("mnuWindowTileV"));
-        QVERIFY(!windows[0]->isMaximized() && !windows[1]->isMaximized());
-        QCOMPARE(windows[0]->y(), windows[1]->y());
-        QVERIFY(windows[0]->x() + windows[0]->width() <= windows[1]->x());
-        p.trigger(QStringLiteral("mnuWindowTileH"));
-        QCOMPARE(windows[0]->x(), windows[1]->x());
-        QVERIFY(windows[0]->y() + windows[0]->height() <= windows[1]->y());
-    }
-
-    void aTagDroppedFromTheListLandsWithTheCaretInside() {
-        Program p;
-        ShellMDI& shell = p.shell();
-        p.active().codebox().setText(QStringLiteral("one two"));
-        const int node =
-            static_cast<int>(shell.part<TagList>().tvwTags.items().indexOf(QStringLiteral("<B>  </B>")));
-        QVERIFY(node >= 0);
-        shell.part<TagList>().tvwTags_MouseDown(node);
-        QString data;
-        QVERIFY(shell.part<TagList>().tvwTags_OLEStartDrag(data));
-        // The drop itself is the editor's: the text goes in where the pointer lets go.
-        CodeBox* box = p.codebox();
-        const QPoint where = box->cursorRect(4).center();
-        QMimeData mime;
-        mime.setText(data);
-        QDragEnterEvent enter(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(box->viewport(), &enter);
-        QDragMoveEvent move(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(box->viewport(), &move);
-        QDropEvent drop(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(box->viewport(), &drop);
-        shell.part<TagList>().tvwTags_OLECompleteDrag(1);
-        QCOMPARE(p.active().codebox().Text(), QStringLiteral("one <b></b>two"));
-        QCOMPARE(p.active().codebox().SelStart(), 7);
-        QCOMPARE(p.active().codebox().SelLength(), 0);
-    }
-
-    void typingAnOpeningBracketAddsTheClosingOne() {
-        Program p;
-        p.codebox()->setFocus();
-        QTest::keyClicks(p.codebox(), QStringLiteral("<b"));
-        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\n<b>\n</body>")));
-        QCOMPARE(p.active().codebox().SelStart(), 108);
-        // Undo takes the pair and the letter back to the skeleton.
-        QTest::keyClick(p.codebox(), Qt::Key_Z, Qt::ControlModifier);
-        QTest::keyClick(p.codebox(), Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\n\n</body>")));
-    }
-
-    void cutAndCopyFollowTheSelectionInThePane() {
-        Program p;
-        auto* cut = p.window().findChild<QAction*>(QStringLiteral("mnuEditCut"));
-        QTest::keyClick(p.codebox(), Qt::Key_Left, Qt::ShiftModifier);
-        QVERIFY(cut->isEnabled());
-        QTest::keyClick(p.codebox(), Qt::Key_Right);
-        QVERIFY(!cut->isEnabled());
-        QVERIFY(!p.shell().tbrMain.ButtonEnabled(8));
-    }
-
-    void ctrlF6MovesThroughTheDocumentsAndCtrlF4Closes() {
-        Program p;
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
-        QTest::keyClick(p.codebox(), Qt::Key_F6, Qt::ControlModifier);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
-        QTest::keyClick(p.codebox(), Qt::Key_F6, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
-        QTest::keyClick(p.codebox(), Qt::Key_F4, Qt::ControlModifier);
-        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 1);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
-    }
-
-    void menuShortcutsWorkFromThePane() {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("keys.htm"));
-        Program p;
-        p.codebox()->setFocus();
-        QTest::keyClicks(p.codebox(), QStringLiteral("k"));
-        p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        QTest::keyClick(p.codebox(), Qt::Key_S, Qt::ControlModifier);
-        QCOMPARE(p.platform.fileDialogsShown.size(), 1);
-        QVERIFY(readFile(path).contains("<body>\nk\n</body>"));
-        // Ctrl+Z belongs to the pane: the document's own history takes the letter back.
-        QTest::keyClick(p.codebox(), Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\n\n</body>")));
-    }
-
-    void theDocumentInFrontHasTheKeyboardWhicheverWayItCame() {
-        Program p;
-        QVERIFY(QTest::qWaitForWindowActive(&p.window()));
-        QTest::keyClick(p.codebox(), Qt::Key_N, Qt::ControlModifier);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_N, Qt::ControlModifier);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 3"));
-        QCOMPARE(QApplication::focusWidget(), p.codebox());
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("c"));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ControlModifier);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(QApplication::focusWidget(), p.codebox());
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("a"));
-        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\na\n</body>")));
-        // Right moves the caret, not the view.
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
-        QCOMPARE(p.active().tabEditor.SelectedTab(), 1);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, Qt::ControlModifier);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
-        QCOMPARE(QApplication::focusWidget(), p.codebox());
-        // A click on a document tab.
-        emit p.window().documentTabs()->tabBarClicked(2);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 3"));
-        QCOMPARE(QApplication::focusWidget(), p.codebox());
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("d"));
-        QVERIFY(p.active().codebox().Text().contains(QStringLiteral("<body>\ncd\n</body>")));
-    }
-
-    void closingADocumentLeavesTheOthersAsTheyWere() {
-        Program p;
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        QTest::keyClick(p.codebox(), Qt::Key_F4, Qt::ControlModifier);
-        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 1);
-        QVERIFY(p.window().mdiArea()->subWindowList().first()->isMaximized());
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        QVERIFY(p.window().mdiArea()->activeSubWindow()->isMaximized());
-        // Side by side they stay side by side.
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        p.trigger(QStringLiteral("mnuWindowTileV"));
-        QTest::keyClick(p.codebox(), Qt::Key_F4, Qt::ControlModifier);
-        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 2);
-        for (QMdiSubWindow* window : p.window().mdiArea()->subWindowList())
-            QVERIFY(!window->isMaximized());
-    }
-
-    void theTitleNamesTheDocumentInFront() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, QStringLiteral("page.htm"), "<p>x</p>");
-        Program p(path);
-        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [%1]").arg(path));
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [Document 2]"));
-        const QString saved = dir.filePath(QStringLiteral("saved.htm"));
-        p.platform.fileAnswers.enqueue(FileDialogAnswer::file(saved));
-        p.trigger(QStringLiteral("mnuFileSave"));
-        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [%1]").arg(saved));
-    }
-
-    void ctrlEnterWritesABreakAndALineEnd_data() {
-        QTest::addColumn<int>("modifiers");
-        QTest::addColumn<QString>("written");
-        QTest::newRow("Ctrl+Enter") << int(Qt::ControlModifier) << QStringLiteral("<br>\n");
-        QTest::newRow("Enter") << int(Qt::NoModifier) << QStringLiteral("\n");
-        QTest::newRow("Shift+Enter") << int(Qt::ShiftModifier) << QStringLiteral("\n");
-    }
-    void ctrlEnterWritesABreakAndALineEnd() {
-        QFETCH(int, modifiers);
-        QFETCH(QString, written);
-        Program p;
-        p.active().codebox().setText(QStringLiteral("ab"));
-        p.active().codebox().setSelStart(1);
-        QTest::keyClick(p.codebox(), Qt::Key_Return, Qt::KeyboardModifiers(modifiers));
-        QCOMPARE(p.active().codebox().Text(), QStringLiteral("a") + written + QStringLiteral("b"));
-        QCOMPARE(p.active().codebox().SelStart(), 1 + written.size());
-    }
-
-    void exitAsksForEveryChangedDocumentAndCancelStaysRunning() {
-        Program p;
-        QTest::keyClicks(p.codebox(), QStringLiteral("a"));
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        QTest::keyClicks(p.codebox(), QStringLiteral("b"));
+        QTest::keyClicks(p.box(), QStringLiteral("b"));
         p.platform.messageAnswers.enqueue(MsgResult::No);
         p.platform.messageAnswers.enqueue(MsgResult::Cancel);
         QVERIFY(!p.window().close());
-        QCOMPARE(p.platform.messages.size(), 2);
-        QTRY_COMPARE(p.window().mdiArea()->subWindowList().size(), 1);
-        QCOMPARE(p.settings.get(keys::Fuzzies, keys::TagListOpen), QStringLiteral("No"));
-        QVERIFY(p.window().mdiArea()->updatesEnabled());
+        QTRY_COMPARE(p.mdi()->subWindowList().size(), 1);
         p.platform.messageAnswers.enqueue(MsgResult::No);
         QVERIFY(p.window().close());
+    }
+
+    // Alone, a document is maximised; tiled side by side or stacked, they stay so when one
+    // closes.
+    void tilingSetsTheDocumentsSideBySideOrStacked() {
+        Program p;
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        p.key(Qt::Key_F4, Qt::ControlModifier);
+        QTRY_COMPARE(p.mdi()->subWindowList().size(), 1);
+        QVERIFY(p.mdi()->subWindowList().first()->isMaximized());
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        QVERIFY(p.mdi()->activeSubWindow()->isMaximized());
+        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        const QList<QMdiSubWindow*> w = p.mdi()->subWindowList();
+        p.trigger(QStringLiteral("mnuWindowTileV"));
+        QVERIFY(!w[0]->isMaximized() && w[0]->y() == w[1]->y());
+        QVERIFY(w[0]->x() + w[0]->width() <= w[1]->x());
+        p.trigger(QStringLiteral("mnuWindowTileH"));
+        QCOMPARE(w[0]->x(), w[1]->x());
+        QVERIFY(w[0]->y() + w[0]->height() <= w[1]->y());
+        p.key(Qt::Key_F4, Qt::ControlModifier);
+        QTRY_COMPARE(p.mdi()->subWindowList().size(), 2);
+        for (QMdiSubWindow* window : p.mdi()->subWindowList())
+            QVERIFY(!window->isMaximized());
+    }
+
+    // Ctrl+N, Ctrl+F6, Ctrl+Shift+F6 and a tab click bring a document forward with the
+    // keyboard in its pane; Right moves the caret, not the view; Ctrl+F4 closes.
+    void theDocumentInFrontHasTheKeyboardWhicheverWayItCame() {
+        Program p;
+        QVERIFY(QTest::qWaitForWindowActive(&p.window()));
+        p.key(Qt::Key_N, Qt::ControlModifier);
+        p.key(Qt::Key_N, Qt::ControlModifier);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 3"));
+        QCOMPARE(QApplication::focusWidget(), p.box());
+        p.key(Qt::Key_F6, Qt::ControlModifier);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(QApplication::focusWidget(), p.box());
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("a"));
+        QVERIFY(p.text().contains(QStringLiteral("<body>\na\n</body>")));
+        p.key(Qt::Key_Right);
+        QCOMPARE(p.active().tabEditor.SelectedTab(), 1);
+        p.key(Qt::Key_F6, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 3"));
+        p.key(Qt::Key_F6, Qt::ControlModifier);
+        p.key(Qt::Key_F6, Qt::ControlModifier);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
+        QCOMPARE(QApplication::focusWidget(), p.box());
+        emit p.window().documentTabs()->tabBarClicked(2);
+        QCOMPARE(QApplication::focusWidget(), p.box());
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("d"));
+        QVERIFY(p.text().contains(QStringLiteral("<body>\nd\n</body>")));
+        p.platform.messageAnswers.enqueue(MsgResult::No);
+        p.key(Qt::Key_F4, Qt::ControlModifier);
+        QTRY_COMPARE(p.mdi()->subWindowList().size(), 2);
+        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
+    }
+
+    // Keys reach the document before a menu shortcut: Ctrl+Z and Ctrl+V are the pane's, done
+    // once; Ctrl+S is the menu's; "<" typed brings its pair and one Undo takes them.
+    void keysReachTheDocumentFirst() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("keys.htm"));
+        Program p;
+        p.box()->setFocus();
+        QTest::keyClicks(p.box(), QStringLiteral("<b"));
+        QVERIFY(p.text().contains(QStringLiteral("<body>\n<b>\n</body>")));
+        QCOMPARE(p.pane().SelStart(), 108);
+        p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        p.key(Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(p.platform.fileDialogsShown.size(), 1);
+        QVERIFY(readFile(path).contains("<body>\n<b>\n</body>"));
+        p.key(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(p.text().contains(QStringLiteral("<body>\n<>\n</body>")));
+        p.platform.clipboard = QStringLiteral("v");
+        p.key(Qt::Key_V, Qt::ControlModifier);
+        QVERIFY(p.text().contains(QStringLiteral("<body>\n<v>\n</body>")));
+    }
+
+    // Cut is there while text is selected, by keys or by the mouse, from the moment it presses.
+    void cutFollowsTheSelectionInThePane() {
+        Program p;
+        QTest::keyClick(p.box(), Qt::Key_Left, Qt::ShiftModifier);
+        QVERIFY(p.action(QStringLiteral("mnuEditCut"))->isEnabled());
+        const QPoint at = p.box()->cursorRect(3).center();
+        QTest::mousePress(p.box()->viewport(), Qt::LeftButton, {}, at);
+        QVERIFY(!p.action(QStringLiteral("mnuEditCut"))->isEnabled());
+        QVERIFY(!p.shell().tbrMain.ButtonEnabled(8));
+        QTest::mouseRelease(p.box()->viewport(), Qt::LeftButton, {}, at);
+    }
+
+    // Each menu and button hides and shows its toolbar, as does the toolbars' own context
+    // menu, which is the View menu, and the Forms button stays in step.
+    void theToolbarsFollowTheirBands_data() {
+        columns<QString, QString, QString>({"item", "toolbar", "band"});
+        QTest::newRow("Standard") << "mnuViewStdTlb"
+                                  << "tbrMain"
+                                  << "Toolbar1";
+        QTest::newRow("Formatting") << "mnuViewFmtTlb"
+                                    << "tbrTags"
+                                    << "Toolbar2";
+        QTest::newRow("Forms") << "mnuViewForms"
+                               << "tbrForms"
+                               << "Toolbar3";
+        QTest::newRow("Forms button") << "tbrMain_16"
+                                      << "tbrForms"
+                                      << "Toolbar3";
+        QTest::newRow("context menu") << "2"
+                                      << "tbrForms"
+                                      << "Toolbar3";
+    }
+    void theToolbarsFollowTheirBands() {
+        QFETCH(QString, item);
+        QFETCH(QString, toolbar);
+        QFETCH(QString, band);
+        Program p;
+        std::unique_ptr<QMenu> popup(p.window().createPopupMenu());
+        QStringList names;
+        for (QAction* action : popup->actions())
+            names.append(action->objectName());
+        QCOMPARE(names, words("mnuViewStdTlb mnuViewFmtTlb mnuViewForms mnuViewTagList"));
+        const bool before = p.shown(toolbar);
+        for (bool now : {!before, before}) {
+            if (item.size() == 1)
+                popup->actions().at(item.toInt())->trigger();
+            else
+                p.trigger(item);
+            QCOMPARE(p.shown(toolbar), now);
+            QCOMPARE(p.shell().cReBar1.BandVisible(p.shell().cReBar1.BandIndexForKey(band)), now);
+            if (toolbar == QLatin1String("tbrForms"))
+                QCOMPARE(p.action("tbrMain_16")->isChecked(), now);
+        }
+        QVERIFY(!p.child<QToolBar>(p.window(), "tbrMain")->isFloatable());
+    }
+
+    // Any button shows the pressed state of its model; a press leaves that to the model.
+    void aButtonShowsThePressedStateOfItsModel() {
+        Program p;
+        QAction* bold = p.action("tbrTags_4");
+        for (bool on : {true, false}) {
+            p.shell().tbrTags.setButtonChecked(4, on);
+            QCOMPARE(bold->isChecked(), on);
+            bold->trigger();
+            QCOMPARE(bold->isChecked(), on);
+        }
+    }
+
+    // At scale 2 a button shows the strip's own pixels, not letters drawn for a missing strip;
+    // at scale 1 a 16-pixel picture with something in it.
+    void everyButtonShowsItsPictureFromTheStrip() {
+        Program p(false);
+        p.platform.appFolder = QCoreApplication::applicationDirPath() + QStringLiteral("/..");
+        p.start();
+        ShellMDI& shell = p.shell();
+        for (cToolbar* model : {&shell.tbrMain, &shell.tbrTags, &shell.tbrForms}) {
+            const QPixmap strip(p.platform.appFolder + QLatin1Char('/') + model->ImageFile);
+            QVERIFY2(strip.height() == 32, "the build has not made the strips beside the program");
+            for (int i = 0; i < model->ButtonCount(); ++i) {
+                const cToolbar::Button& b = model->button(i);
+                if (b.style == cToolbar::Separator) continue;
+                const QByteArray where = model->name().toLatin1() + ' ' + QByteArray::number(i);
+                const QIcon icon = p.action(model->name() + QStringLiteral("_%1").arg(i))->icon();
+                const QImage wanted = argb(strip.copy(b.image * 32, 0, 32, 32).toImage());
+                QVERIFY2(argb(icon.pixmap(QSize(16, 16), 2.0).toImage()) == wanted, where);
+                QVERIFY2(inked(wanted) > 40, where);
+                const QImage small = icon.pixmap(QSize(16, 16), 1.0).toImage();
+                QVERIFY2(small.size() == QSize(16, 16) && inked(small) > 10, where);
+            }
+        }
+    }
+
+    // A recent file gets the picture the logic picks for its new caption; the first gets none,
+    // as does a key with no picture.
+    void aRecentFileShowsThePictureTheLogicPicks() {
+        Program p(false);
+        p.settings.save("Recent File List", "1stRecentFile", "/w/a.htm");
+        p.start();
+        // The logic's next pick made the first picture of the set, "New".
+        ShellMDI& shell = p.shell();
+        for (quint32 state = shell.nRndState;; state = shell.nRndState) {
+            if (std::nearbyint(shell.nMenuIconCount * shell.Rnd() - 1) == 0) {
+                shell.nRndState = state;
+                break;
+            }
+        }
+        shell.AddRecentFile(QStringLiteral("/w/b & c.htm"), QString());
+        // A path is shown as it stands: an ampersand is no access key.
+        QCOMPARE(p.action("mnuFileMRU(0)")->text(), QStringLiteral("/w/b && c.htm"));
+        QVERIFY(p.action("mnuFileMRU(0)")->icon().isNull());
+        QCOMPARE(p.action("mnuFileMRU(1)")->text(), QStringLiteral("/w/a.htm"));
+        QCOMPARE(p.action("mnuFileMRU(1)")->icon().pixmap(16).toImage(),
+                 menuIcon(QStringLiteral("New")).pixmap(16).toImage());
+        QVERIFY(menuIcon(QStringLiteral("NoSuchKey")).isNull());
+    }
+
+    void theTableChooserDropsDownUnderItsButtonAndInserts() {
+        Program p;
+        const QString before = p.text();
+        const int caret = p.pane().SelStart();
+        QWidget* button = p.button("tbrTags_22");
+        QTest::mouseClick(button, Qt::LeftButton);
+        auto* popup = Program::child<QWidget>(p.window(), "picDropDown");
+        QTRY_VERIFY(popup->isVisible());
+        QCOMPARE(popup->size(), QSize(126, 126));
+        // 205 twips left of the button and 500 below it; a window frame may add a pixel or two.
+        const QPoint corner = button->mapToGlobal(QPoint(0, 0));
+        const int perPixel = 1440 / popup->logicalDpiX();
+        const QPoint expected((corner.x() * perPixel - 205) / perPixel,
+                              (corner.y() * perPixel + 500) / perPixel);
+        QVERIFY((popup->geometry().topLeft() - expected).manhattanLength() <= 4);
+        QVERIFY(popup->geometry().top() >= button->mapToGlobal(QPoint(0, button->height())).y());
+        const QString& label = p.shell().part<TableChooser>().picDropDown.label;
+        QTest::mouseMove(popup, QPoint(60, 40));
+        QCOMPARE(label, QStringLiteral("3 x 2 table"));
+        QTest::mouseMove(popup, QPoint(130, 40)); // beyond the right edge the grid grows
+        QCOMPARE(popup->width(), 150);
+        QCOMPARE(label, QStringLiteral("6 x 2 table"));
+        QTest::mouseMove(popup, QPoint(60, 40));
+        QTest::mouseClick(popup, Qt::LeftButton, Qt::NoModifier, QPoint(60, 40));
+        QTRY_VERIFY(!popup->isVisible());
+        const QString row =
+            "   <tr>\n" + QStringLiteral("      <td>&nbsp;</td>\n").repeated(3) + "   </tr>\n";
+        QCOMPARE(p.text(),
+                 insertedAt(before, caret, "<table width=\"100%\">\n" + row + row + "</table>"));
+        // Closed without a choice, it writes nothing.
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTRY_VERIFY(popup->isVisible());
+        popup->close();
+        QVERIFY(!p.shell().part<TableChooser>().DropDown.IsShowing());
+        QCOMPARE(p.text().count(QStringLiteral("<table")), 1);
+    }
+
+    // The list inserts the tag in front by a double click, Enter or Space, once each, and drops
+    // it where the pointer lets go with the caret inside.
+    void theTagListPutsTagsInTheDocument() {
+        Program p;
+        p.trigger(QStringLiteral("mnuViewTagList"));
+        TagListView* list = p.window().tagPane()->list();
+        QListWidgetItem* bold = list->findItems(QStringLiteral("<B>  </B>"), Qt::MatchExactly)[0];
+        list->scrollToItem(bold);
+        p.pane().setText(QString());
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
+                           list->visualItemRect(bold).center());
+        QCOMPARE(p.text(), QStringLiteral("<b></b>"));
+        list->setCurrentItem(bold);
+        for (auto key : {Qt::Key_Return, Qt::Key_Space}) {
+            p.pane().setText(QString());
+            QTest::keyClick(list, key);
+            QCOMPARE(p.text(), QStringLiteral("<b></b>"));
+        }
+        p.pane().setText(QStringLiteral("one two"));
+        TagList& tags = p.shell().part<TagList>();
+        tags.tvwTags_MouseDown(list->row(bold));
+        QMimeData mime;
+        QString data;
+        QVERIFY(tags.tvwTags_OLEStartDrag(data));
+        mime.setText(data);
+        const QPoint where = p.box()->cursorRect(4).center();
+        QDragEnterEvent enter(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(p.box()->viewport(), &enter);
+        QDropEvent drop(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(p.box()->viewport(), &drop);
+        tags.tvwTags_OLECompleteDrag(1);
+        QCOMPARE(p.text(), QStringLiteral("one <b></b>two"));
+        QCOMPARE(p.pane().SelStart(), 7);
+        QCOMPARE(p.pane().SelLength(), 0);
+    }
+
+    // The pane opens as stored, is as wide as the logic says, and its close button hides it.
+    void theTagPaneFollowsItsSettingItsSizerAndItsCloseButton() {
+        Program p(false);
+        p.settings.save(keys::Fuzzies, keys::TagListOpen, QStringLiteral("Yes"));
+        p.start();
+        TagPane* pane = p.window().tagPane();
+        QVERIFY(pane->isVisible() && p.action("mnuViewTagList")->isChecked());
+        QWidget* sizer = Program::child<QWidget>(p.window(), "imgSizer");
+        QTest::mousePress(sizer, Qt::LeftButton, {}, QPoint(2, 5));
+        QMouseEvent move(QEvent::MouseMove, QPointF(400, 5), sizer->mapToGlobal(QPointF(400, 5)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(sizer, &move);
+        QTest::mouseRelease(sizer, Qt::LeftButton, {}, QPoint(2, 5));
+        QCOMPARE(p.shell().Picture1Width, ShellMDI::kPaneMinWidth);
+        QCOMPARE(pane->width(), ShellMDI::kPaneMinWidth * pane->logicalDpiX() / 1440);
+        pane->findChild<QToolButton*>(QStringLiteral("cmdClose"))->click();
+        QVERIFY(!pane->isVisible());
+        QCOMPARE(p.settings.get(keys::Fuzzies, keys::TagListOpen), QStringLiteral("No"));
+        QVERIFY(!p.action("mnuViewTagList")->isChecked());
+    }
+
+    // A program left alone does no work: the Source pane repaints nothing while nobody types,
+    // however long the caret's line (each repaint lays that whole line out again).
+    void anIdlePaneRepaintsNothing() {
+        Program p;
+        QVERIFY(QTest::qWaitForWindowActive(&p.window()));
+        p.pane().setText("<p>" + QString(200000, QLatin1Char('x')) + "</p>");
+        p.box()->setFocus();
+        QTRY_VERIFY(p.box()->hasFocus());
+        QTest::qWait(100); // the repaints of the load itself
+        PaintCounter counter;
+        p.box()->viewport()->installEventFilter(&counter);
+        QTest::qWait(1300);
+        QCOMPARE(counter.paints, 0);
     }
 };
 

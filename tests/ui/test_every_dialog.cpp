@@ -127,20 +127,24 @@ class EveryDialogTest : public QObject {
         });
     }
 
-    // A control the logic turns off or hides is off or hidden on screen, and back again.
+    // Every control the logic shows is on screen; one it turns off or hides is off or hidden
+    // there, and back again (on the page of tabs in front: one on another page stays hidden,
+    // a fault of the binder).
     void everyControlShowsItsState() {
         forEveryDialog([this](Form& form, FormDialog& dialog) {
             for (Control* control : form.controls()) {
                 QWidget* widget = dialog.findChild<QWidget*>(control->name());
-                if (!widget || !onScreen(widget, &dialog)) continue;
+                if (!widget && control->Visible() && !dynamic_cast<UpDown*>(control))
+                    faults << fail(form, control->name(), "not on screen");
+                if (!widget || !widget->isVisible() || qobject_cast<QTabWidget*>(widget)) continue;
                 const bool enabled = control->Enabled();
                 control->setEnabled(!enabled);
                 control->setVisible(false);
-                if (widget->isEnabled() == enabled || !widget->isHidden())
+                if (widget->isEnabled() == enabled || widget->isVisible())
                     faults << fail(form, widget, "state not shown");
                 control->setEnabled(enabled);
                 control->setVisible(true);
-                if (widget->isEnabled() != enabled || widget->isHidden())
+                if (widget->isEnabled() != enabled || !widget->isVisible())
                     faults << fail(form, widget, "state not shown again");
             }
         });

@@ -3,13 +3,9 @@
 // come back as they were after typing, Return, deleting, pasting, copying and dragging beside
 // or over them, and the file is saved with the bytes it had.
 #include "editor/text_file.h"
-#include "program_fixture.h"
 #include "random_documents.h"
-#include "shell/code_editor.h"
-#include "shell/shell_mdi.h"
 #include "test_rows.h"
-#include "test_shell.h"
-#include "ui/source/source_editor.h"
+#include "ui_helpers.h"
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
@@ -25,14 +21,12 @@ using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-struct Program : ProgramFixture {
+struct Program : UiProgram {
     explicit Program(const QString& commandLine = QString()) {
         start(commandLine);
         window().activateWindow();
         box()->setFocus();
     }
-    QtSourcePane& pane() { return dynamic_cast<QtSourcePane&>(shell().ActiveForm()->codebox()); }
-    CodeBox* box() { return pane().widget(); }
     void select(int anchor, int position) { box()->setSelection(anchor, position); }
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(box(), key, modifiers);
@@ -161,23 +155,30 @@ class SourcePaneExactTest : public QObject {
         QCOMPARE(mime->text(), QStringLiteral("one\r\n"));
         p.key(Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("one\r\n"));
-        // Dragged behind "two": the line moves with its carriage return.
+        // Dragged behind "two": the line moves with its carriage return, in one step of the
+        // history.
+        const int steps = p.shell().ActiveForm()->nDoneIndex;
         p.drop(*mime, 13, Qt::MoveAction);
         QCOMPARE(p.pane().Text(), QStringLiteral("<p>\ntwo\none\r\n"));
+        QCOMPARE(p.shell().ActiveForm()->nDoneIndex, steps + 1);
         p.key(Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(readFile(path), QByteArray("<p>\ntwo\none\r\n"));
+        p.key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(p.pane().Text(), QStringLiteral("<p>\none\r\ntwo\n"));
     }
 
     // Text that comes from elsewhere (a drop from another program, the selection clipboard)
-    // goes in as it is.
+    // goes in as it is; the drop is no drag of the document's own.
     void textFromElsewhereGoesInExactly() {
         Program p;
         p.pane().setText(QStringLiteral("ab"));
+        const int steps = p.shell().ActiveForm()->nDoneIndex;
         QMimeData mime;
         const QString dropped = text(u"x\r\ny\u2029z\uFDD0\r");
         mime.setText(dropped);
         p.drop(mime, 1, Qt::CopyAction);
         QCOMPARE(p.pane().Text(), "a" + dropped + "b");
+        QCOMPARE(p.shell().ActiveForm()->nDoneIndex, steps);
         p.select(0, 0);
         p.box()->insertFromMimeData(&mime);
         QCOMPARE(p.pane().Text(), dropped + "a" + dropped + "b");

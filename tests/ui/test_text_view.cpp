@@ -7,8 +7,11 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QInputMethodEvent>
+#include <QMimeData>
+#include <QPaintEvent>
 #include <QScrollBar>
 #include <QTest>
+#include <cstring>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -49,6 +52,35 @@ struct Pane {
     }
 };
 
+// The region a widget repainted since the last look.
+struct Painted : QObject {
+    QRegion region;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+};
+
+// The picture of the editor's view, or of a part of it.
+QImage picture(QWidget* viewport, const QRegion& part = QRegion()) {
+    QImage image(viewport->size(), QImage::Format_ARGB32);
+    image.fill(Qt::white);
+    viewport->render(&image, part.boundingRect().topLeft(),
+                     part.isEmpty() ? QRegion(viewport->rect()) : part);
+    return image;
+}
+
+// The rows of pixels where two pictures differ.
+QPair<int, int> differing(const QImage& a, const QImage& b) {
+    int first = -1, last = -1;
+    for (int y = 0; y < a.height(); ++y)
+        if (std::memcmp(a.constScanLine(y), b.constScanLine(y), a.bytesPerLine()) != 0) {
+            if (first < 0) first = y;
+            last = y;
+        }
+    return {first, last};
+}
+
 QString paragraphs(int count) {
     QString text;
     for (int i = 0; i < count; ++i)
@@ -61,6 +93,9 @@ class TextViewTest : public QObject {
     Q_OBJECT
 
   private slots:
+    // A key the editor uses goes no further, to the window around it.
+    void init() { QTest::failOnWarning("Keyboard event not accepted by receiving widget"); }
+
     void keysMoveAndSelect_data() {
         columns<QString, int, int, QString, int, int>(
             {"text", "anchor", "position", "keys", "newAnchor", "newPosition"});
@@ -83,6 +118,11 @@ class TextViewTest : public QObject {
         QTest::newRow("Ctrl+Right over the line end") << two << 7 << 7 << "Ctrl+Right" << 8 << 8;
         QTest::newRow("Ctrl+Left") << two << 7 << 7 << "Ctrl+Left" << 4 << 4;
         QTest::newRow("Ctrl+Left at a line start") << two << 8 << 8 << "Ctrl+Left" << 7 << 7;
+        const QString longWord = QString(5000, QLatin1Char('x')) + QStringLiteral(" y");
+        QTest::newRow("Ctrl+Right over a word of thousands")
+            << longWord << 0 << 0 << "Ctrl+Right" << 5001 << 5001;
+        QTest::newRow("Ctrl+Left over a word of thousands")
+            << longWord << 5001 << 5001 << "Ctrl+Left" << 0 << 0;
         QTest::newRow("Ctrl+Right stops at punctuation")
             << QStringLiteral("<p>text</p>") << 0 << 0 << "Ctrl+Right Ctrl+Right" << 2 << 2;
         QTest::newRow("Ctrl+Shift+Right") << two << 0 << 0 << "Ctrl+Shift+Right" << 0 << 4;
@@ -294,23 +334,90 @@ class TextViewTest : public QObject {
         QCOMPARE(p.box()->selectionEnd(), 24);
     }
 
+    // The wheel scrolls without moving the caret, to the end and no further; a move of the
+    // caret brings it back into sight, even where one row is taller than the view.
     void theWheelScrollsAndTheCaretStays() {
-        Pane p(paragraphs(200));
-        QCOMPARE(p.box()->verticalScrollBar()->value(), 0);
-        QWheelEvent wheel(QPointF(50, 50), p.viewport()->mapToGlobal(QPointF(50, 50)), QPoint(),
-                          QPoint(0, -240), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(p.viewport(), &wheel);
-        QVERIFY(p.box()->verticalScrollBar()->value() > 0);
-        QCOMPARE(p.box()->position(), 0);
-        // The scroll bar's end shows the last line at the bottom.
-        p.box()->verticalScrollBar()->setValue(p.box()->verticalScrollBar()->maximum());
-        const QRect last = p.box()->cursorRect(p.pane.length());
-        QVERIFY(last.bottom() <= p.viewport()->height());
-        QVERIFY(last.top() > p.viewport()->height() / 2);
-        // A move of the caret brings it back into sight.
-        p.keys(QStringLiteral("Right"));
-        QCOMPARE(p.box()->position(), 1);
-        QVERIFY(p.caretInSight());
+        for (const QString& text : {paragraphs(200), QStringLiteral("word ").repeated(1500)}) {
+            Pane p(text);
+            const auto wheel = [&](int degrees) {
+                QWheelEvent event(QPointF(50, 50), p.viewport()->mapToGlobal(QPointF(50, 50)),
+                                  QPoint(), QPoint(0, degrees), Qt::NoButton, Qt::NoModifier,
+                                  Qt::NoScrollPhase, false);
+                QApplication::sendEvent(p.viewport(), &event);
+            };
+            wheel(-240);
+            QVERIFY(!p.caretInSight());
+            QCOMPARE(p.box()->position(), 0);
+            p.keys(QStringLiteral("Right"));
+            QCOMPARE(p.box()->position(), 1);
+            QVERIFY(p.caretInSight());
+            // The end of the wheel and of the scroll bar show the last line at the bottom.
+            for (int i = 0; i < 2; ++i) {
+                if (i == 0) wheel(-120 * 1000);
+                QScrollBar* bar = p.box()->verticalScrollBar();
+                if (i == 1) bar->setValue(bar->maximum());
+                const QRect last = p.box()->cursorRect(p.pane.length());
+                QVERIFY(last.bottom() <= p.viewport()->height());
+                QVERIFY(last.top() > p.viewport()->height() / 2);
+            }
+        }
+    }
+
+    // An edit repaints the rows it changed and no others, the top one as well.
+    void anEditRepaintsItsRowOnly() {
+        Pane p(paragraphs(30));
+        QVERIFY(QTest::qWaitForWindowExposed(p.box()));
+        Painted painted;
+        p.viewport()->installEventFilter(&painted);
+        for (int row : {3, 0}) {
+            const int at =
+                static_cast<int>(p.pane.Text().indexOf(QStringLiteral("line %1 ").arg(row)));
+            p.box()->setSelection(at, at);
+            QTest::qWait(20);
+            painted.region = QRegion();
+            p.keys(QStringLiteral("x"));
+            QTRY_VERIFY(!painted.region.isEmpty());
+            const QRect line = p.box()->cursorRect(at);
+            QVERIFY(painted.region.boundingRect().top() >= line.top() - p.box()->margin());
+            QVERIFY(painted.region.boundingRect().bottom() <= line.bottom() + 1);
+            QVERIFY(painted.region.contains(line.center()));
+        }
+    }
+
+    // Any part of the view paints as the whole does; the caret shows in its row while the
+    // editor has the keyboard; a drag shows where it would drop.
+    void thePictureShowsTheTextAndOneCaret() {
+        Pane p(QStringLiteral("word ").repeated(60) + QStringLiteral("\n") +
+               QStringLiteral("more words ").repeated(30) + QStringLiteral("\nend"));
+        QVERIFY(QTest::qWaitForWindowActive(p.box()));
+        QWidget* view = p.viewport();
+        const QRect row = p.box()->cursorRect(400);
+        p.box()->setSelection(400, 400);
+        QTRY_VERIFY(p.box()->hasFocus());
+        const QImage focused = picture(view);
+        const QRect band(0, row.top() - 3, view->width(), 2 * row.height());
+        QCOMPARE(picture(view, band).copy(band), focused.copy(band));
+        p.box()->clearFocus();
+        const QImage unfocused = picture(view);
+        const auto [first, last] = differing(focused, unfocused);
+        QVERIFY(first >= row.top() && last <= row.bottom());
+
+        QMimeData mime;
+        mime.setText(QStringLiteral("dropped"));
+        const auto drag = [&](QEvent::Type type, int at) {
+            QDragMoveEvent event(p.at(at), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier,
+                                 type);
+            QApplication::sendEvent(view, &event);
+        };
+        drag(QEvent::DragEnter, 1);
+        drag(QEvent::DragMove, 400);
+        const QImage moved = picture(view);
+        QDragLeaveEvent leave;
+        QApplication::sendEvent(view, &leave);
+        QCOMPARE(picture(view), unfocused);
+        drag(QEvent::DragEnter, 400);
+        QCOMPARE(moved, picture(view));
+        QVERIFY(moved != unfocused);
     }
 
     void anInputMethodComposesAtTheCaret() {
@@ -357,9 +464,27 @@ class TextViewTest : public QObject {
                  QStringLiteral("one two\n"));
         QCOMPARE(text->textAtOffset(5, QAccessible::WordBoundary, &start, &end),
                  QStringLiteral("two"));
+        // A character's box is as wide as the character; the end of the text has one too.
+        QCOMPARE(text->characterRect(0).width(),
+                 p.box()->cursorRect(1).left() - p.box()->cursorRect(0).left());
+        QVERIFY(text->characterRect(13).width() >= 1);
         text->setCursorPosition(2);
         QCOMPARE(p.box()->position(), 2);
         QCOMPARE(text->offsetAtPoint(p.viewport()->mapToGlobal(p.at(10))), 10);
+    }
+
+    // The pane's properties read back as set; a selection length below zero is refused.
+    void thePanesPropertiesReadBack() {
+        Pane p(QStringLiteral("abc"));
+        p.pane.setSelIndent(1440);
+        QCOMPARE(p.pane.SelIndent(), 1440);
+        QCOMPARE(p.box()->margin(), p.box()->logicalDpiX());
+        p.pane.setSelStart(1);
+        QCOMPARE(errorOf([&] { p.pane.setSelLength(2); }), 0);
+        QCOMPARE(p.pane.SelText(), QStringLiteral("bc"));
+        QCOMPARE(errorOf([&] { p.pane.setSelLength(0); }), 0);
+        QCOMPARE(p.pane.SelLength(), 0);
+        QCOMPARE(errorOf([&] { p.pane.setSelLength(-1); }), 380);
     }
 
     // A page of one line of ten megabytes: cut into rows of a few thousand characters, it

@@ -1,0 +1,289 @@
+// The desktop's own services, for real: the file dialog (a typed name that does not exist
+// reaches the program, a name the toolkit cannot read comes back with its bytes), the transfer
+// of File > Open online file against a small HTTP server on 127.0.0.1, and the Source view
+// printed into a PDF, read back with pdftotext: every character once and in order, one inch in
+// from the paper's edges.
+#include "editor/file_system.h"
+#include "editor/text_pane.h"
+#include "platform/common_dialog.h"
+#include "print/print_pane_text.h"
+#include "test_rows.h"
+#include "test_shell.h"
+#include "ui/desktop/net_transfer.h"
+#include "ui/desktop/qt_platform.h"
+#include "ui/desktop/qt_printer.h"
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+#include <fcntl.h>
+#include <unistd.h>
+
+using namespace tsl;
+using namespace tsl::test;
+
+namespace {
+// Types a name into the next file dialog and presses Return.
+void typeIntoTheDialog(const QString& name) {
+    auto* timer = new QTimer;
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, name] {
+        auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        auto* edit = box ? box->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) : nullptr;
+        if (!edit) return;
+        timer->deleteLater();
+        edit->setText(name);
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    timer->start(20);
+}
+
+// Shows an Open dialog in `folder` for `name`; answers the dialog as the program reads it.
+CommonDialog openDialogIn(const QString& folder, const QString& name) {
+    QtPlatform platform;
+    CommonDialog dialog(platform);
+    dialog.Flags = 524802; // Explorer, several files, overwrite prompt: as File > Open sets it
+    dialog.InitDir = folder;
+    dialog.Filter = QStringLiteral("HTML Files (*.htm)|*.htm|All|*");
+    dialog.FilterIndex = 2;
+    typeIntoTheDialog(name);
+    if (!platform.showOpen(dialog)) dialog.FileName.clear();
+    return dialog;
+}
+
+const QString kFailed =
+    QStringLiteral("Could not open the file you requested. Check your filename and connection.");
+const QByteArray kPage = "<html>\r\n<body>Gr\xc3\xbc\xc3\x9f"
+                         "e from the server</body>\r\n</html>";
+const QString kPageText = QStringLiteral("<html>\n<body>Grüße from the server</body>\n</html>");
+const QByteArray kSheet = "body { color: red; }\n";
+const QByteArray kMissing = "<html><body>404 Not Found</body></html>";
+
+// Answers GET requests from a table of paths; a path not in it is a 404 with its own page.
+// A silent one accepts and never answers.
+class SmallHttpServer : public QTcpServer {
+  public:
+    explicit SmallHttpServer(bool silent = false) {
+        connect(this, &QTcpServer::newConnection, this, [this, silent] {
+            while (QTcpSocket* socket = nextPendingConnection())
+                connect(socket, &QTcpSocket::readyRead, socket, [this, socket, silent] {
+                    requests.append(QString::fromLatin1(socket->readAll().split(' ').value(1)));
+                    if (!silent) serve(socket, requests.last());
+                });
+        });
+        listen(QHostAddress::LocalHost);
+    }
+    QString url(const QString& path) const {
+        return QStringLiteral("http://127.0.0.1:%1%2").arg(serverPort()).arg(path);
+    }
+    QStringList requests;
+
+  private:
+    static void serve(QTcpSocket* socket, const QString& path) {
+        QByteArray status = "200 OK", type = "text/html", body = kPage, extra;
+        if (path == QLatin1String("/site.css")) {
+            body = kSheet;
+            type = "text/css";
+        } else if (path == QLatin1String("/moved")) {
+            status = "301 Moved Permanently";
+            extra = "Location: /page.html\r\n";
+        } else if (path != QLatin1String("/page.html")) {
+            status = "404 Not Found";
+            body = kMissing;
+        }
+        socket->write("HTTP/1.1 " + status + "\r\nContent-Type: " + type +
+                      "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n" + extra +
+                      "Connection: close\r\n\r\n" + body);
+        socket->disconnectFromHost();
+    }
+};
+
+// File > Open online file for an address, through a real transfer.
+struct Fetch {
+    NetTransfer transfer;
+    TestShell ts;
+    explicit Fetch(const QString& url, int timeoutMs) : transfer(timeoutMs) {
+        ts.platform.useTransfer = &transfer;
+        ts.load();
+        ts.platform.inputAnswers.enqueue(url);
+    }
+};
+
+QString run(const QString& program, const QStringList& arguments) {
+    const QString path = QStandardPaths::findExecutable(program);
+    if (path.isEmpty()) qFatal("%s is missing: run scripts/install-deps.sh", qPrintable(program));
+    QProcess process;
+    process.start(path, arguments);
+    process.waitForFinished(60000);
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+QString withoutBlanks(QString text) {
+    return text.remove(QRegularExpression(QStringLiteral("\\s")));
+}
+
+// Lines of numbered words, long enough to wrap and to fill several pages, and a few words too
+// long for a line, which break anywhere.
+QString severalPages() {
+    QString text;
+    for (int i = 0; i < 220; ++i) {
+        text += QStringLiteral("%1:").arg(i, 3, 10, QChar(u'0'));
+        for (int w = 0; w < i % 23; ++w)
+            text += QStringLiteral(" w%1x%2").arg(i).arg(w);
+        text += u'\n';
+        if (i % 31 == 0) text += u'\n';
+        if (i % 50 == 7) text += QString(150, QLatin1Char('z')) + u'\n';
+    }
+    return text;
+}
+} // namespace
+
+class DesktopServicesTest : public QObject {
+    Q_OBJECT
+
+    SmallHttpServer server;
+
+  private slots:
+    void aTypedNameThatDoesNotExistIsTaken() {
+        QTemporaryDir dir;
+        const CommonDialog dialog = openDialogIn(dir.path(), QStringLiteral("missing.htm"));
+        QCOMPARE(dialog.FileName, dir.filePath(QStringLiteral("missing.htm")));
+        QCOMPARE(dialog.FileTitle, QStringLiteral("missing.htm"));
+        QCOMPARE(dialog.FilterIndex, 2); // the filter shown, counted from 1
+    }
+
+    void aNameTheToolkitCannotReadComesBackWhole() {
+        QTemporaryDir dir;
+        const QByteArray raw = QFile::encodeName(dir.path()) + "/caf\xE9.htm";
+        const int fd = ::open(raw.constData(), O_WRONLY | O_CREAT, 0644);
+        QVERIFY(fd >= 0);
+        ::close(fd);
+        const CommonDialog dialog = openDialogIn(dir.path(), QStringLiteral("caf\uFFFD.htm"));
+        QCOMPARE(fileNameBytes(dialog.FileName), raw);
+    }
+
+    void fetchThroughTheMenu_data() {
+        columns<QString, QString, QString>({"path", "text", "css"});
+        QTest::newRow("page, decoded as a file is") << "/page.html" << kPageText << "No";
+        QTest::newRow("style sheet") << "/site.css" << QString::fromLatin1(kSheet) << "Yes";
+        QTest::newRow("error page is the text") << "/gone" << QString::fromLatin1(kMissing) << "No";
+        QTest::newRow("redirect followed") << "/moved" << kPageText << "No";
+    }
+    void fetchThroughTheMenu() {
+        QFETCH(QString, path);
+        Fetch f(server.url(path), 20000);
+        QStringList panel;
+        connect(&f.ts->StatusBar1, &Control::changed, this,
+                [&] { panel.append(f.ts->StatusBar1.PanelText(1)); });
+        QElapsedTimer clock;
+        clock.start();
+        f.ts.run("mnuNet");
+        QVERIFY(clock.elapsed() < 10000); // the answer ends the wait, not the time limit
+        QVERIFY(f.ts.platform.messages.isEmpty());
+        QCOMPARE(f.ts->documents().size(), size_t(2));
+        QTEST(f.ts.active().codebox().Text(), "text");
+        QTEST(f.ts.active().CSSDoc, "css");
+        QCOMPARE(f.ts.active().lblOnlineFile, QStringLiteral("Yes"));
+        QCOMPARE(panel, (QStringList{"Looking up host...", "Host found. Waiting for reply...",
+                                     "Requesting file...", ""}));
+    }
+
+    // No answer: the message, the panel emptied and no window.
+    void failedTransfers_data() {
+        columns<int>({"kind"});
+        QTest::newRow("refused port") << 0;
+        QTest::newRow("server that never answers") << 1;
+        QTest::newRow("host that does not exist") << 2;
+    }
+    void failedTransfers() {
+        QFETCH(int, kind);
+        SmallHttpServer quiet(true);
+        QTcpServer closed;
+        closed.listen(QHostAddress::LocalHost);
+        const QString url =
+            kind == 0   ? QStringLiteral("http://127.0.0.1:%1/page.html").arg(closed.serverPort())
+            : kind == 1 ? quiet.url(QStringLiteral("/page.html"))
+                        : QStringLiteral("http://no-such-host.invalid/page.html");
+        closed.close();
+        Fetch f(url, 1500);
+        f.ts.run("mnuNet");
+        QCOMPARE(f.ts.platform.messageTexts(), QStringList{kFailed});
+        QCOMPARE(f.ts->StatusBar1.PanelText(1), QString());
+        QCOMPARE(f.ts->documents().size(), size_t(1));
+        if (kind == 1) QCOMPARE(quiet.requests, QStringList{"/page.html"});
+    }
+
+    void sourceTextToPdf_data() {
+        columns<int, QString>({"size", "name"});
+        QTest::newRow("Letter") << int(QPageSize::Letter) << "612 x 792";
+        QTest::newRow("A4") << int(QPageSize::A4) << "595 x 842";
+    }
+    void sourceTextToPdf() {
+        QFETCH(int, size);
+        QFETCH(QString, name);
+        QTemporaryDir dir;
+        const QString pdf = dir.filePath(QStringLiteral("out.pdf"));
+        auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        printer->setOutputFormat(QPrinter::PdfFormat);
+        printer->setOutputFileName(pdf);
+        printer->setPageSize(QPageSize(QPageSize::PageSizeId(size)));
+        // A printable area that begins a quarter of an inch from the edge.
+        printer->setPageMargins(QMarginsF(18, 18, 18, 18), QPageLayout::Point);
+        QtPrinterDevice device(std::move(printer));
+        QCOMPARE(DrawingRect(device, 1440, 1440, 1440, 1440).left, 1080);
+        TextPane pane;
+        const QString text = severalPages();
+        pane.setText(text);
+        pane.setFontName(QStringLiteral("DejaVu Sans Mono"));
+        pane.setFontSize(11);
+        PrintPaneText(pane, device, 1440, 1440, 1440, 1440);
+
+        const QString info = run(QStringLiteral("pdfinfo"), {pdf});
+        QVERIFY2(info.contains(QRegularExpression(QStringLiteral("Page size:\\s+") + name)),
+                 qPrintable(info));
+        const int pages =
+            QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(info).captured(1).toInt();
+        QVERIFY2(pages >= 3, qPrintable(info));
+        // Every character, once and in order, page after page.
+        QString all;
+        for (int p = 1; p <= pages; ++p)
+            all += run(QStringLiteral("pdftotext"),
+                       {QStringLiteral("-f"), QString::number(p), QStringLiteral("-l"),
+                        QString::number(p), QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+        QCOMPARE(withoutBlanks(all), withoutBlanks(text));
+
+        // The words stand inside one-inch margins of the paper (72 points), the left edge of
+        // the text right on it; lines wrap and pages fill up to the margins.
+        const QString boxes =
+            run(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdf, QStringLiteral("-")});
+        const auto page = QRegularExpression(QStringLiteral("<page width=\"([\\d.]+)\" "
+                                                            "height=\"([\\d.]+)\""))
+                              .match(boxes);
+        const double width = page.captured(1).toDouble(), height = page.captured(2).toDouble();
+        double left = 1e9, top = 1e9, right = 0, bottom = 0;
+        const QRegularExpression word(QStringLiteral(
+            "<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\" yMax=\"([\\d.]+)\""));
+        for (auto it = word.globalMatch(boxes); it.hasNext();) {
+            const auto m = it.next();
+            left = std::min(left, m.captured(1).toDouble());
+            top = std::min(top, m.captured(2).toDouble());
+            right = std::max(right, m.captured(3).toDouble());
+            bottom = std::max(bottom, m.captured(4).toDouble());
+        }
+        QVERIFY2(qAbs(left - 72) < 1.5, qPrintable(QString::number(left)));
+        QVERIFY2(top >= 71 && top < 80, qPrintable(QString::number(top)));
+        QVERIFY2(right <= width - 72 + 0.5 && right > width - 72 - 40,
+                 qPrintable(QString::number(right)));
+        QVERIFY2(bottom <= height - 72 + 0.5 && bottom > height - 72 - 40,
+                 qPrintable(QString::number(bottom)));
+    }
+};
+
+QTEST_MAIN(DesktopServicesTest)
+#include "test_desktop_services.moc"
