@@ -9,12 +9,6 @@ namespace tsl {
 namespace {
 const QString kClose = QStringLiteral("</a>");
 
-codeEditor& required(codeEditor* doc) {
-    if (!doc)
-        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
-    return *doc;
-}
-
 // The link written in the Source pane: around the selection in two steps, the selection kept
 // on the wrapped text; or an empty pair with the caret between the tags.
 void writeInSource(DialogContext& shell, codeEditor& doc, const QString& open) {

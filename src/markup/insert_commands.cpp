@@ -9,14 +9,7 @@
 
 namespace tsl {
 
-namespace {
-codeEditor& activeDocument(ShellCore& shell) {
-    codeEditor* doc = shell.ActiveForm();
-    if (!doc)
-        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
-    return *doc;
-}
-} // namespace
+namespace {} // namespace
 
 MarkupCommands::MarkupCommands(DialogContext& context) : shell_(static_cast<ShellCore&>(context)) {}
 
@@ -28,7 +21,7 @@ const QString MarkupCommands::kBadgeMarkup = QStringLiteral(
 // The Source view of a wrap command: around the selection, or an empty pair with the caret
 // between the tags. Its block flag is read by no step.
 void MarkupCommands::wrap(const QString& open, const QString& close, bool addSelection, bool) {
-    codeEditor& doc = activeDocument(shell_);
+    codeEditor& doc = required(shell_.ActiveForm());
     wrapInSource(shell_, doc, {open, close, addSelection, true});
     doc.codebox().SetFocus();
     shell_.bInsertingMarkup = false;
@@ -44,8 +37,9 @@ void MarkupCommands::mnuH_Click(int level) {
     silentExit([&] {
         const QString n = QString::number(level);
         if (shell_.bLayoutActive) {
-            activeDocument(shell_).DHTMLEdit1().ExecCommand(layoutcmd::SetBlockFormat, 2,
-                                                            QStringLiteral("Heading ") + n);
+            required(shell_.ActiveForm())
+                .DHTMLEdit1()
+                .ExecCommand(layoutcmd::SetBlockFormat, 2, QStringLiteral("Heading ") + n);
             return;
         }
         wrap(QStringLiteral("<h") + n + QLatin1Char('>'),
@@ -65,7 +59,7 @@ void MarkupCommands::mnuSup_Click() {
 
 void MarkupCommands::mnuTagsBlock_Click() {
     shell_.bInsertingMarkup = true;
-    codeEditor& doc = activeDocument(shell_);
+    codeEditor& doc = required(shell_.ActiveForm());
     if (shell_.bLayoutActive) {
         doc.DHTMLEdit1().ExecCommand(layoutcmd::Indent);
         return;
@@ -77,7 +71,7 @@ void MarkupCommands::mnuTagsBlock_Click() {
 // In Layout view a wrap command sends one command to the surface and clears both flags.
 bool MarkupCommands::sendToLayout(int id) {
     if (!shell_.bLayoutActive) return false;
-    activeDocument(shell_).DHTMLEdit1().ExecCommand(id, 2);
+    required(shell_.ActiveForm()).DHTMLEdit1().ExecCommand(id, 2);
     shell_.bInsertingMarkup = false;
     shell_.bCaretStepTaken = false;
     return true;
@@ -119,7 +113,7 @@ void MarkupCommands::mnuTagsUnderline_Click() {
 
 void MarkupCommands::mnuTagsCenter_Click() {
     shell_.bInsertingMarkup = true;
-    codeEditor& doc = activeDocument(shell_);
+    codeEditor& doc = required(shell_.ActiveForm());
     if (shell_.bLayoutActive) {
         doc.DHTMLEdit1().ExecCommand(layoutcmd::JustifyCenter, 2);
         doc.DHTMLEdit1().SetFocus();
@@ -132,7 +126,7 @@ void MarkupCommands::mnuTagsCenter_Click() {
 
 void MarkupCommands::mnuTagsRight_Click() {
     shell_.bInsertingMarkup = true;
-    codeEditor& doc = activeDocument(shell_);
+    codeEditor& doc = required(shell_.ActiveForm());
     if (shell_.bLayoutActive) {
         doc.DHTMLEdit1().ExecCommand(layoutcmd::JustifyRight, 2);
         doc.DHTMLEdit1().SetFocus();
@@ -149,7 +143,7 @@ void MarkupCommands::mnuInsertParagraph_Click() {
         if (shell_.bLayoutActive) {
             shell_.InsertMarkup(QStringLiteral("<p>"));
         } else {
-            codeEditor& doc = activeDocument(shell_);
+            codeEditor& doc = required(shell_.ActiveForm());
             SourcePane& pane = doc.codebox();
             const bool selection = pane.SelLength() > 0;
             if (selection) {
@@ -175,7 +169,7 @@ void MarkupCommands::mnuInsertBreak_Click() {
         if (shell_.bLayoutActive) {
             shell_.InsertMarkup(QStringLiteral("<br>"));
         } else {
-            codeEditor& doc = activeDocument(shell_);
+            codeEditor& doc = required(shell_.ActiveForm());
             // A line feed alone, whatever line end the Enter key would write.
             doc.codebox().setSelText(QStringLiteral("<br>\n"));
             doc.codebox().SetFocus();
@@ -189,7 +183,7 @@ void MarkupCommands::mnuInsertBreak_Click() {
 void MarkupCommands::mnuInsertComment_Click() {
     shell_.bInsertingMarkup = true;
     silentExit([&] {
-        codeEditor& doc = activeDocument(shell_);
+        codeEditor& doc = required(shell_.ActiveForm());
         const bool html = doc.CSSDoc == QLatin1String("No");
         const QString open = html ? QStringLiteral("<!-- ") : QStringLiteral("/* ");
         const QString close = html ? QStringLiteral(" -->") : QStringLiteral(" */");
@@ -204,7 +198,7 @@ void MarkupCommands::mnuInsertComment_Click() {
 }
 
 void MarkupCommands::mnuFormatRemove_Click() {
-    activeDocument(shell_).DHTMLEdit1().ExecCommand(layoutcmd::RemoveFormat);
+    required(shell_.ActiveForm()).DHTMLEdit1().ExecCommand(layoutcmd::RemoveFormat);
 }
 
 // Groups of the single inserts: A and D touch no flag and add a step only without a caret step;
@@ -220,7 +214,7 @@ void MarkupCommands::singleInsert(const QString& text, char group) {
         }
         return;
     }
-    codeEditor& doc = activeDocument(shell_);
+    codeEditor& doc = required(shell_.ActiveForm());
     if (fullProtocol) shell_.bInsertingMarkup = true;
     if (group == 'A' || group == 'B') doc.AddSelectionToStack();
     doc.codebox().setSelText(text);
@@ -288,7 +282,7 @@ void MarkupCommands::insertBadge() {
         shell_.InsertMarkup(kBadgeMarkup);
         return;
     }
-    codeEditor& doc = activeDocument(shell_);
+    codeEditor& doc = required(shell_.ActiveForm());
     shell_.bInsertingMarkup = true;
     doc.codebox().setSelText(QStringLiteral("\n") + kBadgeMarkup);
     doc.AddInsertStep();

@@ -40,12 +40,6 @@ TagParts takeApart(const QString& tagTemplate) {
     return parts;
 }
 
-codeEditor& activeDocument(DialogContext& shell) {
-    codeEditor* doc = shell.ActiveForm();
-    if (!doc)
-        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
-    return *doc;
-}
 } // namespace
 
 TagList::TagList(DialogContext& context) : shell_(context) {
@@ -76,9 +70,7 @@ void TagList::LoadTagList() {
 // statement, so a press on empty space keeps the selection and the dragged tag.
 void TagList::tvwTags_MouseDown(int nodeIndex) {
     const auto node = [&]() -> int {
-        if (nodeIndex < 0 || nodeIndex >= tvwTags.ListCount())
-            raise(ErrObjectRequired,
-                  QStringLiteral("Object variable or With block variable not set"));
+        if (nodeIndex < 0 || nodeIndex >= tvwTags.ListCount()) raiseNoObject();
         return nodeIndex;
     };
     resumeNext([&] { tvwTags.setListIndex(node()); });
@@ -89,10 +81,10 @@ void TagList::tvwTags_DblClick() {
     // One silent exit at the end: a failure leaves the flags set.
     silentExit([&] {
         // The tag list works in Source view only.
-        if (shell_.bLayoutActive || activeDocument(shell_).SelectedTab == 3) return;
+        if (shell_.bLayoutActive || required(shell_.ActiveForm()).SelectedTab == 3) return;
         shell_.CurrentDocument = shell_.ActiveForm();
         shell_.bInsertingMarkup = true;
-        codeEditor& doc = activeDocument(shell_);
+        codeEditor& doc = required(shell_.ActiveForm());
         SourcePane& pane = doc.codebox();
         if (pane.SelLength() == 0 && doc.ReturnCurrStepSelLen() > 0) doc.AddSelectionToStack();
         if (tvwTags.ListIndex() < 0) raise(ErrObjectRequired, QStringLiteral("No tag is selected"));
@@ -169,10 +161,10 @@ bool TagList::tvwTags_OLEStartDrag(QString& data) {
 
 void TagList::tvwTags_OLECompleteDrag(int effect) {
     resumeNext([&] {
-        SourcePane& pane = activeDocument(shell_).codebox();
+        SourcePane& pane = required(shell_.ActiveForm()).codebox();
         if (effect != 0) pane.setSelStart(pane.SelStart() - shell_.nTagDropBack);
     });
-    resumeNext([&] { activeDocument(shell_).codebox().SetFocus(); });
+    resumeNext([&] { required(shell_.ActiveForm()).codebox().SetFocus(); });
 }
 
 // The list is filled as the program starts, before any pane shows it.

@@ -1,17 +1,12 @@
 #include "preview/browser_preview.h"
 #include "runtime/resume.h"
+#include "shell/command_registry.h"
 #include "shell/frm_options.h"
 #include "shell/shell_core.h"
-#include "shell/command_registry.h"
 
 namespace tsl {
 
 namespace {
-codeEditor& required(codeEditor* doc) {
-    if (!doc)
-        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
-    return *doc;
-}
 
 // Asks whether to save first; Yes saves through File > Save.
 void offerSave(ShellCore& shell) {

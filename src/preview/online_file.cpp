@@ -20,19 +20,15 @@ QString fetchFailedText() {
 }
 } // namespace preview
 
-namespace {
-codeEditor& required(codeEditor* doc) {
-    if (!doc)
-        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
-    return *doc;
-}
-} // namespace
+namespace {} // namespace
 
 void mnuNet_Click(ShellCore& shell) {
     resumeNext([&] { shell.CurrentDocument = shell.ActiveForm(); });
     shell.LockWindowUpdate(true);
     shell.bLoadingOnline = true;
-    resumeNext([&] { shell.runMenuClick(QStringLiteral("mnuFileNewHTML")); }); // releases drawing at its end
+    resumeNext([&] {
+        shell.runMenuClick(QStringLiteral("mnuFileNewHTML"));
+    }); // releases drawing at its end
     shell.bLoadingOnline = false;
     codeEditor* fetched = shell.ActiveForm();
     resumeNext([&] { required(shell.ActiveForm()).codebox().setText(QString()); });

@@ -46,4 +46,8 @@ void raise(int number, const QString& description) {
     throw RuntimeError(number, description);
 }
 
+void raiseNoObject() {
+    raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
+}
+
 } // namespace tsl

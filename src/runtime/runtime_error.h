@@ -42,4 +42,12 @@ QString errorDescription(int number);
 
 [[noreturn]] void raise(int number, const QString& description = QString());
 
+// Raised where an object is needed and there is none: no document in front, no node there.
+[[noreturn]] void raiseNoObject();
+
+template <typename T> T& required(T* object) {
+    if (!object) raiseNoObject();
+    return *object;
+}
+
 } // namespace tsl

@@ -1,18 +1,12 @@
 #include "search/frm_find.h"
-#include "search/find_replace.h"
 #include "runtime/resume.h"
+#include "search/find_replace.h"
 #include "shell/code_editor.h"
 #include "shell/command_registry.h"
 
 namespace tsl {
 
-namespace {
-codeEditor& required(codeEditor* doc) {
-    if (!doc)
-        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
-    return *doc;
-}
-} // namespace
+namespace {} // namespace
 
 frmFind::frmFind(DialogContext& shell) : Form(QStringLiteral("frmFind")), shell_(shell) {
     setCaption(QStringLiteral("Find & Replace"));
@@ -81,8 +75,8 @@ void frmFind::cmdReplace_Click() {
 
 void frmFind::Command1_Click() {
     shell_.part<SearchSession>().Search.FindText = txtFind.Text();
-    const int replaced =
-        ReplaceAllMatches(shell_.part<SearchSession>().Search, codebox(), txtReplace.Text(), shell_.platform());
+    const int replaced = ReplaceAllMatches(shell_.part<SearchSession>().Search, codebox(),
+                                           txtReplace.Text(), shell_.platform());
     txtFind.SelectAll();
     SetFocus();
     if (replaced > 0) required(shell_.ActiveForm()).CheckToAddStep(false);
@@ -112,7 +106,8 @@ void mnuEditFind_Click(DialogContext& shell) {
         form->Form_Load();
     }
     SourcePane& pane = doc.codebox();
-    form->txtFind.setText(pane.SelLength() > 0 ? pane.SelText() : shell.part<SearchSession>().Search.FindText);
+    form->txtFind.setText(pane.SelLength() > 0 ? pane.SelText()
+                                               : shell.part<SearchSession>().Search.FindText);
     shell.part<SearchSession>().Search.FindChanged = true;
     if (shell.part<SearchSession>().Search.FindMatchCase != 0) form->chkCase.setValue(1);
     if (made) {

@@ -6,17 +6,10 @@
 
 namespace tsl {
 
-namespace {
-codeEditor& activeDocument(ShellCore& shell) {
-    codeEditor* doc = shell.ActiveForm();
-    if (!doc)
-        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
-    return *doc;
-}
-} // namespace
+namespace {} // namespace
 
 void ShellCore::InsertMarkup(const QString& markup) {
-    codeEditor& doc = activeDocument(*this);
+    codeEditor& doc = required(ActiveForm());
     if (bLayoutActive)
         doc.DHTMLEdit1().pasteHTML(markup);
     else
@@ -24,7 +17,7 @@ void ShellCore::InsertMarkup(const QString& markup) {
 }
 
 void ShellCore::mnuEditCut_Click() {
-    codeEditor& doc = activeDocument(*this);
+    codeEditor& doc = required(ActiveForm());
     if (bLayoutActive) {
         doc.DHTMLEdit1().ExecCommand(layoutcmd::Cut);
         doc.DHTMLEdit1().SetFocus();
@@ -40,7 +33,7 @@ void ShellCore::mnuEditCut_Click() {
 }
 
 void ShellCore::mnuEditCopy_Click() {
-    codeEditor& doc = activeDocument(*this);
+    codeEditor& doc = required(ActiveForm());
     if (bLayoutActive) {
         doc.DHTMLEdit1().ExecCommand(layoutcmd::Copy);
         doc.DHTMLEdit1().SetFocus();
@@ -52,7 +45,7 @@ void ShellCore::mnuEditCopy_Click() {
 }
 
 void ShellCore::mnuEditPaste_Click() {
-    codeEditor& doc = activeDocument(*this);
+    codeEditor& doc = required(ActiveForm());
     // The markup flag stays set when this command ends; the next change reads it.
     bInsertingMarkup = true;
     if (bLayoutActive) {
@@ -67,7 +60,7 @@ void ShellCore::mnuEditPaste_Click() {
 }
 
 void ShellCore::mnuEditSelectall_Click() {
-    codeEditor& doc = activeDocument(*this);
+    codeEditor& doc = required(ActiveForm());
     if (bLayoutActive) {
         doc.DHTMLEdit1().ExecCommand(layoutcmd::SelectAll);
         return;
@@ -79,7 +72,7 @@ void ShellCore::mnuEditSelectall_Click() {
 }
 
 void ShellCore::mnuEditUndo_Click() {
-    codeEditor& doc = activeDocument(*this);
+    codeEditor& doc = required(ActiveForm());
     if (bLayoutActive)
         doc.DHTMLEdit1().ExecCommand(layoutcmd::Undo);
     else
@@ -87,7 +80,7 @@ void ShellCore::mnuEditUndo_Click() {
 }
 
 void ShellCore::mnuEditRedo_Click() {
-    codeEditor& doc = activeDocument(*this);
+    codeEditor& doc = required(ActiveForm());
     if (bLayoutActive)
         doc.DHTMLEdit1().ExecCommand(layoutcmd::Redo);
     else

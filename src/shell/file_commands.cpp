@@ -12,12 +12,6 @@ QString cssDocFor(const QString& path) {
     return path.right(4) == QLatin1String(".css") ? QStringLiteral("Yes") : QStringLiteral("No");
 }
 
-codeEditor& required(codeEditor* doc) {
-    if (!doc)
-        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
-    return *doc;
-}
-
 const QString kAlreadyOpenName = QStringLiteral(
     "This is the name of a file that is currently open.\n\nFile has not been saved.");
 

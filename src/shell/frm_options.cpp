@@ -11,12 +11,6 @@ QString yesNo(bool on) {
     return on ? QStringLiteral("Yes") : QStringLiteral("No");
 }
 
-codeEditor& required(codeEditor* doc) {
-    if (!doc)
-        raise(ErrObjectRequired, QStringLiteral("Object variable or With block variable not set"));
-    return *doc;
-}
-
 // The font size a text gives a pane; what is no size at all is refused.
 double fontSizeOf(const QString& text) {
     const double size = toNumber(text);
