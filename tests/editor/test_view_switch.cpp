@@ -2,8 +2,8 @@
 // the temporary file, the undo history and the commands, and how the Layout surface's state
 // reaches the toolbars.
 #include "dialogs/table_chooser.h"
+#include "shell_helpers.h"
 #include "test_rows.h"
-#include "test_shell.h"
 #include <QDir>
 #include <QTemporaryDir>
 
@@ -172,6 +172,25 @@ class ViewSwitchTest : public QObject {
         QVERIFY(!QFile::exists(preview));
         QVERIFY(!QFile::exists(v.folder() + QStringLiteral("~tssln2.htm")));
         QVERIFY(v.menuOn("mnuTagsBold"));
+    }
+
+    // Preview turns Undo and Redo off; back in Source they follow the history again.
+    void undoAndRedoThroughPreview() {
+        Views v;
+        v.doc->codebox().setSelText(QStringLiteral("a"));
+        v.doc->AddStep();
+        v.doc->Undo();
+        const auto state = [&] {
+            return QString::number(v.menuOn("mnuEditUndo")) +
+                   QString::number(v.ts->tbrMain.ButtonEnabled(11)) +
+                   QString::number(v.menuOn("mnuEditRedo")) +
+                   QString::number(v.ts->tbrMain.ButtonEnabled(12));
+        };
+        QCOMPARE(state(), "0011");
+        v.show(3);
+        QCOMPARE(state(), "0000");
+        v.show(1);
+        QCOMPARE(state(), "0011");
     }
 
     void anUntitledPagePreviewsFromTheTemporaryFolder() {

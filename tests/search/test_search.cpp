@@ -1,4 +1,5 @@
 // Find & Replace in the Source text and Extended Replace in files, windows driven as by a user.
+#include "dialogs_helpers.h"
 #include "search/find_replace.h"
 #include "search/frm_choose_files.h"
 #include "search/frm_ext_find.h"
@@ -64,6 +65,11 @@ struct FindWindow : TestShell {
     }
     SourcePane& pane() { return active().codebox(); }
     FindState& search() { return shell->part<SearchSession>().Search; }
+};
+
+// A folder picker that cannot start, as when the device is gone.
+struct NoFolderPicker : ScriptedPlatform {
+    std::optional<QString> browseForFolder(const QString&) override { raise(ErrDeviceUnavailable); }
 };
 
 struct ExtReplace : TestShell {
@@ -195,10 +201,10 @@ class SearchTest : public QObject {
     // Replace changes a matching selection and finds the next; each change is one undo step.
     void theWindowReplaces_data() {
         columns<int, int, bool, QString>({"selStart", "matchCase", "all", "text"});
-        QTest::newRow("same but for case") << 0 << 0 << false << QString("XY one ONE");
-        QTest::newRow("case must match") << 0 << 1 << false << QString("One one ONE");
-        QTest::newRow("no selection") << 3 << 0 << false << QString("One one ONE");
-        QTest::newRow("all") << 0 << 0 << true << QString("XY XY XY");
+        row("same but for case", 0, 0, false, QString("XY one ONE"));
+        row("case must match", 0, 1, false, QString("One one ONE"));
+        row("no selection", 3, 0, false, QString("One one ONE"));
+        row("all", 0, 0, true, QString("XY XY XY"));
     }
     void theWindowReplaces() {
         QFETCH(int, selStart);
@@ -252,14 +258,11 @@ class SearchTest : public QObject {
         e.forms.then<frmExtFind>([&](frmExtFind& f) {
             QCOMPARE(f.Caption(), QStringLiteral("Extended Replace"));
             const auto enabled = [&f] {
-                QStringList on;
-                for (const QString& name : words("txtPath cmdSelectDocFolder Label3 txtFilter "
-                                                 "lstFiles cmdSelectDocFiles ReplaceButton"))
-                    if (f.control(name)->Enabled()) on << name;
-                return on.join(u' ');
+                return enabledOf(f, "txtPath;cmdSelectDocFolder;Label3;txtFilter;lstFiles;"
+                                    "cmdSelectDocFiles;ReplaceButton");
             };
-            const QString folder = "txtPath cmdSelectDocFolder Label3 txtFilter";
-            const QString files = "lstFiles cmdSelectDocFiles";
+            const QString folder = "txtPath;cmdSelectDocFolder;Label3;txtFilter";
+            const QString files = "lstFiles;cmdSelectDocFiles";
             QStringList seen;
             f.FindBox.setText(QStringLiteral("x"));
             seen << enabled(); // no folder
@@ -278,8 +281,8 @@ class SearchTest : public QObject {
             f.FindBox.setText(QStringLiteral("z"));
             f.FindBox.setText(QString());
             seen << enabled();
-            QCOMPARE(seen, QStringList({folder, files, files, files + " ReplaceButton", folder,
-                                        folder + " ReplaceButton/srv/www", folder}));
+            QCOMPARE(seen, QStringList({folder, files, files, files + ";ReplaceButton", folder,
+                                        folder + ";ReplaceButton/srv/www", folder}));
             QCOMPARE(e.platform.folderTitles, QStringList{"Please select a default folder"});
             f.txtFilter.receiveText(QStringLiteral("*.h tm")); // no blank in a filter
             QCOMPARE(f.txtFilter.Text(), QStringLiteral("*.htm"));
@@ -288,6 +291,19 @@ class SearchTest : public QObject {
         });
         e.run("mnuExtFind");
         QCOMPARE(e->CurrentDocument, &e.active());
+    }
+
+    void aFolderPickerThatFailsSaysSo() {
+        NoFolderPicker platform;
+        MemorySettingsStore settings;
+        TextPaneFactory surfaces;
+        ScriptedForms forms;
+        ShellMDI shell(platform, settings, surfaces, forms);
+        frmExtFind f(shell);
+        f.Form_Load();
+        f.cmdSelectDocFolder.press();
+        QCOMPARE(platform.messageTexts(), QStringList{"The device is unavailable."});
+        QVERIFY(platform.messages[0].icon == MsgIcon::Critical && f.txtPath.Text().isEmpty());
     }
 
     // The folder's pages under the filter keep their bytes but for the replacements.

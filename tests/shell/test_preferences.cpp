@@ -1,8 +1,16 @@
-// The Preferences dialog: what it shows from the store, what OK writes and does to the open
-// documents, the 72 point rule, the browse buttons, and Cancel.
+// The Preferences dialog (what it shows from the store, what OK writes and does to the open
+// documents, the 72 point rule, the browse buttons, Cancel), the settings store beneath it, and
+// the relative links its setting turns on.
 #include "shell/frm_options.h"
+#include "shell/relative_path.h"
+#include "shell/settings_store.h"
 #include "shell_helpers.h"
 #include "test_rows.h"
+#include <QDirIterator>
+#include <QTemporaryDir>
+#include <QTest>
+#include <functional>
+#include <memory>
 #include <optional>
 
 using namespace tsl;
@@ -51,10 +59,30 @@ QString paneOf(const codeEditor* doc) {
         .arg(doc->codebox().FontSize())
         .arg(doc->codebox().RightMargin());
 }
+
+// The chosen file's title as the dialog gives it: the text after the last separator.
+QString titleOf(const QString& path, QChar separator) {
+    return path.mid(path.lastIndexOf(separator) + 1);
+}
 } // namespace
+
+using StoreMaker = std::function<std::shared_ptr<SettingsStore>()>;
+Q_DECLARE_METATYPE(StoreMaker)
 
 class PreferencesTest : public QObject {
     Q_OBJECT
+
+    QTemporaryDir config_;
+    int appCount_ = 0;
+    // Every test gets an application name of its own, so the files on disk do not meet.
+    QString app_;
+    // The memory store lives as long as the test: "a new instance" of it is the same data.
+    std::shared_ptr<MemorySettingsStore> memory_;
+    void addStores() {
+        QTest::addColumn<StoreMaker>("make");
+        QTest::newRow("memory") << StoreMaker([this] { return memory_; });
+        QTest::newRow("QSettings") << StoreMaker([] { return std::make_shared<QSettingsStore>(); });
+    }
 
   private slots:
     void whatTheDialogShows() {
@@ -284,6 +312,176 @@ class PreferencesTest : public QObject {
         QVERIFY(ts->bAutoCloseTag && ts->bUseRelative);
         QCOMPARE(ts->OpenSave.InitDir, QString());
         QCOMPARE(paneOf(&ts.active()), QStringLiteral("Courier New 9 0"));
+    }
+
+    // "document|chosen|link|up" with the separator each path uses. A network file is seen as
+    // another drive, unless the document is on the network too; the climb compares one
+    // character short of the folder name; a sub-folder keeps its spelling.
+    void links_data() {
+        columns<QStringList>({"row"});
+        const char* const rows[] = {
+            R"(C:\web\site\page.htm|C:\web\site\a.gif|a.gif|0)",
+            R"(C:\web\site\page.htm|C:\web\site\img\a.gif|img/a.gif|0)",
+            R"(C:\web\site\page.htm|C:\web\a.gif|../a.gif|1)",
+            R"(C:\web\site\page.htm|C:\web\img\a.gif|../img/a.gif|1)",
+            R"(C:\web\site\page.htm|C:\a.gif|../../a.gif|1)",
+            R"(C:\web\site\page.htm|D:\b\a.gif|D:\b\a.gif|0)",
+            R"(C:\web\site\page.htm|\\host\share\a.gif|\\host\share\a.gif|0)",
+            R"(\\host\web\page.htm|\\host\img\a.gif|a.gif|0)",
+            R"(C:\web\site\page.htm|c:\WEB\Site\a.gif|a.gif|0)",
+            R"(C:\web\site\page.htm|C:\WEB\site\Img\a.gif|Img/a.gif|0)",
+            R"(C:\web\site1\sub\page.htm|C:\web\site2\sub\a.gif|../sub/a.gif|1)",
+            R"(C:\w\site\page.htm|C:\x\a.gif|../a.gif|1)",
+            "/home/web/site/page.htm|/home/web/a.gif|../a.gif|1",
+            "/home/web/site/page.htm|/HOME/Web/SITE/a.gif|a.gif|0",
+            "|/home/a.gif|/home/a.gif|0"}; // an untitled document
+        for (const char* row : rows)
+            QTest::newRow(row) << QString::fromUtf8(row).split(u'|');
+    }
+    void links() {
+        QFETCH(QStringList, row);
+        const QChar sep = row.at(1).contains(u'\\') ? u'\\' : u'/';
+        const RelativeLink result = relativeLink(row.at(0), titleOf(row.at(0), sep), row.at(1),
+                                                 titleOf(row.at(1), sep), sep);
+        QCOMPARE(result.link, row.at(2));
+        QCOMPARE(result.up, row.at(3) == u'1');
+    }
+
+    void aClimbPastTheFolderFails() {
+        // The short comparison takes "C:\we" for a parent of "C:\web\site".
+        QVERIFY_THROWS_EXCEPTION(RuntimeError,
+                                 relativeLink("C:\\web\\site\\page.htm", "page.htm",
+                                              "C:\\we\\a.gif", "a.gif", QLatin1Char('\\')));
+    }
+
+    // The document, the file chosen ("" a cancel), relative paths on?, the dialog's cancel
+    // error, then what the target holds and whether the link climbs. A cancel or a failing
+    // climb leaves the target as it was, silently.
+    void theRoutineWritesTheLinkIntoTheTarget_data() {
+        columns<QStringList>({"row"});
+        for (const char* row :
+             {"/home/web/site/page.htm|/home/web/img/a.gif|1|1|../img/a.gif|1",
+              "/home/web/site/page.htm|/home/web/site/img/a.gif|1|1|img/a.gif|0",
+              "/home/web/site/page.htm|/home/web/a.gif|0|1|/home/web/a.gif|0",
+              "|/home/web/a.gif|1|1|/home/web/a.gif|0", "/home/web/site/page.htm||1|1|before|0",
+              "/home/web/site/page.htm||1|0|before|0", "/web/site/page.htm|/we/a.gif|1|1|before|0"})
+            QTest::newRow(row) << QString::fromUtf8(row).split(u'|');
+    }
+    void theRoutineWritesTheLinkIntoTheTarget() {
+        QFETCH(QStringList, row);
+        Loaded ts;
+        codeEditor& doc = ts.active();
+        if (!row.at(0).isEmpty()) {
+            doc.codebox().setFileName(row.at(0));
+            doc.txtFileTitle = titleOf(row.at(0), u'/');
+        }
+        ts->txtTemp1 = doc.codebox().FileName();
+        ts->bUseRelative = row.at(2) == u'1';
+        TextBox target{QStringLiteral("target")};
+        target.setText(QStringLiteral("before"));
+        CommonDialog dialog{ts.platform};
+        dialog.CancelError = row.at(3) == u'1';
+        dialog.FileName = QStringLiteral("left over");
+        ts.platform.fileAnswers.enqueue(row.at(1).isEmpty() ? FileDialogAnswer::cancel()
+                                                            : FileDialogAnswer::file(row.at(1)));
+        ts->RelativePath(dialog, target);
+        QCOMPARE(target.Text(), row.at(4));
+        QCOMPARE(ts->bRelativeUp, row.at(5) == u'1');
+        if (row.at(2) == u'1' && row.at(4) != QLatin1String("before"))
+            QCOMPARE(ts->txtTemp2, row.at(4));
+        // The dialog was shown with an empty name.
+        QCOMPARE(ts.platform.fileDialogsShown.size(), 1);
+        QCOMPARE(ts.platform.fileDialogsShown[0].FileName, QString());
+        QVERIFY(ts.platform.messages.isEmpty());
+    }
+
+    void initTestCase() {
+        QVERIFY(config_.isValid());
+        // The store must never touch the real user's settings; set before any QSettings.
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(config_.path()));
+    }
+    void init() {
+        app_ = QStringLiteral("Tessaline Test %1").arg(++appCount_);
+        memory_ = std::make_shared<MemorySettingsStore>();
+    }
+
+    void theFourOperations_data() { addStores(); }
+    void theFourOperations() {
+        QFETCH(StoreMaker, make);
+        auto store = make();
+        QCOMPARE(store->GetSetting(app_, "Fuzzies", "Font Name", "Courier New"), "Courier New");
+        QCOMPARE(store->GetSetting(app_, "Fuzzies", "Font Name"), QString());
+        QVERIFY(store->GetAllSettings(app_, "Fuzzies").isEmpty());
+        store->SaveSetting(app_, "Fuzzies", "Font Size", "12");
+        store->SaveSetting(app_, "Fuzzies", "Font Size", "14");
+        QCOMPARE(store->GetSetting(app_, "Fuzzies", "Font Size", "9"), QStringLiteral("14"));
+        // Sections and applications are apart; an empty value is a value.
+        QCOMPARE(store->GetSetting(app_, "Browser", "Font Size", "none"), QStringLiteral("none"));
+        QCOMPARE(store->GetSetting(app_ + " other", "Fuzzies", "Font Size", "none"), "none");
+        store->SaveSetting(app_, "Fuzzies", "Default Dir", "");
+        QCOMPARE(store->GetSetting(app_, "Fuzzies", "Default Dir", "unset"), QString());
+        // All the settings of a section come in the order of their names.
+        const QString section = QStringLiteral("Recent File List");
+        for (const char* key : {"3rdRecentFile", "1stRecentFile", "4thRecentFile", "2ndRecentFile"})
+            store->SaveSetting(app_, section, key, QStringLiteral("/%1.htm").arg(key[0]));
+        const SettingsStore::Pairs expected = {{"1stRecentFile", "/1.htm"},
+                                               {"2ndRecentFile", "/2.htm"},
+                                               {"3rdRecentFile", "/3.htm"},
+                                               {"4thRecentFile", "/4.htm"}};
+        QCOMPARE(store->GetAllSettings(app_, section), expected);
+        // Deleting takes one key; what is not there does no harm.
+        store->SaveSetting(app_, "Saved Styles", "Heading", "Heading");
+        store->SaveSetting(app_, "Saved Styles", "(New Style)", "(New Style)");
+        store->DeleteSetting(app_, "Saved Styles", "Heading");
+        store->DeleteSetting(app_, "Saved Styles", "Heading");
+        store->DeleteSetting(app_, "No Section", "No Key");
+        QCOMPARE(store->GetAllSettings(app_, "Saved Styles"),
+                 SettingsStore::Pairs({{"(New Style)", "(New Style)"}}));
+        // A new instance finds the same.
+        store.reset();
+        store = make();
+        QCOMPARE(store->GetSetting(app_, "Saved Styles", "Heading", "gone"),
+                 QStringLiteral("gone"));
+        QCOMPARE(store->GetSetting(app_, "Saved Styles", "(New Style)"), "(New Style)");
+        QCOMPARE(store->GetAllSettings(app_, section), expected);
+        QCOMPARE(store->GetSetting(app_, "Fuzzies", "Font Size"), QStringLiteral("14"));
+    }
+
+    void freeTextNamesAndValues_data() { addStores(); }
+    void freeTextNamesAndValues() {
+        QFETCH(StoreMaker, make);
+        const QStringList keys = {
+            "Standard Toolbar Open", "a/b",        "back\\slash",         "50%",
+            "%2F literally",         "  padded  ", "semi;colon = equals", "caf\xC3\xA9"};
+        const QStringList values = {
+            "Yes",           "C:\\web\\site",   "/home/me/my pages/index.htm",
+            "a, b",          "  blank ends  ",  "line\nbreak",
+            "@at the start", "x;y=z \"quoted\""};
+        const QString section = QStringLiteral("Saved Styles/odd section");
+        SettingsStore::Pairs expected;
+        for (int i = 0; i < keys.size(); ++i) {
+            make()->SaveSetting(app_, section, keys[i], values[i]);
+            expected.append({keys[i], values[i]});
+        }
+        // A new instance reads the same back, and the names come back as they were given.
+        auto again = make();
+        for (int i = 0; i < keys.size(); ++i)
+            QCOMPARE(again->GetSetting(app_, section, keys[i], "missing"), values[i]);
+        std::sort(expected.begin(), expected.end());
+        QCOMPARE(again->GetAllSettings(app_, section), expected);
+        // "a/b" is one key, not a group "a" with a key "b".
+        QCOMPARE(again->GetSetting(app_, section + "/a", "b", "missing"), "missing");
+    }
+
+    // The program's own application name, in a file under the user's config folder.
+    void theRealStoreKeepsToTheUsersConfigFolder() {
+        QSettingsStore().save("Fuzzies", "Font Name", "Arial");
+        bool found = false;
+        QDirIterator it(config_.path(), QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext())
+            found = it.next().contains(kAppName) || found;
+        QVERIFY(found);
+        QCOMPARE(QSettingsStore().get("Fuzzies", "Font Name", "Courier New"), "Arial");
     }
 };
 

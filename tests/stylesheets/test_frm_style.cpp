@@ -1,6 +1,5 @@
-// The style dialog: its fields and their rules, the rule it writes and where it goes, the
-// saved styles and their questions, frmATag, OK from the menu; the definition files, key by
-// key with their bytes kept, and every branch of the field table through a save and a load.
+// The style dialog: its fields, the rule it writes and where, the saved styles and their
+// questions, frmATag, OK from the menu; the definition files, key by key, bytes kept.
 #include "dialogs_helpers.h"
 #include "editor/text_pane.h"
 #include "stylesheets/css_rule.h"
@@ -29,7 +28,6 @@ struct StyleFixture {
     TestShell ts;
     StyleFixture() {
         resetStyleSession();
-        // The program runs from its build folder, so "styles" stands beside it.
         ts.platform.appFolder = program.path();
         QFile(program.filePath(QStringLiteral("CMakeCache.txt"))).open(QIODevice::WriteOnly);
         QDir(program.path()).mkdir(QStringLiteral("styles"));
@@ -68,12 +66,6 @@ QString rule(const QString& head, const QStringList& properties) {
         text += p + ";\n    ";
     return text + "}";
 }
-
-void put(const QString& path, const QString& text) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(text.toUtf8());
-}
 } // namespace
 
 class TestFrmStyle : public QObject {
@@ -81,8 +73,7 @@ class TestFrmStyle : public QObject {
     std::unique_ptr<StyleFixture> fx;
     std::unique_ptr<frmStyle> form; // opened on the fixture before each test
 
-    // Saves and loads in a new opening: all comes back, the link type too, but the units of a
-    // fixed position, written under one key and read under another, so a load shows "%".
+    // Save, then load in a new opening: all comes back but the fixed position's units ("%").
     void roundTrip() {
         form->session().AType = "A:Visited";
         QMap<QString, QString> expected = styleValues(*form);
@@ -102,10 +93,7 @@ class TestFrmStyle : public QObject {
         fx = std::make_unique<StyleFixture>();
         form = fx->open();
     }
-    void cleanup() {
-        form.reset();
-        fx.reset();
-    }
+    void cleanup() { form.reset(), fx.reset(); }
 
     void it_opens_on_a_new_style_with_the_load_defaults() {
         fx->ts.settings.save("Saved Styles", "Zebra", "Zebra");
@@ -168,6 +156,8 @@ class TestFrmStyle : public QObject {
     void the_rule_data() {
         test::columns<QString, QString>({"fields", "rule"});
         row("a bare tag", "TagName=H1", "H1|");
+        row("capitals", "TagName=H1;CaseCmb=Capitalize", "H1|text-transform: capitalize");
+        row("lower case", "TagName=H1;CaseCmb=lower case", "H1|text-transform: lowercase");
         row("a class alone", "ClassBox=note", ".note|");
         row("tag and class", "TagName=p;ClassBox=intro", "p.intro|");
         row("font families",
@@ -184,8 +174,7 @@ class TestFrmStyle : public QObject {
             "H2|font-size: x-large;text-align: Left;text-transform: uppercase;color: RGB(255, 0, "
             "0);text-decoration: Underline;font-weight: Bold;font-style: Italic;font-variant: "
             "small-caps");
-        row("sizes and spacing; a zero indent writes nothing, the letters take the unit of the "
-            "words",
+        row("sizes and spacing, letters in the unit of the words",
             "TagName=P;FntSizeCmb=custom;FontSizeBox=14;FontSizeCmb=px;VCmb=Percentage;ValignBox=-"
             "30;LineHtBox=2;LineHtCmb=em;IndentBox=0;LtrSpaceBox=2;LtrSpaceCmb=px;WrdSpaceCmb=pt;"
             "RightOpt=1;BothOpt=1",
@@ -195,7 +184,7 @@ class TestFrmStyle : public QObject {
             "TagName=DIV;WrdSpaceBox=0;WrdSpaceCmb=em;WidthCmb=Custom;CWBox=50;CWCmb=px;HeightCmb="
             "Custom;CHBox=10;CHCmb=in",
             "DIV|width: 50px;height: 10in;word-spacing: 0em");
-        row("margins side by side, zero and empty left out, and one padding",
+        row("margins, zero and empty left out, and one padding",
             "TagName=P;LeftBox=-5;LMCmb=em;RightBox=;TopBox=0;BottomBox=12;PallBox=4;PACmb=px",
             "P|margin-left: -5em;margin-bottom: 12pt;padding: 4px");
         row("the height is tested on the width box",
@@ -204,15 +193,13 @@ class TestFrmStyle : public QObject {
             "TagName=LI;DisplayCmb=List-item;WhiteSpCmb=Pre;ListCmb=Lower "
             "Alphabet;LPosCmb=Inside;URLBox=dot.gif",
             "LI|display: List-item;white-space: Pre;list-style: url(dot.gif) Inside lower-alpha");
-        row("a list type as it stands, behind a second blank",
-            "TagName=LI;DisplayCmb=List-item;ListCmb=Square",
+        row("a list type behind a second blank", "TagName=LI;DisplayCmb=List-item;ListCmb=Square",
             "LI|display: List-item;list-style:  Square");
         row("list style None with nothing else still writes the property",
             "TagName=LI;DisplayCmb=List-item;ListCmb=None", "LI|display: List-item;list-style: ");
         row("a background colour alone", "TagName=BODY;BGColour=1, 2, 3;NoRepOpt=1",
             "BODY|background: rgb(1, 2, 3)");
-        row("a fixed position without an image writes no background", "TagName=BODY;FixOpt=1",
-            "BODY|");
+        row("a fixed position without an image", "TagName=BODY;FixOpt=1", "BODY|");
         row("an image that repeats across, fixed",
             "TagName=BODY;ImgURL=bg.gif;RepHorzOpt=1;AttachCmb=Fixed",
             "BODY|background:  url(bg.gif) repeat-x Fixed");
@@ -265,8 +252,7 @@ class TestFrmStyle : public QObject {
         roundTrip();
     }
 
-    // A text, a style sheet or a page, the rule's head, the text after, and where the rule
-    // went. A rule without its closing brace is refused and the text stays.
+    // Text, style sheet or page, the rule's head, the text after, where it went (or refused).
     void placing_the_rule_data() {
         test::columns<QString, bool, QString, QString, QString>(
             {"before", "styleSheet", "head", "after", "place"});
@@ -364,8 +350,7 @@ class TestFrmStyle : public QObject {
         }
     }
 
-    // Save asks a name for the new style and refuses the placeholder; a name that exists is
-    // overwritten on Yes and moves to the end of the list; a named style saves unasked.
+    // Save asks a name, refuses the placeholder, overwrites on Yes (the name moves to the end).
     void save() {
         fx->saveAs(*form, QString());
         QCOMPARE(form->cmbItemName.ListCount(), 1);
@@ -398,8 +383,7 @@ class TestFrmStyle : public QObject {
         QVERIFY(form->session().StyleDirty && !form->session().StyleListWalk);
     }
 
-    // A load asks about changes: Cancel keeps the fields under the new name, Yes saves them
-    // under the name just chosen and loads it, No loads it. New asks with the name, and resets.
+    // A load asks about changes: Cancel keeps them, Yes saves them, No drops them; New too.
     void load_and_new() {
         setFields(*form, "TagName=H1");
         fx->saveAs(*form, "One");
@@ -515,67 +499,57 @@ class TestFrmStyle : public QObject {
         QCOMPARE(int(doc.nDoneIndex), steps + 1);
     }
 
-    // A file as it was, the key and value written, and the file after.
-    void writes_data() {
+    // A file as it was, the key and value written (none: a read), the file after or the read.
+    void profiles_data() {
         columns<QString, QString, QString, QString>({"before", "key", "value", "after"});
+        const char* h = "[Tessaline 2]\n";
         row("a new file", "<none>", "Tag", "H1", "[Tessaline 2]\nTag=H1\n");
-        row("a key is updated where it stands", "[Tessaline 2]\nTag=H1\nClass=big\nFont1=Arial\n",
-            "Class", "small", "[Tessaline 2]\nTag=H1\nClass=small\nFont1=Arial\n");
-        row("a key matches in another case", "[Tessaline 2]\nBdrAllOn=No\nSizeLft=Thin\n",
-            "BDRALLON", "Yes", "[Tessaline 2]\nBDRALLON=Yes\nSizeLft=Thin\n");
+        row("a key is updated where it stands", h + QString("Tag=H1\nClass=big\nFont1=Arial\n"),
+            "Class", "small", h + QString("Tag=H1\nClass=small\nFont1=Arial\n"));
+        row("a key matches in another case", h + QString("BdrAllOn=No\nSizeLft=Thin\n"), "BDRALLON",
+            "Yes", h + QString("BDRALLON=Yes\nSizeLft=Thin\n"));
         row("a new key goes to the end of its section, not of the file",
-            "[Tessaline 2]\nTag=H1\n\n[Other]\nX=1\n", "Float", "Left",
-            "[Tessaline 2]\nTag=H1\nFloat=Left\n\n[Other]\nX=1\n");
+            h + QString("Tag=H1\n\n[Other]\nX=1\n"), "Float", "Left",
+            h + QString("Tag=H1\nFloat=Left\n\n[Other]\nX=1\n"));
         row("the section matches in another case", "[tessaline 2]\nTag=H1\n", "Class", "",
             "[tessaline 2]\nTag=H1\nClass=\n");
         row("a missing section goes to the end", "[Other]\nX=1\n", "Tag", "P",
             "[Other]\nX=1\n[Tessaline 2]\nTag=P\n");
         row("line ends of the file stay", "[Tessaline 2]\r\nTag=H1\r\n", "Tag", "H2",
             "[Tessaline 2]\r\nTag=H2\r\n");
-        row("a comment is not a key", "[Tessaline 2]\n;Tag=old\nTag=H1\n", "Tag", "Zapf Ärger",
-            "[Tessaline 2]\n;Tag=old\nTag=Zapf Ärger\n");
+        row("a comment is not a key", h + QString(";Tag=old\nTag=H1\n"), "Tag", "Zapf Ärger",
+            h + QString(";Tag=old\nTag=Zapf Ärger\n"));
+        // Reads: the default is "dflt".
+        row("a missing file gives the default", "<none>", "Font1", "<read>", "dflt");
+        row("a key in another case", h + QString("smallcaps=Yes\n"), "SmallCaps", "<read>", "Yes");
+        row("blanks around the value go", h + QString("Tag =  H1  \n"), "Tag", "<read>", "H1");
+        row("blanks inside a key name", h + QString("White Space=Pre\n"), "White Space", "<read>",
+            "Pre");
+        row("a missing key", h + QString("Tag=H1\n"), "Class", "<read>", "dflt");
+        row("a key of another section", "[Other]\nTag=H1\n[Tessaline 2]\n", "Tag", "<read>",
+            "dflt");
+        row("an empty value is a value", h + QString("Class=\n"), "Class", "<read>", "");
+        row("an equals sign in the value", h + QString("ImgURL=a.png?x=1\n"), "ImgURL", "<read>",
+            "a.png?x=1");
+        row("no carriage return in a value", "[Tessaline 2]\r\nTag=H1\r\n", "Tag", "<read>", "H1");
+        row("the first of two equal keys", h + QString("Tag=H1\nTAG=H2\n"), "Tag", "<read>", "H1");
+        row("a read is cut at 254 characters", h + QString("ImgURL=") + QString(300, 'u'), "ImgURL",
+            "<read>", QString(254, 'u'));
     }
-    void writes() {
+    void profiles() {
         QFETCH(QString, before);
         QFETCH(QString, key);
         QFETCH(QString, value);
-        if (before != QLatin1String("<none>")) put(fx->file("style"), before);
-        QVERIFY(WritePrivateProfileString(kSection, key, value, fx->file("style")));
-        QFile file(fx->file("style"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QTEST(QString::fromUtf8(file.readAll()), "after");
-        QCOMPARE(GetPrivateProfileString(kSection, key, "?", fx->file("style")), value);
-    }
-
-    // A file, the key read and its default, and what is read.
-    void reads_data() {
-        columns<QString, QString, QString, QString>({"file", "key", "def", "read"});
-        row("a missing file gives the default and stays missing", "<none>", "Font1", "(None)",
-            "(None)");
-        row("a key in another case", "[Tessaline 2]\nsmallcaps=Yes\n", "SmallCaps", "No", "Yes");
-        row("blanks around the value are not kept", "[Tessaline 2]\nTag =  H1  \n", "Tag", "",
-            "H1");
-        row("blanks inside a key name", "[Tessaline 2]\nWhite Space=Pre\n", "White Space", "",
-            "Pre");
-        row("a missing key gives the default", "[Tessaline 2]\nTag=H1\n", "Class", "dflt", "dflt");
-        row("a key of another section is not read", "[Other]\nTag=H1\n[Tessaline 2]\n", "Tag",
-            "none", "none");
-        row("an empty value is a value", "[Tessaline 2]\nClass=\n", "Class", "dflt", "");
-        row("an equals sign in the value", "[Tessaline 2]\nImgURL=a.png?x=1\n", "ImgURL", "",
-            "a.png?x=1");
-        row("carriage returns are no part of the value", "[Tessaline 2]\r\nTag=H1\r\n", "Tag", "",
-            "H1");
-        row("the first of two equal keys", "[Tessaline 2]\nTag=H1\nTAG=H2\n", "Tag", "", "H1");
-        row("a read is cut at 254 characters", "[Tessaline 2]\nImgURL=" + QString(300, 'u'),
-            "ImgURL", "", QString(254, 'u'));
-    }
-    void reads() {
-        QFETCH(QString, file);
-        QFETCH(QString, key);
-        QFETCH(QString, def);
-        if (file != QLatin1String("<none>")) put(fx->file("style"), file);
-        QTEST(GetPrivateProfileString(kSection, key, def, fx->file("style")), "read");
-        QCOMPARE(QFile::exists(fx->file("style")), file != QLatin1String("<none>"));
+        const QString path = fx->file("style");
+        if (before != "<none>") writeFile(fx->program, "styles/style.def", before.toUtf8());
+        if (value == "<read>") {
+            QTEST(GetPrivateProfileString(kSection, key, "dflt", path), "after");
+            QCOMPARE(QFile::exists(path), before != "<none>");
+            return;
+        }
+        QVERIFY(WritePrivateProfileString(kSection, key, value, path));
+        QTEST(QString::fromUtf8(readFile(path)), "after");
+        QCOMPARE(GetPrivateProfileString(kSection, key, "?", path), value);
     }
 
     void a_write_into_a_missing_folder_fails() {
@@ -584,8 +558,7 @@ class TestFrmStyle : public QObject {
         QVERIFY(!QFile::exists(inMissing));
     }
 
-    // A save leaves the keys of the branch not taken as they were, and a load does not read
-    // them; a group with no option on leaves its keys alone too.
+    // A save leaves the keys of branches not taken as they were; a load does not read them.
     void keys_a_save_leaves_alone() {
         setFields(*form, "BSpecOpt=1;LeftSizeCmb=Thick;LeftOpt=1;NoRepOpt=1;PSpecOpt=1;PLBox=6");
         fx->saveAs(*form, "both");
@@ -603,9 +576,8 @@ class TestFrmStyle : public QObject {
         QCOMPARE(valuesOf(*form, "SizeAllCmb;LeftSizeCmb"), QString("Thin;Medium"));
     }
 
-    // Keys changed by hand: a value its list does not hold shows the default, but a font joins
-    // the list (the first installed one too, which the lists leave out); a check takes Yes and
-    // No only, small caps any word but No; an unknown float or border switch changes nothing.
+    // Keys changed by hand: a value not in its list shows the default, but a font joins the
+    // list; a check takes Yes and No only, small caps any word but No.
     void odd_values_in_a_file() {
         fx->saveAs(*form, "odd");
         for (const char* entry : {"LineHeight2=PT", "Weight=heavy", "Font1=Aharoni",

@@ -1,6 +1,5 @@
 #pragma once
-// The fields of a form set and read by name, so that a row of a data-driven test of a dialog
-// says in one line what the user typed and what the dialog shows. Lists are ";" apart.
+// A form's fields set and read by name, so a row of a dialog's data table is one line.
 #include "gadgets/controls.h"
 #include "gadgets/form.h"
 #include <QMap>
@@ -17,8 +16,8 @@ inline QStringList items(const QString& text) {
     return text.split(QLatin1Char(';'), Qt::SkipEmptyParts);
 }
 
-// Sets fields from "Name=value" entries, in order: a text box or combo takes the text, a
-// check box the number, an option is turned on by "1" and off by "0".
+// Sets "Name=value" entries in order: text for a box or combo, a number for a check box, "1"
+// or "0" for an option.
 inline void setFields(Form& form, const QString& entries) {
     for (const QString& entry : items(entries)) {
         Control* control = form.control(entry.section(QLatin1Char('='), 0, 0));
@@ -50,7 +49,7 @@ inline QMap<QString, QString> fieldValues(const Form& form) {
     return values;
 }
 
-// The values of the named fields, ";" apart: many fields in one comparison.
+// The values of the named fields, ";" apart.
 inline QString valuesOf(const Form& form, const QString& names) {
     const QMap<QString, QString> values = fieldValues(form);
     QStringList shown;

@@ -26,10 +26,6 @@ inline QString tabState(ShellMDI& s) {
     return tabs.join(u';') + u'@' + QString::number(s.TabStrip1.selectedIndex());
 }
 
-} // namespace tsl::test
-
-namespace tsl::test {
-
 // A shell loaded at once, on a store that holds the settings given as "Section/Key=Value".
 struct Loaded : TestShell {
     explicit Loaded(std::initializer_list<QString> stored = {}, const QString& commandLine = {}) {
@@ -38,6 +34,17 @@ struct Loaded : TestShell {
             settings.save(s.left(slash), s.mid(slash + 1, eq - slash - 1), s.mid(eq + 1));
         }
         load(commandLine);
+    }
+};
+
+// Follows the drawing freeze: a message shown while drawing is held would not paint.
+struct FreezeWatch {
+    bool frozen = false;
+    int messagesWhileFrozen = 0;
+    explicit FreezeWatch(TestShell& ts) {
+        QObject::connect(ts.shell.get(), &ShellMDI::drawingFrozen,
+                         [this](bool on) { frozen = on; });
+        ts.platform.onMessage = [this] { messagesWhileFrozen += frozen; };
     }
 };
 

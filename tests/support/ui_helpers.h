@@ -1,9 +1,11 @@
 #pragma once
 // The whole program on screen, with the steps the widget tests share.
 #include "program_fixture.h"
+#include "test_rows.h"
 #include "test_shell.h"
 #include "ui/kit/form_host.h"
 #include "ui/source/source_editor.h"
+#include <QAbstractButton>
 #include <QAction>
 #include <QLineEdit>
 #include <QTimer>
@@ -50,6 +52,12 @@ inline void retype(QLineEdit* edit, const QString& text) {
     edit->selectAll();
     QTest::keyClick(edit, Qt::Key_Backspace);
     QTest::keyClicks(edit, text);
+}
+inline void retype(QWidget& dialog, const char* box, const QString& text) {
+    retype(ProgramFixture::child<QLineEdit>(dialog, box), text);
+}
+inline void press(QWidget& dialog, const char* button) {
+    QTest::mouseClick(ProgramFixture::child<QAbstractButton>(dialog, button), Qt::LeftButton);
 }
 
 } // namespace tsl::test

@@ -1,19 +1,19 @@
-// The real main window on the offscreen platform: documents in windows and tabs, typing and
-// saving, closing through close boxes, the keys that belong to the window, the toolbars and
-// menus following the logic with their pictures, the table chooser, the tag list pane, and a
-// window left alone doing no work.
+// The real main window: documents in windows and tabs, closing, the window's keys, toolbars
+// and menus following the logic, the table chooser, the tag list pane, and an idle window.
 #include "dialogs/table_chooser.h"
 #include "markup/tag_list.h"
 #include "test_rows.h"
 #include "ui/desktop/icons.h"
+#include "ui/kit/menu_binder.h"
 #include "ui/window/tag_pane.h"
 #include "ui_helpers.h"
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDir>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QMimeData>
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QToolBar>
@@ -21,6 +21,7 @@
 
 using namespace tsl;
 using namespace tsl::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 struct Program : UiProgram {
@@ -76,57 +77,58 @@ class DocumentWindowTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void newDocumentsGetWindowsAndTabsInOrder() {
+    // New documents come in order, each with its window and tab; what is typed is saved byte
+    // for byte, and the window and tab take the file's name.
+    void documentsGetWindowsAndTabsAndSaveTheirBytes() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"typed.htm"_s);
         Program p;
-        QCOMPARE(p.front(), QStringLiteral("Document 1"));
+        QCOMPARE(p.front(), u"Document 1"_s);
         QCOMPARE(p.box()->position(), 106);
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        p.trigger(QStringLiteral("mnuFileNewCSS"));
+        p.trigger(u"mnuFileNewHTML"_s);
+        p.trigger(u"mnuFileNewCSS"_s);
         QCOMPARE(p.tabTexts(), (QStringList{"Document 1", "Document 2", "Document 3"}));
         QCOMPARE(p.window().documentTabs()->currentIndex(), 2);
-        QCOMPARE(p.front(), QStringLiteral("Document 3"));
+        QCOMPARE(p.front(), u"Document 3"_s);
         // A maximised document names itself in the title, as document windows do.
-        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [Document 3]"));
+        QCOMPARE(p.window().windowTitle(), u"Tessaline - [Document 3]"_s);
         emit p.window().documentTabs()->tabBarClicked(0);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
-        QCOMPARE(p.front(), QStringLiteral("Document 1"));
+        QCOMPARE(p.active().Caption(), u"Document 1"_s);
+        QCOMPARE(p.front(), u"Document 1"_s);
         QCOMPARE(p.window().documentTabs()->currentIndex(), 0);
-    }
-
-    void typingReachesTheDocumentAndSaveWritesItsBytes() {
-        QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("typed.htm"));
-        Program p;
-        QTest::keyClicks(p.box(), QStringLiteral("Hello"));
-        QCOMPARE(p.active().Tag, QStringLiteral("Dirty"));
-        QVERIFY(p.text().contains(QStringLiteral("<body>\nHello\n</body>")));
+        QTest::keyClicks(p.box(), u"Hello"_s);
+        QCOMPARE(p.active().Tag, u"Dirty"_s);
+        QVERIFY(p.text().contains(u"<body>\nHello\n</body>"_s));
         p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
-        p.trigger(QStringLiteral("mnuFileSave"));
+        p.trigger(u"mnuFileSave"_s);
         QCOMPARE(readFile(path), p.text().toUtf8());
         QCOMPARE(p.front(), path);
-        QCOMPARE(p.window().windowTitle(), QStringLiteral("Tessaline - [%1]").arg(path));
-        QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("typed.htm")});
+        QCOMPARE(p.window().windowTitle(), u"Tessaline - [%1]"_s.arg(path));
+        QCOMPARE(p.tabTexts().first(), u"typed.htm"_s);
+        // The status bar shows the logic's first panel.
+        p.shell().StatusBar1.setPanelText(1, u"Saved."_s);
+        QCOMPARE(Program::child<QLabel>(p.window(), "StatusBar1")->text(), u"Saved."_s);
     }
 
     // The close box asks, and Cancel keeps the window; Close answered No takes window and tab;
     // the main window's close box asks for each document.
     void closingAsksFirst() {
         Program p;
-        QTest::keyClicks(p.box(), QStringLiteral("x"));
+        QTest::keyClicks(p.box(), u"x"_s);
         p.platform.messageAnswers.enqueue(MsgResult::Cancel);
         p.mdi()->activeSubWindow()->close();
         QCOMPARE(p.platform.messages.size(), 1);
-        QCOMPARE(p.tabTexts(), QStringList{QStringLiteral("Document 1")});
+        QCOMPARE(p.tabTexts(), QStringList{u"Document 1"_s});
         QVERIFY(p.mdi()->updatesEnabled());
         p.platform.messageAnswers.enqueue(MsgResult::No);
-        p.trigger(QStringLiteral("mnuFileClose"));
+        p.trigger(u"mnuFileClose"_s);
         QTRY_COMPARE(p.mdi()->subWindowList().size(), 0);
         QCOMPARE(p.window().documentTabs()->count(), 0);
 
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        QTest::keyClicks(p.box(), QStringLiteral("a"));
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        QTest::keyClicks(p.box(), QStringLiteral("b"));
+        p.trigger(u"mnuFileNewHTML"_s);
+        QTest::keyClicks(p.box(), u"a"_s);
+        p.trigger(u"mnuFileNewHTML"_s);
+        QTest::keyClicks(p.box(), u"b"_s);
         p.platform.messageAnswers.enqueue(MsgResult::No);
         p.platform.messageAnswers.enqueue(MsgResult::Cancel);
         QVERIFY(!p.window().close());
@@ -139,18 +141,18 @@ class DocumentWindowTest : public QObject {
     // closes.
     void tilingSetsTheDocumentsSideBySideOrStacked() {
         Program p;
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        p.trigger(u"mnuFileNewHTML"_s);
         p.key(Qt::Key_F4, Qt::ControlModifier);
         QTRY_COMPARE(p.mdi()->subWindowList().size(), 1);
         QVERIFY(p.mdi()->subWindowList().first()->isMaximized());
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        p.trigger(u"mnuFileNewHTML"_s);
         QVERIFY(p.mdi()->activeSubWindow()->isMaximized());
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
+        p.trigger(u"mnuFileNewHTML"_s);
         const QList<QMdiSubWindow*> w = p.mdi()->subWindowList();
-        p.trigger(QStringLiteral("mnuWindowTileV"));
+        p.trigger(u"mnuWindowTileV"_s);
         QVERIFY(!w[0]->isMaximized() && w[0]->y() == w[1]->y());
         QVERIFY(w[0]->x() + w[0]->width() <= w[1]->x());
-        p.trigger(QStringLiteral("mnuWindowTileH"));
+        p.trigger(u"mnuWindowTileH"_s);
         QCOMPARE(w[0]->x(), w[1]->x());
         QVERIFY(w[0]->y() + w[0]->height() <= w[1]->y());
         p.key(Qt::Key_F4, Qt::ControlModifier);
@@ -166,60 +168,60 @@ class DocumentWindowTest : public QObject {
         QVERIFY(QTest::qWaitForWindowActive(&p.window()));
         p.key(Qt::Key_N, Qt::ControlModifier);
         p.key(Qt::Key_N, Qt::ControlModifier);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 3"));
+        QCOMPARE(p.active().Caption(), u"Document 3"_s);
         QCOMPARE(QApplication::focusWidget(), p.box());
         p.key(Qt::Key_F6, Qt::ControlModifier);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(p.active().Caption(), u"Document 1"_s);
         QCOMPARE(QApplication::focusWidget(), p.box());
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("a"));
-        QVERIFY(p.text().contains(QStringLiteral("<body>\na\n</body>")));
+        QTest::keyClicks(QApplication::focusWidget(), u"a"_s);
+        QVERIFY(p.text().contains(u"<body>\na\n</body>"_s));
         p.key(Qt::Key_Right);
         QCOMPARE(p.active().tabEditor.SelectedTab(), 1);
         p.key(Qt::Key_F6, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 3"));
+        QCOMPARE(p.active().Caption(), u"Document 3"_s);
         p.key(Qt::Key_F6, Qt::ControlModifier);
         p.key(Qt::Key_F6, Qt::ControlModifier);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
+        QCOMPARE(p.active().Caption(), u"Document 2"_s);
         QCOMPARE(QApplication::focusWidget(), p.box());
         emit p.window().documentTabs()->tabBarClicked(2);
         QCOMPARE(QApplication::focusWidget(), p.box());
-        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("d"));
-        QVERIFY(p.text().contains(QStringLiteral("<body>\nd\n</body>")));
+        QTest::keyClicks(QApplication::focusWidget(), u"d"_s);
+        QVERIFY(p.text().contains(u"<body>\nd\n</body>"_s));
         p.platform.messageAnswers.enqueue(MsgResult::No);
         p.key(Qt::Key_F4, Qt::ControlModifier);
         QTRY_COMPARE(p.mdi()->subWindowList().size(), 2);
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
+        QCOMPARE(p.active().Caption(), u"Document 2"_s);
     }
 
     // Keys reach the document before a menu shortcut: Ctrl+Z and Ctrl+V are the pane's, done
     // once; Ctrl+S is the menu's; "<" typed brings its pair and one Undo takes them.
     void keysReachTheDocumentFirst() {
         QTemporaryDir dir;
-        const QString path = dir.filePath(QStringLiteral("keys.htm"));
+        const QString path = dir.filePath(u"keys.htm"_s);
         Program p;
         p.box()->setFocus();
-        QTest::keyClicks(p.box(), QStringLiteral("<b"));
-        QVERIFY(p.text().contains(QStringLiteral("<body>\n<b>\n</body>")));
+        QTest::keyClicks(p.box(), u"<b"_s);
+        QVERIFY(p.text().contains(u"<body>\n<b>\n</body>"_s));
         QCOMPARE(p.pane().SelStart(), 108);
         p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
         p.key(Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(p.platform.fileDialogsShown.size(), 1);
         QVERIFY(readFile(path).contains("<body>\n<b>\n</body>"));
         p.key(Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(p.text().contains(QStringLiteral("<body>\n<>\n</body>")));
-        p.platform.clipboard = QStringLiteral("v");
+        QVERIFY(p.text().contains(u"<body>\n<>\n</body>"_s));
+        p.platform.clipboard = u"v"_s;
         p.key(Qt::Key_V, Qt::ControlModifier);
-        QVERIFY(p.text().contains(QStringLiteral("<body>\n<v>\n</body>")));
+        QVERIFY(p.text().contains(u"<body>\n<v>\n</body>"_s));
     }
 
     // Cut is there while text is selected, by keys or by the mouse, from the moment it presses.
     void cutFollowsTheSelectionInThePane() {
         Program p;
         QTest::keyClick(p.box(), Qt::Key_Left, Qt::ShiftModifier);
-        QVERIFY(p.action(QStringLiteral("mnuEditCut"))->isEnabled());
+        QVERIFY(p.action(u"mnuEditCut"_s)->isEnabled());
         const QPoint at = p.box()->cursorRect(3).center();
         QTest::mousePress(p.box()->viewport(), Qt::LeftButton, {}, at);
-        QVERIFY(!p.action(QStringLiteral("mnuEditCut"))->isEnabled());
+        QVERIFY(!p.action(u"mnuEditCut"_s)->isEnabled());
         QVERIFY(!p.shell().tbrMain.ButtonEnabled(8));
         QTest::mouseRelease(p.box()->viewport(), Qt::LeftButton, {}, at);
     }
@@ -228,21 +230,14 @@ class DocumentWindowTest : public QObject {
     // menu, which is the View menu, and the Forms button stays in step.
     void theToolbarsFollowTheirBands_data() {
         columns<QString, QString, QString>({"item", "toolbar", "band"});
-        QTest::newRow("Standard") << "mnuViewStdTlb"
-                                  << "tbrMain"
-                                  << "Toolbar1";
-        QTest::newRow("Formatting") << "mnuViewFmtTlb"
-                                    << "tbrTags"
-                                    << "Toolbar2";
-        QTest::newRow("Forms") << "mnuViewForms"
-                               << "tbrForms"
-                               << "Toolbar3";
-        QTest::newRow("Forms button") << "tbrMain_16"
-                                      << "tbrForms"
-                                      << "Toolbar3";
-        QTest::newRow("context menu") << "2"
-                                      << "tbrForms"
-                                      << "Toolbar3";
+        const auto row = [](const char* tag, const char* item, const char* bar, const char* band) {
+            QTest::newRow(tag) << QString(item) << QString(bar) << QString(band);
+        };
+        row("Standard", "mnuViewStdTlb", "tbrMain", "Toolbar1");
+        row("Formatting", "mnuViewFmtTlb", "tbrTags", "Toolbar2");
+        row("Forms", "mnuViewForms", "tbrForms", "Toolbar3");
+        row("Forms button", "tbrMain_16", "tbrForms", "Toolbar3");
+        row("context menu", "2", "tbrForms", "Toolbar3");
     }
     void theToolbarsFollowTheirBands() {
         QFETCH(QString, item);
@@ -268,7 +263,8 @@ class DocumentWindowTest : public QObject {
         QVERIFY(!p.child<QToolBar>(p.window(), "tbrMain")->isFloatable());
     }
 
-    // Any button shows the pressed state of its model; a press leaves that to the model.
+    // Any button shows the pressed state and the visibility of its model; a press leaves the
+    // pressed state to the model.
     void aButtonShowsThePressedStateOfItsModel() {
         Program p;
         QAction* bold = p.action("tbrTags_4");
@@ -277,6 +273,8 @@ class DocumentWindowTest : public QObject {
             QCOMPARE(bold->isChecked(), on);
             bold->trigger();
             QCOMPARE(bold->isChecked(), on);
+            p.shell().tbrTags.setButtonVisible(4, on);
+            QCOMPARE(bold->isVisible(), on);
         }
     }
 
@@ -284,7 +282,7 @@ class DocumentWindowTest : public QObject {
     // at scale 1 a 16-pixel picture with something in it.
     void everyButtonShowsItsPictureFromTheStrip() {
         Program p(false);
-        p.platform.appFolder = QCoreApplication::applicationDirPath() + QStringLiteral("/..");
+        p.platform.appFolder = QCoreApplication::applicationDirPath() + u"/.."_s;
         p.start();
         ShellMDI& shell = p.shell();
         for (cToolbar* model : {&shell.tbrMain, &shell.tbrTags, &shell.tbrForms}) {
@@ -294,13 +292,28 @@ class DocumentWindowTest : public QObject {
                 const cToolbar::Button& b = model->button(i);
                 if (b.style == cToolbar::Separator) continue;
                 const QByteArray where = model->name().toLatin1() + ' ' + QByteArray::number(i);
-                const QIcon icon = p.action(model->name() + QStringLiteral("_%1").arg(i))->icon();
+                const QIcon icon = p.action(model->name() + u"_%1"_s.arg(i))->icon();
                 const QImage wanted = argb(strip.copy(b.image * 32, 0, 32, 32).toImage());
                 QVERIFY2(argb(icon.pixmap(QSize(16, 16), 2.0).toImage()) == wanted, where);
                 QVERIFY2(inked(wanted) > 40, where);
                 const QImage small = icon.pixmap(QSize(16, 16), 1.0).toImage();
                 QVERIFY2(small.size() == QSize(16, 16) && inked(small) > 10, where);
             }
+        }
+        // A strip too short for a button's picture: the button shows letters (square), not
+        // nothing nor the whole strip squeezed.
+        QTemporaryDir dir;
+        QDir(dir.path()).mkpath(u"resources"_s);
+        QPixmap(p.platform.appFolder + QLatin1Char('/') + shell.tbrMain.ImageFile)
+            .copy(0, 0, 64, 32)
+            .save(dir.filePath(shell.tbrMain.ImageFile), "PNG");
+        MenuBinder binder(shell);
+        std::unique_ptr<QToolBar> bar(binder.buildToolBar(shell.tbrMain, {}, dir.path(), nullptr));
+        for (QAction* action : bar->actions()) {
+            const QImage small = action->icon().pixmap(QSize(16, 16), 1.0).toImage();
+            const QSize big = action->icon().pixmap(QSize(16, 16), 2.0).size();
+            QVERIFY2(action->isSeparator() || (big.width() == big.height() && inked(small) > 10),
+                     qPrintable(action->objectName()));
         }
     }
 
@@ -310,22 +323,21 @@ class DocumentWindowTest : public QObject {
         Program p(false);
         p.settings.save("Recent File List", "1stRecentFile", "/w/a.htm");
         p.start();
-        // The logic's next pick made the first picture of the set, "New".
         ShellMDI& shell = p.shell();
-        for (quint32 state = shell.nRndState;; state = shell.nRndState) {
+        // The logic's next pick made the first picture of the set, "New".
+        for (quint32 state = shell.nRndState;; state = shell.nRndState)
             if (std::nearbyint(shell.nMenuIconCount * shell.Rnd() - 1) == 0) {
                 shell.nRndState = state;
                 break;
             }
-        }
-        shell.AddRecentFile(QStringLiteral("/w/b & c.htm"), QString());
+        shell.AddRecentFile(u"/w/b & c.htm"_s, QString());
         // A path is shown as it stands: an ampersand is no access key.
-        QCOMPARE(p.action("mnuFileMRU(0)")->text(), QStringLiteral("/w/b && c.htm"));
+        QCOMPARE(p.action("mnuFileMRU(0)")->text(), u"/w/b && c.htm"_s);
         QVERIFY(p.action("mnuFileMRU(0)")->icon().isNull());
-        QCOMPARE(p.action("mnuFileMRU(1)")->text(), QStringLiteral("/w/a.htm"));
+        QCOMPARE(p.action("mnuFileMRU(1)")->text(), u"/w/a.htm"_s);
         QCOMPARE(p.action("mnuFileMRU(1)")->icon().pixmap(16).toImage(),
-                 menuIcon(QStringLiteral("New")).pixmap(16).toImage());
-        QVERIFY(menuIcon(QStringLiteral("NoSuchKey")).isNull());
+                 menuIcon(u"New"_s).pixmap(16).toImage());
+        QVERIFY(menuIcon(u"NoSuchKey"_s).isNull());
     }
 
     void theTableChooserDropsDownUnderItsButtonAndInserts() {
@@ -346,15 +358,14 @@ class DocumentWindowTest : public QObject {
         QVERIFY(popup->geometry().top() >= button->mapToGlobal(QPoint(0, button->height())).y());
         const QString& label = p.shell().part<TableChooser>().picDropDown.label;
         QTest::mouseMove(popup, QPoint(60, 40));
-        QCOMPARE(label, QStringLiteral("3 x 2 table"));
+        QCOMPARE(label, u"3 x 2 table"_s);
         QTest::mouseMove(popup, QPoint(130, 40)); // beyond the right edge the grid grows
         QCOMPARE(popup->width(), 150);
-        QCOMPARE(label, QStringLiteral("6 x 2 table"));
+        QCOMPARE(label, u"6 x 2 table"_s);
         QTest::mouseMove(popup, QPoint(60, 40));
         QTest::mouseClick(popup, Qt::LeftButton, Qt::NoModifier, QPoint(60, 40));
         QTRY_VERIFY(!popup->isVisible());
-        const QString row =
-            "   <tr>\n" + QStringLiteral("      <td>&nbsp;</td>\n").repeated(3) + "   </tr>\n";
+        const QString row = "   <tr>\n" + u"      <td>&nbsp;</td>\n"_s.repeated(3) + "   </tr>\n";
         QCOMPARE(p.text(),
                  insertedAt(before, caret, "<table width=\"100%\">\n" + row + row + "</table>"));
         // Closed without a choice, it writes nothing.
@@ -362,49 +373,32 @@ class DocumentWindowTest : public QObject {
         QTRY_VERIFY(popup->isVisible());
         popup->close();
         QVERIFY(!p.shell().part<TableChooser>().DropDown.IsShowing());
-        QCOMPARE(p.text().count(QStringLiteral("<table")), 1);
+        QCOMPARE(p.text().count(u"<table"_s), 1);
     }
 
-    // The list inserts the tag in front by a double click, Enter or Space, once each, and drops
-    // it where the pointer lets go with the caret inside.
+    // The list inserts the tag in front by a double click, Enter or Space, once each.
     void theTagListPutsTagsInTheDocument() {
         Program p;
-        p.trigger(QStringLiteral("mnuViewTagList"));
+        p.trigger(u"mnuViewTagList"_s);
         TagListView* list = p.window().tagPane()->list();
-        QListWidgetItem* bold = list->findItems(QStringLiteral("<B>  </B>"), Qt::MatchExactly)[0];
+        QListWidgetItem* bold = list->findItems(u"<B>  </B>"_s, Qt::MatchExactly)[0];
         list->scrollToItem(bold);
         p.pane().setText(QString());
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
                            list->visualItemRect(bold).center());
-        QCOMPARE(p.text(), QStringLiteral("<b></b>"));
+        QCOMPARE(p.text(), u"<b></b>"_s);
         list->setCurrentItem(bold);
         for (auto key : {Qt::Key_Return, Qt::Key_Space}) {
             p.pane().setText(QString());
             QTest::keyClick(list, key);
-            QCOMPARE(p.text(), QStringLiteral("<b></b>"));
+            QCOMPARE(p.text(), u"<b></b>"_s);
         }
-        p.pane().setText(QStringLiteral("one two"));
-        TagList& tags = p.shell().part<TagList>();
-        tags.tvwTags_MouseDown(list->row(bold));
-        QMimeData mime;
-        QString data;
-        QVERIFY(tags.tvwTags_OLEStartDrag(data));
-        mime.setText(data);
-        const QPoint where = p.box()->cursorRect(4).center();
-        QDragEnterEvent enter(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(p.box()->viewport(), &enter);
-        QDropEvent drop(where, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(p.box()->viewport(), &drop);
-        tags.tvwTags_OLECompleteDrag(1);
-        QCOMPARE(p.text(), QStringLiteral("one <b></b>two"));
-        QCOMPARE(p.pane().SelStart(), 7);
-        QCOMPARE(p.pane().SelLength(), 0);
     }
 
     // The pane opens as stored, is as wide as the logic says, and its close button hides it.
     void theTagPaneFollowsItsSettingItsSizerAndItsCloseButton() {
         Program p(false);
-        p.settings.save(keys::Fuzzies, keys::TagListOpen, QStringLiteral("Yes"));
+        p.settings.save(keys::Fuzzies, keys::TagListOpen, u"Yes"_s);
         p.start();
         TagPane* pane = p.window().tagPane();
         QVERIFY(pane->isVisible() && p.action("mnuViewTagList")->isChecked());
@@ -416,9 +410,9 @@ class DocumentWindowTest : public QObject {
         QTest::mouseRelease(sizer, Qt::LeftButton, {}, QPoint(2, 5));
         QCOMPARE(p.shell().Picture1Width, ShellMDI::kPaneMinWidth);
         QCOMPARE(pane->width(), ShellMDI::kPaneMinWidth * pane->logicalDpiX() / 1440);
-        pane->findChild<QToolButton*>(QStringLiteral("cmdClose"))->click();
+        pane->findChild<QToolButton*>(u"cmdClose"_s)->click();
         QVERIFY(!pane->isVisible());
-        QCOMPARE(p.settings.get(keys::Fuzzies, keys::TagListOpen), QStringLiteral("No"));
+        QCOMPARE(p.settings.get(keys::Fuzzies, keys::TagListOpen), u"No"_s);
         QVERIFY(!p.action("mnuViewTagList")->isChecked());
     }
 

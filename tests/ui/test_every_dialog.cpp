@@ -23,6 +23,7 @@
 
 using namespace tsl;
 using namespace tsl::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 // A form of each registered type in its dialog, as its command shows it.
@@ -81,15 +82,12 @@ struct Counted {
 };
 
 QString fail(const Form& form, const QString& what, const char* fault) {
-    return QStringLiteral("%1.%2: %3").arg(form.formName(), what, QString::fromLatin1(fault));
+    return u"%1.%2: %3"_s.arg(form.formName(), what, QString::fromLatin1(fault));
 }
 QString fail(const Form& form, QWidget* widget, const char* fault) {
     return fail(form, widget->objectName(), fault);
 }
 
-QString otherThan(const QString& text) {
-    return text == QLatin1String("7") ? QStringLiteral("8") : QStringLiteral("7");
-}
 } // namespace
 
 class EveryDialogTest : public QObject {
@@ -127,7 +125,7 @@ class EveryDialogTest : public QObject {
         });
     }
 
-    // Every control the logic shows is on screen; one it turns off or hides is off or hidden
+    // Every control shows its state at first; one the logic turns off or hides is off or hidden
     // there, and back again (on the page of tabs in front: one on another page stays hidden,
     // a fault of the binder).
     void everyControlShowsItsState() {
@@ -136,7 +134,17 @@ class EveryDialogTest : public QObject {
                 QWidget* widget = dialog.findChild<QWidget*>(control->name());
                 if (!widget && control->Visible() && !dynamic_cast<UpDown*>(control))
                     faults << fail(form, control->name(), "not on screen");
+                if (widget && (widget->testAttribute(Qt::WA_Disabled) == control->Enabled() ||
+                               (!control->Visible() && !widget->isHidden())))
+                    faults << fail(form, widget, "state not shown at first");
                 if (!widget || !widget->isVisible() || qobject_cast<QTabWidget*>(widget)) continue;
+                // A label takes its font.
+                if (auto* label = dynamic_cast<Label*>(control);
+                    label && qobject_cast<QLabel*>(widget)) {
+                    label->setFontBold(true);
+                    if (!widget->font().bold()) faults << fail(form, widget, "font not shown");
+                    label->setFontBold(false);
+                }
                 const bool enabled = control->Enabled();
                 control->setEnabled(!enabled);
                 control->setVisible(false);
@@ -196,7 +204,7 @@ class EveryDialogTest : public QObject {
                     continue;
                 }
                 Counted change(box ? box->Change : list->Change);
-                access(edit)->setText(QAccessible::Value, otherThan(edit->text()));
+                access(edit)->setText(QAccessible::Value, edit->text() == "7" ? "8" : "7");
                 QApplication::processEvents();
                 if (change.runs != 1 || (box ? box->Text() : list->Text()) != edit->text())
                     faults << fail(form, edit, "Change missed");
@@ -237,8 +245,8 @@ class EveryDialogTest : public QObject {
                 auto* list = form.find<ListControl>(widget->objectName());
                 if (!list || !list->MultiSelect) continue;
                 ++lists;
-                list->AddItem(QStringLiteral("a.htm"));
-                list->AddItem(QStringLiteral("b.htm"));
+                list->AddItem(u"a.htm"_s);
+                list->AddItem(u"b.htm"_s);
                 const int last = list->ListCount() - 1;
                 widget->item(last - 1)->setSelected(true);
                 widget->item(last)->setSelected(true);
@@ -261,7 +269,7 @@ class EveryDialogTest : public QObject {
                     const bool link =
                         label->textFormat() == Qt::RichText || text.startsWith(QLatin1Char('<'));
                     if (!buddy && amp >= 0 && !link &&
-                        text.count(QLatin1Char('&')) != 2 * text.count(QStringLiteral("&&")))
+                        text.count(QLatin1Char('&')) != 2 * text.count(u"&&"_s))
                         faults << fail(form, label, "mnemonic with no field");
                     if (!buddy || !label->isVisible() || !buddy->isEnabled() || amp < 0 ||
                         amp + 1 >= text.size())

@@ -19,6 +19,7 @@
 
 using namespace tsl;
 using namespace tsl::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 // The whole view of the small dialog.
@@ -57,19 +58,18 @@ class FormKitTest : public QObject {
         auto owned = std::make_unique<frmTiny>(p.shell());
         QPointer<frmTiny> form = owned.get();
         p.shell().forms().showModeless(std::move(owned));
-        QPointer<FormDialog> d = p.window().findChild<FormDialog*>(QStringLiteral("frmTiny"));
+        QPointer<FormDialog> d = p.window().findChild<FormDialog*>(u"frmTiny"_s);
         QVERIFY(d && d->isVisible() && !d->isModal());
         QCOMPARE(d->parentWidget(), &p.window());
-        QCOMPARE(d->windowTitle(), QStringLiteral("Insert Tiny"));
-        form->setCaption(QStringLiteral("Tiny"));
-        QCOMPARE(d->windowTitle(), QStringLiteral("Tiny"));
+        QCOMPARE(d->windowTitle(), u"Insert Tiny"_s);
+        form->setCaption(u"Tiny"_s);
+        QCOMPARE(d->windowTitle(), u"Tiny"_s);
         for (QLineEdit* edit : d->findChildren<QLineEdit*>())
             QVERIFY2(
                 !QAccessible::queryAccessibleInterface(edit)->text(QAccessible::Name).isEmpty(),
                 qPrintable(edit->objectName()));
         auto* size = child<QLineEdit>(d, "txtSize");
-        QCOMPARE(QAccessible::queryAccessibleInterface(size)->text(QAccessible::Name),
-                 QStringLiteral("Size:"));
+        QCOMPARE(QAccessible::queryAccessibleInterface(size)->text(QAccessible::Name), u"Size:"_s);
         QVERIFY(child<QPushButton>(d, "OK")->isDefault());
         QVERIFY(!child<QPushButton>(d, "cmdFile")->autoDefault());
 
@@ -79,25 +79,25 @@ class FormKitTest : public QObject {
             ++filtered;
             numericKeyFilter(key);
         };
-        size->setText(QStringLiteral("12"));
+        size->setText(u"12"_s);
         size->setCursorPosition(1);
         filtered = 0;
         QTest::keyClick(size, Qt::Key_X);
-        QCOMPARE(size->text(), QStringLiteral("12"));
+        QCOMPARE(size->text(), u"12"_s);
         QCOMPARE(size->cursorPosition(), 1);
         QCOMPARE(filtered, 1);
         // Text that arrives whole passes the filter a character at a time; the box shows what
         // stayed.
-        size->insert(QStringLiteral("y"));
-        QCOMPARE(size->text(), QStringLiteral("12"));
+        size->insert(u"y"_s);
+        QCOMPARE(size->text(), u"12"_s);
         size->setCursorPosition(1);
-        size->insert(QStringLiteral("3y"));
-        QCOMPARE(form->txtSize.Text(), QStringLiteral("132"));
-        QCOMPARE(size->text(), QStringLiteral("132"));
+        size->insert(u"3y"_s);
+        QCOMPARE(form->txtSize.Text(), u"132"_s);
+        QCOMPARE(size->text(), u"132"_s);
 
         child<QToolButton>(d, "udSizeUp")->click();
-        QCOMPARE(form->txtSize.Text(), QStringLiteral("9")); // the top of its range
-        QTest::keyClick(d, Qt::Key_Escape);                  // Cancel, which unloads the form
+        QCOMPARE(form->txtSize.Text(), u"9"_s); // the top of its range
+        QTest::keyClick(d, Qt::Key_Escape);     // Cancel, which unloads the form
         QTRY_VERIFY(d.isNull());
         QVERIFY(form.isNull());
     }
@@ -105,7 +105,7 @@ class FormKitTest : public QObject {
     void aFormWithNoViewSaysSo() {
         UiProgram p;
         p.start();
-        Form form(QStringLiteral("frmNothing"));
+        Form form(u"frmNothing"_s);
         p.shell().forms().showModal(form);
         QVERIFY(!form.isLoaded());
         QCOMPARE(p.platform.messages.size(), 1);
@@ -115,10 +115,10 @@ class FormKitTest : public QObject {
     void findAndReplaceWorksOnTheDocumentInFront() {
         UiProgram p;
         p.start();
-        p.pane().setText(QStringLiteral("one two one two one"));
+        p.pane().setText(u"one two one two one"_s);
         p.pane().setSelStart(0);
-        p.trigger(QStringLiteral("mnuEditFind"));
-        QPointer<FormDialog> d = p.window().findChild<FormDialog*>(QStringLiteral("frmFind"));
+        p.trigger(u"mnuEditFind"_s);
+        QPointer<FormDialog> d = p.window().findChild<FormDialog*>(u"frmFind"_s);
         QVERIFY(d && d->isVisible() && !d->isModal());
         QCOMPARE(d->parentWidget(), &p.window());
         const auto press = [&](const char* button) {
@@ -126,37 +126,37 @@ class FormKitTest : public QObject {
         };
         auto* what = child<QLineEdit>(d, "txtFind");
         QVERIFY(!child<QPushButton>(d, "cmdFind")->isEnabled());
-        QTest::keyClicks(what, QStringLiteral("one"));
+        QTest::keyClicks(what, u"one"_s);
         press("cmdFind");
         QCOMPARE(p.pane().SelStart(), 0);
-        QCOMPARE(p.pane().SelText(), QStringLiteral("one"));
-        QTest::keyClicks(child<QLineEdit>(d, "txtReplace"), QStringLiteral("1"));
+        QCOMPARE(p.pane().SelText(), u"one"_s);
+        QTest::keyClicks(child<QLineEdit>(d, "txtReplace"), u"1"_s);
         press("cmdReplace");
-        QCOMPARE(p.pane().Text(), QStringLiteral("1 two one two one"));
+        QCOMPARE(p.pane().Text(), u"1 two one two one"_s);
         QCOMPARE(p.pane().SelStart(), 6);
         press("Command1");
-        QCOMPARE(p.pane().Text(), QStringLiteral("1 two 1 two 1"));
+        QCOMPARE(p.pane().Text(), u"1 two 1 two 1"_s);
         QCOMPARE(p.platform.messageTexts().last(),
                  QStringLiteral("Tessaline has finished searching the document and replaced 2 "
                                 "items."));
 
         // A new document in front: the window stays and works on it.
-        p.trigger(QStringLiteral("mnuFileNewHTML"));
-        QCOMPARE(p.window().findChild<FormDialog*>(QStringLiteral("frmFind")), d.data());
-        retype(what, QStringLiteral("body"));
+        p.trigger(u"mnuFileNewHTML"_s);
+        QCOMPARE(p.window().findChild<FormDialog*>(u"frmFind"_s), d.data());
+        retype(what, u"body"_s);
         press("cmdFind");
-        QCOMPARE(p.active().Caption(), QStringLiteral("Document 2"));
-        QCOMPARE(p.pane().SelText(), QStringLiteral("body"));
+        QCOMPARE(p.active().Caption(), u"Document 2"_s);
+        QCOMPARE(p.pane().SelText(), u"body"_s);
         press("cmdCancel");
         QTRY_VERIFY(d.isNull());
-        QCOMPARE(p.shell().part<SearchSession>().Search.FindText, QStringLiteral("body"));
+        QCOMPARE(p.shell().part<SearchSession>().Search.FindText, u"body"_s);
         QVERIFY(!p.shell().bFindOpen);
 
         // Closing a document closes the window.
-        p.trigger(QStringLiteral("mnuEditFind"));
-        d = p.window().findChild<FormDialog*>(QStringLiteral("frmFind"));
+        p.trigger(u"mnuEditFind"_s);
+        d = p.window().findChild<FormDialog*>(u"frmFind"_s);
         QVERIFY(d);
-        p.trigger(QStringLiteral("mnuFileClose"));
+        p.trigger(u"mnuFileClose"_s);
         QTRY_VERIFY(d.isNull());
     }
 
@@ -164,12 +164,12 @@ class FormKitTest : public QObject {
         UiProgram p;
         p.start();
         QVERIFY(p.fromMenu("mnuEditPrefs", [](FormDialog& d) {
-            retype(child<QLineEdit>(&d, "Size"), QStringLiteral("15"));
+            retype(child<QLineEdit>(&d, "Size"), u"15"_s);
             child<QCheckBox>(&d, "chkWordWrap")->click();
             child<QPushButton>(&d, "OK")->click();
             QVERIFY(!d.isVisible());
         }));
-        QCOMPARE(p.settings.get(keys::Fuzzies, keys::FontSize), QStringLiteral("15"));
+        QCOMPARE(p.settings.get(keys::Fuzzies, keys::FontSize), u"15"_s);
         QCOMPARE(p.box()->font().pointSizeF(), 15.0);
         QVERIFY(p.box()->wraps());
     }
@@ -178,13 +178,13 @@ class FormKitTest : public QObject {
         UiProgram p;
         p.start();
         QVERIFY(p.fromMenu("mnuHelpAbout", [](FormDialog& d) {
-            emit child<QLabel>(&d, "Label")->linkActivated(QStringLiteral("#"));
-            emit child<QLabel>(&d, "Labels")->linkActivated(QStringLiteral("#"));
+            emit child<QLabel>(&d, "Label")->linkActivated(u"#"_s);
+            emit child<QLabel>(&d, "Labels")->linkActivated(u"#"_s);
             child<QPushButton>(&d, "OK")->click();
         }));
         QCOMPARE(p.platform.shellOpened.size(), 2);
-        QVERIFY(p.platform.shellOpened.at(0).startsWith(QStringLiteral("mailto:")));
-        QVERIFY(p.platform.shellOpened.at(1).startsWith(QStringLiteral("https://")));
+        QVERIFY(p.platform.shellOpened.at(0).startsWith(u"mailto:"_s));
+        QVERIFY(p.platform.shellOpened.at(1).startsWith(u"https://"_s));
     }
 
     // "A" chosen from the style dialog's tag list asks at once which state of a link it means;
@@ -192,24 +192,24 @@ class FormKitTest : public QObject {
     void aChoiceFromAListCanAskAQuestionAtOnce() {
         UiProgram p;
         p.start();
-        p.pane().setText(QStringLiteral("<html><head></head><body></body></html>"));
+        p.pane().setText(u"<html><head></head><body></body></html>"_s);
         QVERIFY(p.fromMenu("mnuInsertCSS", [&](FormDialog& d) {
             QString asked;
-            QVERIFY(p.withDialog(
-                [&] { choose(child<QComboBox>(&d, "TagName"), QStringLiteral("A")); },
-                [&](FormDialog& question) {
-                    asked = question.windowTitle();
-                    auto* all = QAccessible::queryAccessibleInterface(
-                        child<QRadioButton>(&question, "AllOpt"));
-                    all->actionInterface()->doAction(all->actionInterface()->actionNames().first());
-                    QTest::keyClick(&question, Qt::Key_Return);
-                },
-                &d));
-            QCOMPARE(asked, QStringLiteral("Which form of Hyperlink?"));
-            choose(child<QComboBox>(&d, "BoldCmb"), QStringLiteral("Bold"));
+            QVERIFY(p.withDialog([&] { choose(child<QComboBox>(&d, "TagName"), u"A"_s); },
+                                 [&](FormDialog& question) {
+                                     asked = question.windowTitle();
+                                     auto* all = QAccessible::queryAccessibleInterface(
+                                         child<QRadioButton>(&question, "AllOpt"));
+                                     all->actionInterface()->doAction(
+                                         all->actionInterface()->actionNames().first());
+                                     QTest::keyClick(&question, Qt::Key_Return);
+                                 },
+                                 &d));
+            QCOMPARE(asked, u"Which form of Hyperlink?"_s);
+            choose(child<QComboBox>(&d, "BoldCmb"), u"Bold"_s);
             child<QPushButton>(&d, "cmdOK")->click();
         }));
-        QVERIFY2(p.pane().Text().contains(QStringLiteral("\n  A {\n    font-weight: Bold;")),
+        QVERIFY2(p.pane().Text().contains(u"\n  A {\n    font-weight: Bold;"_s),
                  qPrintable(p.pane().Text()));
     }
 };

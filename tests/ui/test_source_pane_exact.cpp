@@ -1,17 +1,15 @@
-// The Source pane keeps the exact text through every edit: characters the editor shows another
-// way (a lone carriage return, the paragraph separator, the noncharacters U+FDD0 and U+FDD1)
-// come back as they were after typing, Return, deleting, pasting, copying and dragging beside
-// or over them, and the file is saved with the bytes it had.
+// The Source pane in the program keeps the exact text through pastes, copies, drags and random
+// edits, and saves the bytes it had; a large page is held once.
 #include "editor/text_file.h"
 #include "random_documents.h"
-#include "test_rows.h"
+#include "shell/code_editor.h"
+#include "source_pane_helpers.h"
 #include "ui_helpers.h"
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QMimeData>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <algorithm>
@@ -31,8 +29,7 @@ struct Program : UiProgram {
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(box(), key, modifiers);
     }
-    // Drops mime data where the pointer is over the given position; answers the position the
-    // editor took for it.
+    // Drops mime data over a position; answers the position the editor took for it.
     int drop(const QMimeData& mime, int position, Qt::DropAction action) {
         const QPoint where = box()->cursorRect(position).center();
         const int taken = box()->positionAt(where);
@@ -47,12 +44,7 @@ struct Program : UiProgram {
     }
 };
 
-QString text(const char16_t* utf16) {
-    return QString::fromUtf16(utf16);
-}
-
-// The exact text as a desktop text editor's document holds it: one character for each, with a
-// paragraph end for a line feed and for the characters taken as paragraph ends.
+// The text as a desktop editor's document holds it: a CR as its picture, breaks as U+2029.
 QString shownAs(const QString& exact) {
     QString shown = exact;
     for (QChar& c : shown) {
@@ -68,80 +60,7 @@ class SourcePaneExactTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // Return at the very start of a file whose first character the editor shows as a break.
-    void returnBeforeABreakKeepsIt_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("paragraph separator") << QByteArray("\xE2\x80\xA9x");
-        QTest::newRow("U+FDD0") << QByteArray("\xEF\xB7\x90x");
-        QTest::newRow("U+FDD1") << QByteArray("\xEF\xB7\x91x");
-        QTest::newRow("line separator") << QByteArray("\xE2\x80\xA8x");
-        QTest::newRow("lone carriage return") << QByteArray("\rx");
-    }
-    void returnBeforeABreakKeepsIt() {
-        QFETCH(QByteArray, bytes);
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, QStringLiteral("page.htm"), bytes);
-        Program p(path);
-        p.key(Qt::Key_Home, Qt::ControlModifier);
-        p.key(Qt::Key_Return);
-        p.key(Qt::Key_S, Qt::ControlModifier);
-        QCOMPARE(readFile(path), "\n" + bytes);
-    }
-
-    // Keys of the editor itself beside and over the characters it shows another way.
-    void keysBesideBreaksKeepThem_data() {
-        columns<QString, int, int, QString, QString>(
-            {"before", "anchor", "position", "keys", "after"});
-        const QString ps = text(u"\u2029");
-        QTest::newRow("Return between two separators")
-            << ps + ps << 1 << 1 << "R" << ps + "\n" + ps;
-        QTest::newRow("Return after a separator at the end") << "x" + ps << 2 << 2 << "R"
-                                                             << "x" + ps + "\n";
-        QTest::newRow("Return over a selected separator") << "a" + ps + "b" << 1 << 2 << "R"
-                                                          << "a\nb";
-        QTest::newRow("Return over a selection ending at U+FDD0")
-            << text(u"ab\uFDD0c") << 1 << 2 << "R" << text(u"a\n\uFDD0c");
-        QTest::newRow("letters at the start of a line after U+FDD1")
-            << text(u"a\uFDD1b") << 2 << 2 << "xy" << text(u"a\uFDD1xyb");
-        QTest::newRow("Shift+Return before a separator")
-            << ps + "x" << 0 << 0 << "S" << text(u"\n\u2029x");
-        QTest::newRow("Delete of a line feed before a separator")
-            << "a\n" + ps + "b" << 1 << 1 << "D"
-            << "a" + ps + "b";
-        QTest::newRow("Backspace of a separator after a line feed")
-            << "a\n" + ps + "b" << 3 << 3 << "B"
-            << "a\nb";
-        QTest::newRow("Backspace of a carriage return before a separator")
-            << "a\r" + ps << 2 << 2 << "B"
-            << "a" + ps;
-        QTest::newRow("Return, then Backspace, beside a carriage return")
-            << "a\r\nb" << 2 << 2 << "RB"
-            << "a\r\nb";
-        QTest::newRow("typing over a selection of breaks")
-            << text(u"a\r\u2029\n\uFDD0b") << 1 << 5 << "x"
-            << "axb";
-    }
-    void keysBesideBreaksKeepThem() {
-        QFETCH(QString, before);
-        QFETCH(int, anchor);
-        QFETCH(int, position);
-        QFETCH(QString, keys);
-        Program p;
-        p.pane().setText(before);
-        p.select(anchor, position);
-        for (QChar k : keys) {
-            if (k == u'R') p.key(Qt::Key_Return);
-            if (k == u'S') p.key(Qt::Key_Return, Qt::ShiftModifier);
-            if (k == u'D') p.key(Qt::Key_Delete);
-            if (k == u'B') p.key(Qt::Key_Backspace);
-            if (k.isLower()) QTest::keyClicks(p.box(), QString(k));
-        }
-        QTEST(p.pane().Text(), "after");
-        QCOMPARE(rowsProblem(p), QString());
-    }
-
-    // Pasted line ends stay as they were; the editor's own copy and drag carry the exact text,
-    // not the picture it shows for a carriage return.
+    // Pasted line ends stay; the editor's copy and drag carry the exact text, not a CR's picture.
     void copyAndDragCarryTheExactText() {
         QTemporaryDir dir;
         const QString path = writeFile(dir, QStringLiteral("page.htm"), "<p>\n");
@@ -155,8 +74,7 @@ class SourcePaneExactTest : public QObject {
         QCOMPARE(mime->text(), QStringLiteral("one\r\n"));
         p.key(Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("one\r\n"));
-        // Dragged behind "two": the line moves with its carriage return, in one step of the
-        // history.
+        // Dragged behind "two": the line moves with its CR, in one step of the history.
         const int steps = p.shell().ActiveForm()->nDoneIndex;
         p.drop(*mime, 13, Qt::MoveAction);
         QCOMPARE(p.pane().Text(), QStringLiteral("<p>\ntwo\none\r\n"));
@@ -167,14 +85,13 @@ class SourcePaneExactTest : public QObject {
         QCOMPARE(p.pane().Text(), QStringLiteral("<p>\none\r\ntwo\n"));
     }
 
-    // Text that comes from elsewhere (a drop from another program, the selection clipboard)
-    // goes in as it is; the drop is no drag of the document's own.
+    // Text from elsewhere (another program's drop, a paste) goes in as it is, as no drag step.
     void textFromElsewhereGoesInExactly() {
         Program p;
         p.pane().setText(QStringLiteral("ab"));
         const int steps = p.shell().ActiveForm()->nDoneIndex;
         QMimeData mime;
-        const QString dropped = text(u"x\r\ny\u2029z\uFDD0\r");
+        const QString dropped = QString::fromUtf16(u"x\r\ny\u2029z\uFDD0\r");
         mime.setText(dropped);
         p.drop(mime, 1, Qt::CopyAction);
         QCOMPARE(p.pane().Text(), "a" + dropped + "b");
@@ -185,10 +102,67 @@ class SourcePaneExactTest : public QObject {
         QCOMPARE(rowsProblem(p), QString());
     }
 
-    // Random files edited at random places by the editor's keys, by commands, by pastes and
-    // drags: the pane's text always equals a model kept here on the side, and the editor's rows
-    // of it, kept up edit by edit, are what they should be. TSL_FUZZ_CASES and TSL_FUZZ_SEED make a
-    // long run.
+    // A drop of the selection onto its own start or end is no edit, as if nothing was dragged.
+    void aDropOntoItselfIsNoEdit() {
+        QStringList after;
+        for (int at : {0, 3}) {
+            QTemporaryDir dir;
+            Program p(writeFile(dir, QStringLiteral("page.htm"), "one two"));
+            p.select(0, 3);
+            const std::unique_ptr<QMimeData> mime(p.box()->createMimeDataFromSelection());
+            p.drop(*mime, at, Qt::MoveAction);
+            QCOMPARE(p.pane().Text(), QStringLiteral("one two"));
+            QTest::keyClicks(p.box(), QStringLiteral("x"));
+            QCOMPARE(p.active().nDoneIndex, 2);
+            p.key(Qt::Key_Z, Qt::ControlModifier);
+            after << QString::number(p.active().nDoneIndex) + p.pane().Text();
+        }
+        QCOMPARE(after.at(1), after.at(0));
+    }
+
+    // A large page is held once: its undo slot shares the pane's string, from opening through an
+    // undo, and the steps of small edits keep only what they changed.
+    void aLargePageIsHeldOnce() {
+        const auto shared = [](const QString& a, const QString& b) {
+            return a.size() == b.size() && a.constData() == b.constData();
+        };
+        QTemporaryDir dir;
+        QByteArray page = "<html><body>\n";
+        while (page.size() < 10 * 1024 * 1024)
+            page += "<p>a line of a large page</p>\n";
+        Program p;
+        p.platform.fileAnswers.enqueue(FileDialogAnswer::file(writeFile(dir, "large.htm", page)));
+        p.shell().dispatch([&] { p.shell().mnuFileOpen_Click(); });
+        codeEditor& doc = p.active();
+        SourcePane& pane = doc.codebox();
+        QCOMPARE(pane.length(), page.size());
+        QCOMPARE(doc.nDoneIndex, Int16(1));
+        QVERIFY(shared(doc.step(1).Text, pane.Text()));
+        constexpr int kEdits = 6;
+        for (int i = 0; i < kEdits; ++i)
+            p.shell().dispatch([&] {
+                pane.setSelStart(i * 1600000);
+                pane.setSelText(QStringLiteral("<b>%1</b>").arg(i));
+                doc.AddStep();
+            });
+        QCOMPARE(doc.nDoneIndex, Int16(kEdits + 1));
+        const QString first = doc.step(1).Text;
+        for (int i = 2; i <= kEdits + 1; ++i) {
+            QVERIFY(!doc.step(i).Text.isWhole());
+            QVERIFY(doc.step(i).Text.charactersBeyond(first) < 1000);
+        }
+        QVERIFY(doc.step(kEdits + 1).Text == pane.Text());
+        QVERIFY(!shared(doc.step(1).Text, pane.Text()));
+        // Undo goes back step by step to the page as it was, shared with the first slot again.
+        for (int i = 0; i < kEdits; ++i)
+            p.shell().dispatch([&] { doc.Undo(); });
+        QCOMPARE(doc.nDoneIndex, Int16(1));
+        QCOMPARE(pane.Text(), QString::fromLatin1(page));
+        QVERIFY(shared(doc.step(1).Text, pane.Text()));
+    }
+
+    // Random files edited by keys, commands, pastes and drags equal a model kept on the side, with
+    // rows that are right. TSL_FUZZ_CASES and TSL_FUZZ_SEED make a long run.
     void randomEditsKeepTheExactText() {
         const FuzzRun run(3000);
         Program p;
@@ -201,35 +175,22 @@ class SourcePaneExactTest : public QObject {
             for (int e = 0; e < edits; ++e) {
                 QString problem;
                 done += edit(p, random, model, problem) + QLatin1Char(' ');
-                if (!problem.isEmpty())
-                    QFAIL(qPrintable(QStringLiteral("seed %1 case %2 after %3: %4")
-                                         .arg(run.seed)
-                                         .arg(i)
-                                         .arg(done, problem)));
-                if (p.pane().Text() != model || !rowsProblem(p).isEmpty())
-                    QFAIL(qPrintable(QStringLiteral("seed %1 case %2 after %3: %4 instead of %5")
-                                         .arg(run.seed)
-                                         .arg(i)
-                                         .arg(done, QString::fromLatin1(hexOf(p.pane().Text())),
-                                              QString::fromLatin1(hexOf(model)))));
+                const QString where =
+                    QString::asprintf("seed %u case %d after ", run.seed, i) + done;
+                QVERIFY2(problem.isEmpty(), qPrintable(where + problem));
+                QVERIFY2(
+                    p.pane().Text() == model && rowsProblem(p).isEmpty(),
+                    qPrintable(where + hexOf(p.pane().Text()) + " instead of " + hexOf(model)));
             }
         }
     }
 
   private:
-    // What is wrong with the rows the editor keeps for the pane's text after its edits, and
-    // whether it shows the pane's own text rather than a copy: empty when all is right.
+    // What is wrong with the editor's rows, or that it holds a copy of the text; empty if nothing.
     static QString rowsProblem(Program& p) {
         if (p.box()->text().constData() != p.pane().Text().constData())
             return QStringLiteral("the editor holds a copy");
         return TextRows::check(p.box()->rows(), p.pane().Text());
-    }
-    // A position that does not split a surrogate pair.
-    static int whole(const QString& text, int position) {
-        if (position > 0 && position < text.size() && text.at(position).isLowSurrogate() &&
-            text.at(position - 1).isHighSurrogate())
-            return position - 1;
-        return position;
     }
     // The length of the character before or after a position, a surrogate pair counted whole.
     static int charBefore(const QString& text, int at) {
@@ -315,8 +276,7 @@ class SourcePaneExactTest : public QObject {
         }
         case 9:
         case 10: {
-            // The editor's word deletion takes the selection, or else the way to the start or
-            // the end of the word as its own cursor moves.
+            // Word deletion takes the selection, or else the way to the word's start or end.
             const bool back = random.chance(50);
             QTextDocument shown;
             shown.setPlainText(shownAs(model));

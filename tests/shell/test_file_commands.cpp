@@ -1,5 +1,6 @@
-// New documents, Open and the recent file list: skeletons, numbering, the "Document 1" reuse
-// rule, the doors to a file with their messages, the tabs, and the list's own rules.
+// The File menu: new documents, Open and the recent file list (skeletons, numbering, the
+// "Document 1" reuse rule, the doors to a file with their messages, the tabs), and Save, Save As,
+// Save All, Close, Close All with the save prompt of a closing window.
 #include "shell_helpers.h"
 #include "test_rows.h"
 #include <QSignalSpy>
@@ -30,15 +31,21 @@ QStringList recentShown(ShellMDI& shell) {
     }
     return shown;
 }
+
+const QString kAlreadyOpen = QStringLiteral(
+    "This is the name of a file that is currently open.\n\nFile has not been saved.");
+
+QString askedToSave(int n) {
+    return QStringLiteral("Do you want to save the changes made to Document %1?").arg(n);
+}
 } // namespace
 
-class NewOpenTest : public QObject {
+class FileCommandsTest : public QObject {
     Q_OBJECT
 
   private slots:
     void newDocuments() {
-        TestShell ts;
-        ts.load();
+        Loaded ts;
         codeEditor& doc = ts.active();
         QCOMPARE(doc.codebox().Text(),
                  QStringLiteral("<html>\n<head>\n<title>Title goes here</title>\n<meta "
@@ -82,8 +89,7 @@ class NewOpenTest : public QObject {
     void openReplacesUntouchedDocumentOne() {
         QTemporaryDir dir;
         const QString path = writeFile(dir, "page.htm", "<p>hi</p>");
-        TestShell ts;
-        ts.load();
+        Loaded ts;
         codeEditor& doc = ts.open(path);
         QCOMPARE(ts->documents().size(), size_t(1));
         QCOMPARE(docState(doc), docState(path, path, "page.htm", "No", path));
@@ -111,8 +117,7 @@ class NewOpenTest : public QObject {
         QTemporaryDir dir;
         const QString path = writeFile(dir, "page.htm", "x");
         for (bool later : {false, true}) {
-            TestShell ts;
-            ts.load();
+            Loaded ts;
             if (later) {
                 ts->mnuFileClose_Click();
                 ts->mnuFileNewHTML_Click(); // "Document 2", clean
@@ -159,6 +164,7 @@ class NewOpenTest : public QObject {
         TestShell ts;
         if (recent) storeList(ts.settings, {path});
         ts.load();
+        FreezeWatch watch(ts);
         for (int i = 0; i < opens; ++i) {
             if (recent)
                 ts->mnuFileMRU_Click(0);
@@ -173,7 +179,8 @@ class NewOpenTest : public QObject {
         QCOMPARE(ts.platform.messageTexts(), message.isEmpty() ? QStringList() : told);
         for (const ShownMessage& m : ts.platform.messages)
             QTEST(int(m.icon), "icon");
-        QVERIFY(!ts->bFileAlreadyOpen);
+        QVERIFY(!ts->bFileAlreadyOpen && !watch.frozen);
+        if (!name.isEmpty()) QCOMPARE(watch.messagesWhileFrozen, 0);
         // A missing recent file stays on the list.
         if (name.isEmpty()) QCOMPARE(storedList(ts.settings).at(0), recent ? path : QString());
     }
@@ -182,8 +189,7 @@ class NewOpenTest : public QObject {
         QTemporaryDir dir;
         writeFile(dir, "a.htm", "A");
         writeFile(dir, "b.css", "B");
-        TestShell ts;
-        ts.load();
+        Loaded ts;
         // A folder given with its trailing separator, as a root folder is, gets no second one.
         ts.platform.fileAnswers.enqueue(
             FileDialogAnswer::files(dir.path() + "/", {"a.htm", "b.css"}));
@@ -202,12 +208,12 @@ class NewOpenTest : public QObject {
         QTemporaryDir dir;
         const QString a = writeFile(dir, "a.htm", "A");
         writeFile(dir, "c.htm", "C");
-        TestShell ts;
-        ts.load();
+        Loaded ts;
         ts.open(a);
         // Without a trailing separator the folder gets one.
         ts.platform.fileAnswers.enqueue(
             FileDialogAnswer::files(dir.path(), {"a.htm", "missing.htm", "c.htm"}));
+        FreezeWatch watch(ts);
         ts->mnuFileOpen_Click();
         QCOMPARE(ts.platform.messageTexts(),
                  (QStringList{"The file " + a + " is already open.",
@@ -215,32 +221,24 @@ class NewOpenTest : public QObject {
         QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
         QCOMPARE(ts->documents().size(), size_t(2));
         QCOMPARE(ts->TabStrip1.count(), 2);
+        QVERIFY(!watch.frozen && !watch.messagesWhileFrozen);
         QCOMPARE(ts.active().Caption(), dir.path() + "/c.htm");
     }
 
-    void checkFileOpenAndStripItem() {
-        TestShell ts;
-        ts.load();
-        ts->CheckFileOpen("document 1"); // case counts
+    // Only the exact caption counts; the flag stays set until its caller clears it.
+    void checkFileOpen() {
+        Loaded ts;
+        ts->CheckFileOpen("document 1");
         QVERIFY(!ts->bFileAlreadyOpen);
         ts->CheckFileOpen("Document 1");
-        QVERIFY(ts->bFileAlreadyOpen);
         ts->CheckFileOpen("nothing");
-        QVERIFY(ts->bFileAlreadyOpen); // only the caller clears it
-        QString s = QStringLiteral("folder") + QChar(0) + "a.htm" + QChar(0);
-        QCOMPARE(ts->StripItem(s, QString(QChar(0))), QStringLiteral("folder"));
-        QCOMPARE(s, QStringLiteral("a.htm") + QChar(0));
-        QCOMPARE(ts->StripItem(s, QString(QChar(0))), QStringLiteral("a.htm"));
-        QCOMPARE(s, QString());
-        QString none = QStringLiteral("no delimiter"); // overflows without its delimiter
-        QCOMPARE(errorOf([&] { ts->StripItem(none, QStringLiteral(";")); }), 6);
+        QVERIFY(ts->bFileAlreadyOpen);
     }
 
     // A tab click brings its window forward with drawing held meanwhile, unless a tab is being
     // selected already; the next and previous document go by the tabs.
     void activationAndTabsAgree() {
-        TestShell ts;
-        ts.load();
+        Loaded ts;
         ts->mnuFileNewHTML_Click();
         ts->mnuFileNewHTML_Click();
         codeEditor* first = ts->documents()[0];
@@ -300,6 +298,9 @@ class NewOpenTest : public QObject {
                              << "/w/E.htm /w/A.htm /w/B.htm /w/C.htm";
         QTest::newRow("hit") << four << "/W/b.HTM"
                              << "/w/B.htm /w/A.htm /w/C.htm /w/D.htm";
+        QTest::newRow("first, listed twice") << "/w/A.htm /w/a.htm /w/C.htm /w/D.htm"
+                                             << "/w/A.htm"
+                                             << "/w/A.htm /w/a.htm /w/C.htm /w/D.htm";
         QTest::newRow("short list") << "/w/A.htm"
                                     << "/w/E.htm"
                                     << "/w/E.htm /w/A.htm";
@@ -343,34 +344,270 @@ class NewOpenTest : public QObject {
         QCOMPARE(ts->FileTitleFromPath("/w/a\\b.htm"), QStringLiteral("a\\b.htm"));
     }
 
+    // The first entry gets no picture, the others one of the 26, varying from menu to menu
+    // and the same in every run.
     void entriesBelowTheFirstGetAPicture() {
-        // The first entry gets none; then twenty menus ask for the third entry's picture, in a
-        // fresh program. Any wrong answer gives an empty list.
-        const auto pictures = []() -> QList<int> {
-            TestShell ts;
+        const auto pictures = [] {
+            Loaded ts({"Recent File List/1stRecentFile=/w/A.htm",
+                       "Recent File List/2ndRecentFile=/w/B.htm",
+                       "Recent File List/3rdRecentFile=/w/C.htm"});
             QString key = QStringLiteral("unchanged");
             int icon = -7;
-            storeList(ts.settings, words("/w/A.htm /w/B.htm /w/C.htm"));
-            ts.load();
             ts->nMenuIconCount = 26;
-            if (ts->ctlPopMenu_RequestNewMenuDetails("/w/A.htm", key, icon) ||
-                ts->ctlPopMenu_RequestNewMenuDetails("/w/a.htm", key, icon) || key != "unchanged")
-                return {};
-            QList<int> shown;
-            for (int round = 0; round < 20; ++round) {
-                const bool asked = ts->ctlPopMenu_RequestNewMenuDetails("/w/C.htm", key, icon);
-                if (!asked || key != "mnuFile(2)" || icon < -1 || icon > 25) return {};
-                shown.append(icon);
-            }
+            QStringList shown{
+                QString::number(ts->ctlPopMenu_RequestNewMenuDetails("/w/a.htm", key, icon)) + key};
+            for (int round = 0; round < 20; ++round)
+                if (ts->ctlPopMenu_RequestNewMenuDetails("/w/C.htm", key, icon) &&
+                    key == "mnuFile(2)" && icon >= -1 && icon <= 25)
+                    shown << QString::number(icon);
             return shown;
         };
-        const QList<int> first = pictures();
-        QCOMPARE(first.size(), 20);
-        // The picture changes from menu to menu, and every run shows the same pictures.
-        QVERIFY(first.count(first.first()) < first.size());
+        const QStringList first = pictures();
+        QCOMPARE(first.size(), 21);
+        QCOMPARE(first[0], "0unchanged");
+        QVERIFY(first.count(first[1]) < 20);
         QCOMPARE(pictures(), first);
+    }
+
+    // A cancelled dialog changes nothing and says nothing; a name makes the document that
+    // file, its tab too (after Save As also for a view that follows the strip's changes).
+    void saveUntitledAsksForAName() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("new.htm");
+        for (const bool saveAs : {false, true}) {
+            Loaded ts;
+            codeEditor& doc = ts.active();
+            doc.codebox().setSelText("x");
+            const int caret = doc.codebox().SelStart();
+            ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
+            ts.run(saveAs ? "mnuFileSaveas" : "mnuFileSave");
+            QCOMPARE(docState(doc),
+                     docState("Document 1", "Document 1", "Label2", "No", "", "Dirty"));
+            QVERIFY(ts.platform.messages.isEmpty());
+            QString shownKey;
+            QObject::connect(&ts->TabStrip1, &TabStrip::changed,
+                             [&] { shownKey = ts->TabStrip1.tab(0).Key; });
+            ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+            ts.run(saveAs ? "mnuFileSaveas" : "mnuFileSave");
+            QCOMPARE(readFile(path), doc.codebox().Text().toUtf8());
+            QCOMPARE(docState(doc), docState(path, path, "new.htm", "No", path));
+            QCOMPARE(doc.codebox().SelStart(), caret);
+            QCOMPARE(tabState(*ts), path + "=new.htm@0");
+            if (saveAs) QCOMPARE(shownKey, path); // Save sets the key after the last change
+        }
+    }
+
+    void saveBoundFileInPlace() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "page.htm", "old");
+        Loaded ts;
+        codeEditor& doc = ts.open(path);
+        doc.codebox().setText("new text");
+        QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
+        ts->OpenSave.InitDir = dir.path(); // as a recent file leaves it; a save starts afresh
+        ts->mnuFileSave_Click();
+        QCOMPARE(ts->OpenSave.InitDir, QString());
+        QCOMPARE(readFile(path), QByteArray("new text"));
+        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QCOMPARE(ts.platform.fileDialogsShown.size(), 1); // only Open's
+    }
+
+    void saveInLayoutTakesThePageSaveAsDoesNot() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "page.htm", "source");
+        Loaded ts;
+        layoutOf(ts.open(path)).setDocumentHTML("<p>from layout</p>");
+        ts->bLayoutActive = true;
+        const QString other = dir.filePath("copy.htm");
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(other));
+        ts->mnuFileSaveas_Click();
+        QCOMPARE(readFile(other), QByteArray("source"));
+        ts->mnuFileSave_Click();
+        QCOMPARE(readFile(other), QByteArray("<p>from layout</p>"));
+    }
+
+    // Another open document's name is refused; the same name in other case is not the same,
+    // and a document may be saved under its own name.
+    void saveUnderTheNameOfAnOpenDocument() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "page.css", "page");
+        Loaded ts;
+        ts.active().codebox().setSelText("a"); // keep Document 1
+        codeEditor& page = ts.open(path);
+        codeEditor* first = ts->documents()[0];
+        first->ZOrder();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        ts->mnuFileSave_Click();
+        QCOMPARE(ts.platform.messageTexts(), QStringList{kAlreadyOpen});
+        QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
+        QCOMPARE(first->Caption() + first->Tag, "Document 1Dirty");
+        QCOMPARE(readFile(path), QByteArray("page"));
+        QVERIFY(!ts->bFileAlreadyOpen);
+        const QString upper = dir.filePath("PAGE.css");
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(upper));
+        ts->mnuFileSaveas_Click();
+        QCOMPARE(first->Caption(), upper);
+        page.ZOrder();
+        page.codebox().setText("b{}");
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
+        ts->mnuFileSaveas_Click();
+        QCOMPARE(ts.platform.messages.size(), 1);
+        QCOMPARE(readFile(path), QByteArray("b{}"));
+        QCOMPARE(page.CSSDoc + page.Tag, "YesClean");
+    }
+
+    void saveDoesNothingPastThe16BitCaret() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "big.htm", "x");
+        Loaded ts;
+        codeEditor& doc = ts.open(path);
+        doc.codebox().setText(QString(40000, QChar('a')));
+        doc.codebox().setSelStart(32768);
+        ts->mnuFileSave_Click();
+        ts->mnuFileSaveas_Click();
+        QCOMPARE(readFile(path), QByteArray("x"));
+        QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
+        QVERIFY(ts.platform.messages.isEmpty());
+        doc.codebox().setSelStart(32767);
+        ts->mnuFileSave_Click();
+        QCOMPARE(readFile(path).size(), 40000);
+        // Closing such a document still works.
+        doc.codebox().setSelStart(39000);
+        ts->mnuFileClose_Click();
+        QVERIFY(ts->documents().empty());
+    }
+
+    void saveAllSavesBoundAndAsksForUntitled() {
+        QTemporaryDir dir;
+        const QString a = writeFile(dir, "a.htm", "a");
+        Loaded ts;
+        ts.active().codebox().setSelText("1"); // Document 1 stays, untitled and dirty
+        ts.open(a).codebox().setText("a2");
+        ts->mnuFileNewCSS_Click(); // Document 2
+        codeEditor* kept = ts->ActiveForm();
+        const QString one = dir.filePath("one.htm");
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(one));
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
+        ts->mnuFileSaveAll_Click();
+        QCOMPARE(readFile(a), QByteArray("a2"));
+        QCOMPARE(ts->documents()[0]->Caption(), one);
+        QCOMPARE(readFile(one), ts->documents()[0]->codebox().Text().toUtf8());
+        QCOMPARE(ts->documents()[2]->Caption(), QStringLiteral("Document 2"));
+        QCOMPARE(ts->ActiveForm(), kept);
+        // The untitled prompts offered no name and ran without the cancel error, and the last one
+        // left it off.
+        QVERIFY(!ts.platform.fileDialogsShown.last().CancelError && !ts->OpenSave.CancelError);
+        QCOMPARE(ts.platform.fileDialogsShown.last().FileName, QString());
+        QCOMPARE(ts->TabStrip1.tab(0).Key + ts->TabStrip1.tab(0).Caption, one + "one.htm");
+    }
+
+    void saveAllStopsAtANameInUse() {
+        QTemporaryDir dir;
+        const QString a = writeFile(dir, "a.htm", "a");
+        Loaded ts;
+        ts.active().codebox().setSelText("1");
+        ts.open(a);
+        ts->mnuFileNewHTML_Click();
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(a));
+        ts->mnuFileSaveAll_Click();
+        QCOMPARE(ts.platform.messageTexts(), QStringList{kAlreadyOpen});
+        QCOMPARE(ts->documents()[0]->Caption(), QStringLiteral("Document 1"));
+        QCOMPARE(ts->ActiveForm(), ts->documents()[0]);
+    }
+
+    // The question of a closing window, and what Cancel and No do.
+    void closePromptAndItsAnswers() {
+        for (const MsgResult answer : {MsgResult::Cancel, MsgResult::No}) {
+            const bool stays = answer == MsgResult::Cancel;
+            Loaded ts;
+            ts->mnuFileNewHTML_Click();
+            ts.active().codebox().setSelText("x");
+            ts.platform.messageAnswers.enqueue(answer);
+            ts->mnuFileClose_Click();
+            QCOMPARE(ts.platform.messages.size(), 1);
+            const ShownMessage& m = ts.platform.messages[0];
+            QCOMPARE(m.text, askedToSave(2));
+            QCOMPARE(m.title, QStringLiteral("Tessaline"));
+            QVERIFY(m.icon == MsgIcon::Exclamation && m.buttons == MsgButtons::YesNoCancel);
+            QCOMPARE(ts->documents().size(), size_t(stays ? 2 : 1));
+            QCOMPARE(ts->TabStrip1.count(), stays ? 2 : 1);
+            if (stays) QVERIFY(!ts.active().bSaveAsked);
+        }
+    }
+
+    // Yes saves a bound file; for an untitled one the save dialog offers no name, and a
+    // cancelled one loses the window.
+    void closeYesSaves() {
+        QTemporaryDir dir;
+        const QString path = writeFile(dir, "page.htm", "old");
+        Loaded ts;
+        ts.active().codebox().setSelText("x");
+        ts.open(path).codebox().setText("new");
+        ts.platform.messageAnswers.enqueue(MsgResult::Yes);
+        ts->mnuFileClose_Click();
+        QCOMPARE(readFile(path), QByteArray("new"));
+        QCOMPARE(ts->documents().size(), size_t(1));
+        ts.platform.messageAnswers.enqueue(MsgResult::Yes);
+        ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
+        ts->mnuFileClose_Click();
+        QVERIFY(ts->documents().empty());
+        QCOMPARE(ts.platform.fileDialogsShown.last().FileName, QString());
+        QCOMPARE(readFile(path), QByteArray("new"));
+    }
+
+    // Panes that agree, or a dirty Layout that is not showing, close without a question.
+    void closeWithoutAQuestion() {
+        for (bool agree : {true, false}) {
+            Loaded ts;
+            codeEditor& doc = ts.active();
+            if (agree) {
+                doc.codebox().setSelText("x");
+                layoutOf(doc).setDocumentHTML(doc.codebox().Text());
+            } else {
+                layoutOf(doc).markDirty();
+            }
+            ts->mnuFileClose_Click();
+            QVERIFY(ts.platform.messages.isEmpty());
+            QVERIFY(ts->documents().empty());
+        }
+    }
+
+    void closeAllAsksAgainForADirtyLayout() {
+        Loaded ts;
+        layoutOf(ts.active()).markDirty();
+        ts->bLayoutActive = true;
+        for (MsgResult answer : {MsgResult::Cancel, MsgResult::Cancel, MsgResult::No})
+            ts.platform.messageAnswers.enqueue(answer);
+        ts->mnuFileCloseAll_Click();
+        QCOMPARE(ts.platform.messages.size(), 3);
+        QVERIFY(ts->documents().empty());
+    }
+
+    void closeAllStopsAtACancel() {
+        Loaded ts;
+        for (int i = 0; i < 2; ++i)
+            ts->mnuFileNewHTML_Click();
+        for (codeEditor* doc : ts->documents())
+            doc->codebox().setSelText("x");
+        ts.platform.messageAnswers.enqueue(MsgResult::No);
+        ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
+        ts->mnuFileCloseAll_Click();
+        QCOMPARE(ts.platform.messageTexts(), (QStringList{askedToSave(3), askedToSave(2)}));
+        QCOMPARE(ts->documents().size(), size_t(2));
+        QVERIFY(!ts->bClosingAll && !ts->bCloseAllCancelled);
+    }
+
+    // With no document the file commands do nothing, and fail at nothing.
+    void fileCommandsWithNoDocument() {
+        Loaded ts;
+        ts->mnuFileClose_Click();
+        QCOMPARE(ts->ActiveForm(), nullptr);
+        for (const char* item :
+             {"mnuFileSave", "mnuFileSaveas", "mnuFileSaveAll", "mnuFileClose", "mnuFileCloseAll"})
+            QVERIFY(ts->dispatch(ts->menu(item).Click));
+        QVERIFY(ts.platform.messages.isEmpty() && ts->documents().empty());
     }
 };
 
-QTEST_GUILESS_MAIN(NewOpenTest)
-#include "test_new_open.moc"
+QTEST_GUILESS_MAIN(FileCommandsTest)
+#include "test_file_commands.moc"
