@@ -1,14 +1,16 @@
-// Editing in the Source pane: the commands that write markup without a dialog, the edit commands,
-// the tag list and the pane's own keys, in Source and Layout view; and the undo history (steps,
-// typing runs, caret moves, clicks, drops, Undo and Redo) with the text of a slot in pieces.
+// Markup commands without a dialog, edit commands, the tag list and the pane's keys; the undo
+// history; and the switches between the three views, the Layout surface's state on the toolbars.
+#include "dialogs/table_chooser.h"
 #include "editor/step_text.h"
 #include "editor/text_pane.h"
 #include "markup/tag_list.h"
 #include "shell_helpers.h"
 #include "test_rows.h"
+#include <QDir>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -19,8 +21,7 @@ void select(codeEditor& doc, int start, int length) {
     doc.codebox().setSelLength(length);
 }
 
-// A loaded shell whose document has the text and a history restarted from it, as a freshly
-// opened file has it: one step, Undo and Redo off, the markup flags clear.
+// A loaded shell whose document has the text and a fresh history of one step, flags clear.
 struct Editing : TestShell {
     codeEditor& doc;
     explicit Editing(const QString& text, int caret = 0) : doc((load(), active())) {
@@ -50,12 +51,6 @@ void setMarked(codeEditor& doc, const QString& text) {
     const qsizetype caret = text.indexOf(u'|');
     const qsizetype start = caret >= 0 ? caret : text.indexOf(u'[');
     select(doc, int(start), caret >= 0 ? 0 : int(text.indexOf(u']') - start - 1));
-}
-
-// Presses a key in the Source pane and answers the key code the handler left.
-int keyDown(codeEditor& doc, int keyCode, int shift) {
-    doc.codebox_KeyDown(keyCode, shift);
-    return keyCode;
 }
 
 const QString kText = QStringLiteral("one two three");
@@ -94,9 +89,8 @@ QStringList surfaceLog(codeEditor& doc) {
     return out;
 }
 
-// Does an action: "key:Ctrl+Shift+P" presses keys, "char:<" types a character, "tag:B" double-
-// clicks a tag ("tag:": none chosen), "drop:B" drags it to the caret, "button:24" clicks a main
-// toolbar button, anything else is a menu item. Answers the key or character the pane left.
+// "key:Ctrl+P", "char:<", "tag:B" (double-click), "drop:B", "button:24", else a menu item.
+// Answers the key or character the pane left.
 int act(Editing& e, const QString& action) {
     static const QHash<QString, int> named = {
         {"Enter", 13}, {"Space", 32}, {"Insert", 45}, {"Delete", 46}, {"F12", 123}};
@@ -105,7 +99,9 @@ int act(Editing& e, const QString& action) {
         const QStringList keys = what.split(u'+');
         const int shift = (keys.contains("Shift") ? Shift : 0) +
                           (keys.contains("Ctrl") ? Ctrl : 0) + (keys.contains("Alt") ? 4 : 0);
-        return keyDown(e.doc, named.value(keys.last(), keys.last().at(0).unicode()), shift);
+        int code = named.value(keys.last(), keys.last().at(0).unicode());
+        e.doc.codebox_KeyDown(code, shift);
+        return code;
     }
     int typed = action.startsWith("char:") ? what.at(0).unicode() : -1;
     if (action.startsWith("char:")) e.doc.codebox_KeyPress(typed);
@@ -190,27 +186,46 @@ QString largeText() {
         text += QStringLiteral("<p id=\"%1\">line %1 of the page</p>\n").arg(i);
     return text;
 }
+
+const QString kPage = QStringLiteral("<html>\n<body>\n<p>x</p>\n</body>\n</html>");
+
+// A shell whose active document is a page opened from a file of a temporary folder.
+struct Views {
+    QTemporaryDir dir;
+    TestShell ts;
+    codeEditor* doc = nullptr;
+
+    explicit Views(const QString& name = QStringLiteral("page.htm"), const QString& text = kPage) {
+        ts.platform.temp = dir.filePath(QStringLiteral("temp"));
+        QDir().mkpath(ts.platform.temp);
+        ts.load();
+        doc = &ts.open(writeFile(dir, name, text.toUtf8()));
+    }
+    DetachedLayout& layout() { return layoutOf(*doc); }
+    DetachedBrowser& browser() { return static_cast<DetachedBrowser&>(doc->WebBrowser1()); }
+    void show(int view) { doc->tabEditor.SelectTab(view); }
+    QString folder() const { return dir.path() + QLatin1Char('/'); }
+    bool menuOn(const char* name) { return ts->menu(QLatin1String(name)).Enabled(); }
+    void editInLayout(const QString& html) {
+        show(2);
+        layout().edit(html);
+    }
+};
 } // namespace
 
 class SourceEditingTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // action # before: flags, view and history # pane before # pane after # flags after #
-    // steps after # pane after one Undo ("=": as before; none: not tried) # what the Layout
-    // surface got, messages shown, the clipboard if changed, "taken" when the key was taken
-    // from the pane, "skip" when its release is to pass, "paste on" when Paste was turned on #
-    // pane after Redo, when not as after. Flags: m markup, c caret step; L Layout view, P
-    // Preview, s a style sheet, a auto close off, b the text after already one step below, r one
-    // step above (undone), S a selection saved in the step, X the text after 32764 characters,
-    // so that positions from "one [two]" on need more than 16 bits. "|" caret, "[..]" selection.
+    // action # in # pane before # after # flags after # steps # after Undo ("=" as before) #
+    // surface log, messages, clipboard, "taken" key, "skip" release, "paste on" # after Redo.
+    // In: m markup, c caret step, L Layout, P Preview, s style sheet, a auto close off, b after
+    // already a step below, r one undone above, S a saved selection, X 32764 characters before.
     void actions_data() {
         columns<QString, QString, QString, QString, QString, int, QString, QString, QString>(
             {"action", "in", "before", "after", "out", "steps", "undo", "log", "redo"});
         QStringList rows;
-        // Wraps keep the selection, saved below first; the flags end clear. Past 16 bits a wrap
-        // fails after the selection collapsed and before any markup: silently, but for three
-        // (!), with the flags as the command set them at its start.
+        // Wraps keep the selection, flags end clear. Past 16 bits a wrap fails silently (but "!").
         for (const char* w :
              {"mnuH1 h1 m", "mnuH2 h2 c", "mnuH3 h3 c", "mnuH4 h4 c", "mnuH5 h5 c", "mnuH6 h6 c",
               "mnuSub sub m", "mnuSup sup m", "mnuTagsBlock blockquote m!", "mnuTagsBold b m",
@@ -224,8 +239,7 @@ class SourceEditingTest : public QObject {
                         .arg(f[0], QString(f[2]).remove(u'-').remove(u'!'),
                              f[2].endsWith(u'!') ? "#Run-time error '6': Overflow" : "");
         }
-        // Single inserts. The first four save the selection and after a caret move add no
-        // step, flags left; the others add their step.
+        // Single inserts: the first four add no step after a caret move.
         const char* const entities[] = {"Ampersand amp", "Copyright copy", "Greater gt", "Less lt",
                                         "Quote quot",    "Reg reg",        "Trade trade"};
         for (int i = 0; i < 7; ++i) {
@@ -250,10 +264,8 @@ class SourceEditingTest : public QObject {
             // No selection: an empty pair, the caret between; Redo puts it back there.
             "mnuH2##one |two three#one <h2>|</h2>two three##2#=",
             "mnuTagsRight##one |two three#one <p align=\"right\">|</p>two three##2#=",
-            // After a caret move, the result one step below: a step only if the command set m.
             "mnuH1#bc#one |two three#one <h1>|</h1>two three##3#",
             "mnuH2#bc#one |two three#one <h2>|</h2>two three##2#",
-            // Layout view: the surface's command, or the pane's wrap where there is none.
             "mnuH1#Lc#one |two three#one |two three#mc#1##5043,2,Heading 1",
             "mnuH2#Lc#one |two three#one |two three#c#1##5043,2,Heading 2",
             "mnuH6#Lc#one |two three#one |two three#c#1##5043,2,Heading 6",
@@ -306,8 +318,7 @@ class SourceEditingTest : public QObject {
             "mnuFormatRemove#L#[one] two three#[one] two three##1##5034,0,",
             "mnuFormatRemove##one |two three#one |two three##1##5034,0,",
 
-            // The tag list, in lower case: the caret between the tags, or between the quotes of
-            // an anchor (Redo keeps it before the closing tag); a selection stays selected.
+            // The tag list, in lower case: the caret between the tags or an anchor's quotes.
             "tag:A HREF##one |two three#one <a href=\"|\"></a>two three##2#=##"
             "one <a href=\"\">|</a>two three",
             "tag:A HREF##one [two] three#one <a href=\"\">[two]</a> three##2#=",
@@ -460,8 +471,7 @@ class SourceEditingTest : public QObject {
         }
     }
 
-    // The two anchors, then every tag by name: a pair with room for the content between, or
-    // a single tag; INPUT is the odd one. A press outside the nodes keeps the one chosen.
+    // The two anchors, then every tag by name, a pair or single; a press outside keeps the choice.
     void theTagList() {
         Loaded ts;
         TagList& list = ts->part<TagList>();
@@ -589,8 +599,7 @@ class SourceEditingTest : public QObject {
             "|ello 2u ; |llo 3u ; |lo 4u ; l|lo 3ur",
             "a skipped release##skip a@100 ? b@100.2 ?#xa|y 1 ; xab|y 2u",
             "a run in slot 2 clears the selection of slot 1##a@100 S b@100.5 U ?#x|y 1r",
-            // A left click closes the run and starts the clock of the next one; a right click
-            // asks for the menu only.
+            // A left click closes the run and starts the next one's clock; a right click does not.
             "clicks##click@99 ? a@100 rclick@100.7 ? ^0 click@100.7 ? b@102.2 ?#"
             "x|y 1 ; xa|y 2u ; |xay 3uc ; b|xay 3u",
             "typing into an empty page#|#a@100 ?#a| 1u",
@@ -624,8 +633,7 @@ class SourceEditingTest : public QObject {
         QTEST(play(e, script), "notes");
     }
 
-    // Where a step keeps the caret: past what an insertion put after it, or one on after the
-    // automatic pair; the caret back is kept for Redo.
+    // A step keeps the caret past what an insertion put after it, or one on after the pair.
     void addStepFields_data() {
         columns<int, int, bool, int, int, bool>(
             {"advance", "back", "autoClose", "selStart", "caretBack", "autoCloseAfter"});
@@ -666,8 +674,6 @@ class SourceEditingTest : public QObject {
         QCOMPARE(texts, QStringList({"slot zero", "t2", "t25", "t26"}));
     }
 
-    // A step without a selection of its own under one with a selection is passed over; at
-    // slot 1 with a selection above, the caret goes where slot 1 had it.
     void undoPassesOverAStepWithoutItsOwnSelection() {
         Editing e(QStringLiteral("one"));
         play(e, "=one_two step =one_two_three step");
@@ -722,9 +728,7 @@ class SourceEditingTest : public QObject {
         }
     }
 
-    // A slot's text against the one below: an edit of a large text is kept as pieces that read,
-    // size and compare as the text and cost little beyond the text below; small texts and edits
-    // that change much are kept whole, as a plain shared string.
+    // An edit of a large text is kept as cheap pieces against the slot below; else kept whole.
     void stepText_data() {
         columns<QString, QString, int>({"below", "text", "beyond"});
         const QString large = largeText();
@@ -741,10 +745,8 @@ class SourceEditingTest : public QObject {
         edit("delete at the end", -10, 10, "");
         edit("replace", 80000, 3, "abcdef");
         edit("a repeated character", 5, 0, "<");
-        QTest::newRow("small, whole") << "<p>a</p>"
-                                      << "<p>ab</p>" << -1;
-        QTest::newRow("empty, whole") << ""
-                                      << "" << -1;
+        QTest::newRow("small, whole") << QString("<p>a</p>") << QString("<p>ab</p>") << -1;
+        QTest::newRow("empty, whole") << QString() << QString() << -1;
         QTest::newRow("most of it new, whole")
             << large << QString(large).replace(10, 10, QString(100000, QLatin1Char('y'))) << -1;
         QTest::newRow("a small text below, whole") << "<p>" << large << -1;
@@ -798,7 +800,259 @@ class SourceEditingTest : public QObject {
         QVERIFY2(wholeSteps <= 3, qPrintable(QString::number(wholeSteps)));
         QVERIFY(steps.back().charactersBeyond(lastWhole) < 200 * 6);
     }
+
+    void toLayoutCopiesTheTextAndSetsTheStrips() {
+        Views v;
+        QCOMPARE(v.doc->tabEditor.TabCount(), 3);
+        QCOMPARE(v.doc->tabEditor.TabCaption(2), "  Layout  ");
+        QCOMPARE(errorOf([&] { v.show(4); }), 5);
+        QCOMPARE(errorOf([&] { v.show(0); }), 5);
+        v.show(2);
+        QVERIFY(v.layout().Visible() && v.ts->bLayoutActive);
+        QCOMPARE(v.layout().DocumentHTML(), kPage);
+        QCOMPARE(v.layout().BaseURL(), v.folder());
+        for (const ComboBox* combo : {&v.doc->cmbStyles, &v.doc->cmbFonts, &v.doc->cmbFontSize})
+            QVERIFY(combo->Visible());
+        QVERIFY(!v.ts->tbrTags.ButtonEnabled(18) && !v.ts->tbrMain.ButtonEnabled(22));
+        QVERIFY(!v.menuOn("mnuInsertFrames") && !v.menuOn("mnuInsertComment"));
+        QVERIFY(v.ts->tbrMain.ButtonVisible(12));
+        QCOMPARE(v.ts.platform.messages.size(), 0);
+    }
+
+    // Borders show unless the setting says exactly "No"; the button turns them and remembers.
+    void showBordersReadsItsSetting_data() {
+        columns<QString, bool>({"stored", "on"});
+        QTest::newRow("never written") << QString() << true;
+        QTest::newRow("No") << "No" << false;
+        QTest::newRow("no") << "no" << true;
+        QTest::newRow("Yes") << "Yes" << true;
+    }
+    void showBordersReadsItsSetting() {
+        QFETCH(QString, stored);
+        QFETCH(bool, on);
+        Views v;
+        if (!stored.isNull()) v.ts.settings.save(keys::Fuzzies, keys::ShowBorders, stored);
+        v.show(2);
+        QCOMPARE(v.layout().ShowBorders(), on);
+        QCOMPARE(v.doc->tbrTable.ButtonChecked(12), on);
+        v.doc->tbrTable.press(12);
+        QCOMPARE(v.layout().ShowBorders(), !on);
+        QCOMPARE(v.doc->tbrTable.ButtonChecked(12), !on);
+        QCOMPARE(v.ts.settings.get(keys::Fuzzies, keys::ShowBorders), on ? "No" : "Yes");
+    }
+
+    void backFromLayoutUneditedKeepsTheTextAndDropsTheHistory() {
+        Views v;
+        v.doc->codebox().setSelText(QStringLiteral("edit "));
+        v.doc->AddStep();
+        v.show(2);
+        v.show(1);
+        const QString text = QStringLiteral("edit ") + kPage;
+        QCOMPARE(v.doc->codebox().Text(), text);
+        QCOMPARE(v.doc->codebox().SelStart(), text.indexOf("<body>") + 6);
+        QCOMPARE(v.doc->nDoneIndex, 1);
+        QCOMPARE(v.doc->nTopIndex, 1);
+        QCOMPARE(v.doc->step(1).Text, text);
+        QVERIFY(!v.menuOn("mnuEditUndo") && !v.ts->tbrMain.ButtonEnabled(11));
+        QVERIFY(!v.layout().Visible() && !v.ts->bLayoutActive);
+        QCOMPARE(v.layout().newDocuments, 1);
+        for (const ComboBox* combo : {&v.doc->cmbStyles, &v.doc->cmbFonts, &v.doc->cmbFontSize})
+            QVERIFY(!combo->Visible());
+    }
+
+    // An edited page comes back without the blanks before </body>; the caret goes past "<body>".
+    void anEditedPageComesBack_data() {
+        columns<QString, QString, int>({"edited", "text", "caret"});
+        QTest::newRow("with a body") << "<html><body>\n<p>y</p> \n \n</body></html>"
+                                     << "<html><body>\n<p>y</p></body></html>" << 12;
+        QTest::newRow("no body, no >") << "just words"
+                                       << "just words" << 1;
+        QTest::newRow("no body") << "<b>no body</b>"
+                                 << "<b>no body</b>" << 3;
+    }
+    void anEditedPageComesBack() {
+        Views v;
+        QFETCH(QString, edited);
+        v.editInLayout(edited);
+        v.show(1);
+        QTEST(v.doc->codebox().Text(), "text");
+        QTEST(v.doc->codebox().SelStart(), "caret");
+    }
+
+    void aStyleSheetHasNoLayoutAndNoPreview_data() {
+        columns<int, QString>({"view", "message"});
+        QTest::newRow("Layout") << 2 << "Layout view can not be used with CSS documents.";
+        QTest::newRow("Preview") << 3 << "Preview mode can not be used with CSS documents.";
+    }
+    void aStyleSheetHasNoLayoutAndNoPreview() {
+        QFETCH(int, view);
+        QFETCH(QString, message);
+        Views v(QStringLiteral("site.css"), QStringLiteral("p { color: red }"));
+        QCOMPARE(v.doc->CSSDoc, QStringLiteral("Yes"));
+        v.show(view);
+        QCOMPARE(v.ts.platform.messageTexts(), QStringList{message});
+        QCOMPARE(v.ts.platform.messages.first().icon, MsgIcon::Exclamation);
+        QCOMPARE(v.doc->SelectedTab, 1);
+        QVERIFY(!v.layout().Visible() && !v.ts->bLayoutActive);
+        QCOMPARE(v.doc->codebox().Text(), QStringLiteral("p { color: red }"));
+        QVERIFY(v.browser().navigated.isEmpty());
+    }
+
+    void previewWritesTheFileBesideTheDocument() {
+        Views v;
+        const QString page = QStringLiteral("<html><body>z \n</body></html>");
+        v.editInLayout(page);
+        v.show(3);
+        // From Layout straight to Preview the page comes back untrimmed.
+        QCOMPARE(v.doc->codebox().Text(), page);
+        const QString preview = v.folder() + QStringLiteral("~tssln.htm");
+        QCOMPARE(readFile(preview), page.toUtf8());
+        QCOMPARE(v.browser().navigated, QStringList{preview});
+        QCOMPARE(v.doc->codebox().FileName(), v.folder() + QStringLiteral("page.htm"));
+        QVERIFY(!v.ts->bLayoutActive);
+        QVERIFY(v.doc->tbrWebBrowser.ButtonEnabled(2));
+        QVERIFY(!v.menuOn("mnuTagsBold") && !v.menuOn("mnuEditUndo") && !v.menuOn("mnuEditRedo"));
+        for (const char* name : {"mnuFilePrint", "mnuFilePreview", "mnuFileSave", "mnuFileSaveas",
+                                 "mnuFileSaveAll", "mnuFileClose", "mnuFileCloseAll"})
+            QVERIFY2(v.menuOn(name), name);
+        for (int button : {3, 5, 14})
+            QVERIFY(v.ts->tbrMain.ButtonEnabled(button));
+        // The browser's strip passes over an empty history.
+        v.doc->tbrWebBrowser.press(0);
+        v.doc->tbrWebBrowser.press(3);
+        QCOMPARE(v.browser().calls, QStringList({"GoBack", "Refresh"}));
+        QCOMPARE(v.ts.platform.messages.size(), 0);
+        // Back in Source both preview files are gone.
+        writeFile(v.dir, QStringLiteral("~tssln2.htm"), "x");
+        v.show(1);
+        QVERIFY(!QFile::exists(preview));
+        QVERIFY(!QFile::exists(v.folder() + QStringLiteral("~tssln2.htm")));
+        QVERIFY(v.menuOn("mnuTagsBold"));
+    }
+
+    // Preview turns Undo and Redo off; back in Source they follow the history again.
+    void undoAndRedoThroughPreview() {
+        Views v;
+        v.doc->codebox().setSelText(QStringLiteral("a"));
+        v.doc->AddStep();
+        v.doc->Undo();
+        for (int view : {1, 3, 1}) {
+            v.show(view);
+            QCOMPARE(QString::number(undoOn(v.ts)) + QString::number(redoOn(v.ts)),
+                     view == 3 ? "00" : "01");
+        }
+    }
+
+    void anUntitledPagePreviewsFromTheTemporaryFolder() {
+        Views v;
+        v.ts->mnuFileNewHTML_Click();
+        codeEditor& untitled = v.ts.active();
+        untitled.tabEditor.SelectTab(3);
+        const QString preview = v.ts.platform.temp + QStringLiteral("/~tssln.htm");
+        QCOMPARE(static_cast<DetachedBrowser&>(untitled.WebBrowser1()).navigated,
+                 QStringList{preview});
+        untitled.tabEditor.SelectTab(1);
+        QVERIFY(QFile::exists(preview)); // files of the temporary folder stay
+    }
+
+    // A status (1 disabled, 3 enabled, 7 latched) and the control that shows it.
+    void displayChangedBringsTheToolbarsUpToDate_data() {
+        columns<int, int, QString, bool>({"command", "status", "target", "expected"});
+        const QStringList rows =
+            words("5000 7 tags.checked:4 1  5000 3 tags.checked:4 0  5023 7 tags.checked:5 1 "
+                  "5048 7 tags.checked:6 1  5024 7 tags.checked:8 1  5026 7 tags.checked:9 1 "
+                  "5034 3 menu:mnuFormatRemove 1  5034 7 menu:mnuFormatRemove 0 "
+                  "5021 3 table.enabled:2 1  5020 1 table.enabled:3 0  5005 3 table.enabled:5 1 "
+                  "5007 3 table.enabled:6 1  5006 3 table.enabled:7 1  5029 3 table.enabled:9 1 "
+                  "5047 3 table.enabled:10 1  5030 7 layout.checked:5 1  5051 7 layout.checked:6 1 "
+                  "5049 0 menu:mnuEditUndo 1  5049 1 menu:mnuEditUndo 0  5033 3 main.enabled:12 1 "
+                  "5003 1 main.enabled:7 0  5002 7 menu:mnuEditCopy 1  5032 1 main.enabled:9 0");
+        for (int i = 0; i < rows.size(); i += 4)
+            QTest::newRow(qPrintable(rows.mid(i, 3).join(u' ')))
+                << rows[i].toInt() << rows[i + 1].toInt() << rows[i + 2] << (rows[i + 3] == "1");
+    }
+    void displayChangedBringsTheToolbarsUpToDate() {
+        QFETCH(int, command);
+        QFETCH(int, status);
+        QFETCH(QString, target);
+        Views v;
+        v.show(2);
+        v.layout().statuses.insert(command, status);
+        v.doc->Tag = QStringLiteral("Clean");
+        v.layout().edit(kPage);
+        QCOMPARE(v.doc->Tag, "Dirty"); // any change on the surface
+        const QString where = target.section(u':', 0, 0), what = target.section(u':', 1);
+        const int button = what.toInt();
+        const bool actual = where == "menu"             ? v.ts->menu(what).Enabled()
+                            : where == "tags.checked"   ? v.ts->tbrTags.ButtonChecked(button)
+                            : where == "table.enabled"  ? v.doc->tbrTable.ButtonEnabled(button)
+                            : where == "layout.checked" ? v.doc->tbrLayout.ButtonChecked(button)
+                                                        : v.ts->tbrMain.ButtonEnabled(button);
+        QTEST(actual, "expected");
+    }
+
+    void underlineIsLeftAloneInsideALink() {
+        Views v;
+        v.show(2);
+        v.ts->tbrTags.setButtonChecked(6, true);
+        v.layout().statuses = {{5016, 7}, {5048, 3}};
+        v.layout().edit(kPage);
+        QVERIFY(v.ts->tbrTags.ButtonChecked(6));
+        v.layout().statuses = {{5016, 3}, {5048, 3}};
+        v.layout().edit(kPage);
+        QVERIFY(!v.ts->tbrTags.ButtonChecked(6));
+    }
+
+    void theCombosFollowTheirGetCommands() {
+        Views v;
+        v.show(2);
+        DetachedLayout& layout = v.layout();
+        layout.statuses = {{5013, 3}, {5014, 7}, {5011, 11}};
+        layout.values = {{5013, QStringLiteral("Arial")}, {5014, QStringLiteral("0")}};
+        v.doc->cmbStyles.setEnabled(false);
+        v.doc->cmbFonts.setEnabled(false);
+        layout.edit(kPage);
+        QCOMPARE(v.doc->cmbFonts.Text(), QStringLiteral("Arial"));
+        QCOMPARE(v.doc->cmbFontSize.Text(), QString()); // a size below 1 shows nothing
+        QVERIFY(v.doc->cmbFontSize.Enabled());
+        // A mixed block format clears the styles, enables the fonts, leaves the styles be.
+        QCOMPARE(v.doc->cmbStyles.Text(), QString());
+        QVERIFY(!v.doc->cmbStyles.Enabled());
+        QVERIFY(v.doc->cmbFonts.Enabled());
+        layout.statuses = {{5013, 1}};
+        layout.edit(kPage);
+        QCOMPARE(v.doc->cmbFonts.Text(), QString());
+        QVERIFY(!v.doc->cmbFonts.Enabled());
+    }
+
+    // The list buttons send each other's command; the combos send their choice.
+    void theStripsSendTheirCommands() {
+        Views v;
+        v.show(2);
+        DetachedLayout& layout = v.layout();
+        layout.commands.clear();
+        for (int button : {2, 3, 5, 6})
+            v.doc->tbrLayout.press(button);
+        for (int button : {2, 3, 5, 6, 7, 9, 10})
+            v.doc->tbrTable.press(button);
+        v.doc->cmbFontSize.setListIndex(2);
+        v.doc->cmbStyles.setListIndex(6);
+        QStringList sent;
+        for (const DetachedLayout::Command& c : layout.commands)
+            sent << QStringLiteral("%1,%2,%3").arg(c.id).arg(c.option).arg(c.value);
+        QCOMPARE(sent.join(u' '), "5031,2, 5018,2, 5030,2, 5051,2, 5021,2, 5020,2, 5005,2, "
+                                  "5007,2, 5006,2, 5029,2, 5047,2, 5045,2,3 5043,2,Heading 1");
+        // Draw Table opens the chooser below its own button.
+        auto& dropDown = v.ts->part<TableChooser>().DropDown;
+        dropDown.ButtonPosition = [](const QString& toolbar, int index) {
+            return toolbar == QLatin1String("tbrTable") && index == 0 ? QPoint(3000, 2000)
+                                                                      : QPoint();
+        };
+        v.doc->tbrTable.press(0);
+        QVERIFY(dropDown.IsShowing());
+        QCOMPARE(QPoint(dropDown.left(), dropDown.top()), QPoint(3100, 3000));
+    }
 };
 
-QTEST_GUILESS_MAIN(SourceEditingTest)
+QTEST_MAIN(SourceEditingTest)
 #include "test_source_editing.moc"

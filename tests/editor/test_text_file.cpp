@@ -1,6 +1,5 @@
-// Document files: bytes that come back exactly as they were read, whatever the line ends and
-// the encoding; names that are not valid UTF-8; atomic writes that leave the old file whole and
-// keep its permissions; and the Source pane's LoadFile and SaveFile on top of them.
+// Document files: bytes back exactly as read, names that are not UTF-8, atomic writes that keep
+// the old file and its mode, and the Source pane's LoadFile and SaveFile on top.
 #include "editor/file_system.h"
 #include "editor/text_file.h"
 #include "editor/text_pane.h"
@@ -25,8 +24,7 @@ QString formatOf(const TextFormat& f) {
            (f.byteOrderMark ? " bom" : "") + (f.crlf ? " crlf" : "");
 }
 
-// A file's bytes, its format and its text, in the bytes of the file's own encoding (none: the
-// bytes themselves).
+// A file's bytes, its format and its text in the file's encoding (none: the bytes themselves).
 template <size_t N>
 void fileRow(const char* name, const char (&bytes)[N], const char* format,
              const char* text = nullptr) {
@@ -60,9 +58,11 @@ QStringList entriesOf(const QString& folder) {
 class TextFileTest : public QObject {
     Q_OBJECT
 
+    std::unique_ptr<QTemporaryDir> dir; // each test's own folder
+
   private slots:
-    // Any file comes back byte for byte: random mixtures of line ends, marks, separators,
-    // valid and invalid UTF-8 and 8-bit text. TSL_FUZZ_CASES and TSL_FUZZ_SEED make a long run.
+    void init() { dir = std::make_unique<QTemporaryDir>(); }
+    // Random files come back byte for byte; TSL_FUZZ_CASES and TSL_FUZZ_SEED make a long run.
     void randomFilesRoundTrip() {
         const FuzzRun run(5000);
         for (int i = 0; i < run.cases; ++i) {
@@ -79,9 +79,8 @@ class TextFileTest : public QObject {
         }
     }
 
-    // A file read into the pane has its text and format, and is written back byte for byte.
-    // Large pages are written a piece at a time, which join exactly also where a character of
-    // two UTF-16 units or a line end falls on a piece's edge (the 1 048 576th character).
+    // Read into the pane with its text and format, written back byte for byte; large pages are
+    // written in pieces, joined exactly where a pair or a line end falls on the 1 048 576th.
     void roundTrip_data() {
         columns<QByteArray, QString, QString>({"bytes", "text", "format"});
         fileRow("empty", "", "utf8");
@@ -130,8 +129,7 @@ class TextFileTest : public QObject {
     }
     void roundTrip() {
         QFETCH(QByteArray, bytes);
-        QTemporaryDir dir;
-        const QString from = writeFile(dir, "in.htm", bytes);
+        const QString from = writeFile(*dir, "in.htm", bytes);
         TextPane pane;
         pane.setText("previous text");
         pane.setSelStart(4);
@@ -146,14 +144,13 @@ class TextFileTest : public QObject {
         QCOMPARE(pane.SelStart(), 0);
         QCOMPARE(pane.FileName(), from);
         QCOMPARE(changes, 1);
-        pane.SaveFile(dir.filePath("out.htm"), 1);
-        QVERIFY(readFile(dir.filePath("out.htm")) == bytes);
+        pane.SaveFile(dir->filePath("out.htm"), 1);
+        QVERIFY(readFile(dir->filePath("out.htm")) == bytes);
         // Writing a copy (the preview file) leaves the document bound where it was.
         QCOMPARE(pane.FileName(), from);
     }
 
-    // An edit is saved in the file's format; 8-bit text gaining a character beyond Latin-1
-    // becomes UTF-8, so that nothing is lost.
+    // An edit is saved in the file's format; 8-bit text beyond Latin-1 becomes UTF-8.
     void anEditKeepsTheFormat_data() {
         columns<QByteArray, QString, QByteArray>({"bytes", "added", "saved"});
         QTest::newRow("BOM, CRLF")
@@ -163,9 +160,8 @@ class TextFileTest : public QObject {
     }
     void anEditKeepsTheFormat() {
         QFETCH(QString, added);
-        QTemporaryDir dir;
         QFETCH(QByteArray, bytes);
-        const QString path = writeFile(dir, "page.htm", bytes);
+        const QString path = writeFile(*dir, "page.htm", bytes);
         TextPane pane;
         pane.LoadFile(path);
         const QString text = pane.Text() + added;
@@ -177,35 +173,31 @@ class TextFileTest : public QObject {
         QCOMPARE(pane.Text(), text);
     }
 
-    // A missing file, folder or name, or a folder in the file's place, raises 75; the pane
-    // keeps its text and its file.
+    // A missing file, folder or name, or a folder in its place, raises 75; the pane keeps all.
     void missingPlacesRaise75() {
-        QTemporaryDir dir;
-        QVERIFY(QDir(dir.path()).mkdir("sub"));
-        QCOMPARE(errorOf([&] { readFileBytes(dir.filePath("missing.htm")); }), 75);
-        QCOMPARE(errorOf([&] { readFileBytes(dir.path()); }), 75);
+        QVERIFY(QDir(dir->path()).mkdir("sub"));
+        QCOMPARE(errorOf([&] { readFileBytes(dir->filePath("missing.htm")); }), 75);
+        QCOMPARE(errorOf([&] { readFileBytes(dir->path()); }), 75);
         QCOMPARE(errorOf([&] { readFileBytes(QString()); }), 75);
-        const QString path = dir.filePath("no such folder/page.htm");
+        const QString path = dir->filePath("no such folder/page.htm");
         QCOMPARE(errorOf([&] { writeFileBytes(path, "x"); }), 75);
         QVERIFY(!QFile::exists(path));
         QCOMPARE(errorOf([&] { writeFileBytes(QString(), "x"); }), 75);
-        QCOMPARE(errorOf([&] { writeFileBytes(dir.filePath("sub"), "x"); }), 75);
-        QVERIFY(QFileInfo(dir.filePath("sub")).isDir());
-        const QString good = writeFile(dir, "good.htm", "kept");
+        QCOMPARE(errorOf([&] { writeFileBytes(dir->filePath("sub"), "x"); }), 75);
+        QVERIFY(QFileInfo(dir->filePath("sub")).isDir());
+        const QString good = writeFile(*dir, "good.htm", "kept");
         TextPane pane;
         pane.LoadFile(good);
-        QCOMPARE(errorOf([&] { pane.LoadFile(dir.filePath("missing.htm")); }), 75);
+        QCOMPARE(errorOf([&] { pane.LoadFile(dir->filePath("missing.htm")); }), 75);
         QCOMPARE(errorOf([&] { pane.SaveFile(path); }), 75);
         QCOMPARE(pane.Text(), QStringLiteral("kept"));
         QCOMPARE(pane.FileName(), good);
         QCOMPARE(readFile(good), QByteArray("kept"));
     }
 
-    // A file size limit makes the write fail after part of it, as a full disk would; it binds
-    // every user, root included. No half-written file is left beside the old one.
+    // A size limit fails the write halfway, as a full disk would; no half-written file is left.
     void aWriteCutOffHalfwayKeepsTheOldFile() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", "old bytes");
+        const QString path = writeFile(*dir, "page.htm", "old bytes");
         rlimit saved{};
         QCOMPARE(getrlimit(RLIMIT_FSIZE, &saved), 0);
         auto previous = std::signal(SIGXFSZ, SIG_IGN);
@@ -217,7 +209,7 @@ class TextFileTest : public QObject {
         std::signal(SIGXFSZ, previous);
         QCOMPARE(error, 75);
         QCOMPARE(readFile(path), QByteArray("old bytes"));
-        QCOMPARE(entriesOf(dir.path()), QStringList({"page.htm"}));
+        QCOMPARE(entriesOf(dir->path()), QStringList({"page.htm"}));
     }
 
     // A name keeps its bytes; a name with a lost byte never reads as any valid one.
@@ -241,9 +233,8 @@ class TextFileTest : public QObject {
     }
 
     void aFileWhoseNameIsNotUtf8OpensAndSaves() {
-        QTemporaryDir dir;
-        writeRaw(dir, "caf\xE9.htm", "<p>caf\xE9</p>\r\n");
-        const QString path = dir.path() + QLatin1Char('/') + fileNameFromBytes("caf\xE9.htm");
+        writeRaw(*dir, "caf\xE9.htm", "<p>caf\xE9</p>\r\n");
+        const QString path = dir->path() + QLatin1Char('/') + fileNameFromBytes("caf\xE9.htm");
         TestShell t;
         t.load();
         codeEditor& doc = t.open(path);
@@ -253,27 +244,24 @@ class TextFileTest : public QObject {
         t->mnuFileSave_Click();
         QCOMPARE(readFileBytes(path), QByteArray("<p>caf\xE9</p>\r\n<p>x</p>"));
         // Still one file in the folder: the save went to the same name.
-        QCOMPARE(entriesOf(dir.path()), QStringList{fileNameFromBytes("caf\xE9.htm")});
+        QCOMPARE(entriesOf(dir->path()), QStringList{fileNameFromBytes("caf\xE9.htm")});
     }
 
-    // Found again in its folder; two names that read the same stay unresolved, as does a name
-    // that reads well.
+    // Found again in its folder; two names that read the same stay unresolved.
     void aNameReadWithALostByteIsFoundAgain() {
-        QTemporaryDir dir;
-        QVERIFY(::mkdir((QFile::encodeName(dir.path()) + "/d\xE8").constData(), 0755) == 0);
-        writeRaw(dir, "d\xE8/caf\xE9.htm", "one");
-        writeRaw(dir, "d\xE8/x\xE1", "a");
-        writeRaw(dir, "d\xE8/x\xE2", "b");
+        QVERIFY(::mkdir((QFile::encodeName(dir->path()) + "/d\xE8").constData(), 0755) == 0);
+        writeRaw(*dir, "d\xE8/caf\xE9.htm", "one");
+        writeRaw(*dir, "d\xE8/x\xE1", "a");
+        writeRaw(*dir, "d\xE8/x\xE2", "b");
         const QString lost = QString(QChar(0xFFFD));
-        const QString lossy = dir.path() + QStringLiteral("/d%1/caf%1.htm").arg(lost);
+        const QString lossy = dir->path() + QStringLiteral("/d%1/caf%1.htm").arg(lost);
         QCOMPARE(readFileBytes(recoverFileName(lossy)), QByteArray("one"));
-        const QString twice = dir.path() + QStringLiteral("/d%1/x%1").arg(lost);
+        const QString twice = dir->path() + QStringLiteral("/d%1/x%1").arg(lost);
         QCOMPARE(recoverFileName(twice).right(2), QStringLiteral("x") + lost);
-        QCOMPARE(recoverFileName(dir.filePath("page.htm")), dir.filePath("page.htm"));
+        QCOMPARE(recoverFileName(dir->filePath("page.htm")), dir->filePath("page.htm"));
     }
 
-    // A save keeps the mode of the file it replaces, through a link to what the link points
-    // to; a new file gets the usual mode, and no scratch file stays.
+    // A save keeps the mode of the file it replaces, through a link too; a new file gets 0644.
     void aSaveKeepsThePermissionsOfTheFile_data() {
         columns<int, bool>({"mode", "link"});
         QTest::newRow("read-only") << 0444 << false;
@@ -285,20 +273,19 @@ class TextFileTest : public QObject {
         QFETCH(int, mode);
         QFETCH(bool, link);
         if (mode == 0444 && ::geteuid() != 0) QSKIP("only the superuser writes a read-only file");
-        QTemporaryDir dir;
-        const QString path = dir.filePath("page.htm");
-        if (mode) writeFile(dir, "page.htm", "old bytes");
+        const QString path = dir->filePath("page.htm");
+        if (mode) writeFile(*dir, "page.htm", "old bytes");
         if (mode) QVERIFY(::chmod(QFile::encodeName(path).constData(), mode) == 0);
-        if (link) QVERIFY(QFile::link(path, dir.filePath("link.htm")));
+        if (link) QVERIFY(QFile::link(path, dir->filePath("link.htm")));
         const mode_t mask = ::umask(022);
-        writeFileBytes(link ? dir.filePath("link.htm") : path, "new");
+        writeFileBytes(link ? dir->filePath("link.htm") : path, "new");
         ::umask(mask);
         QCOMPARE(readFileBytes(path), QByteArray("new"));
         struct stat info {};
         QCOMPARE(::stat(QFile::encodeName(path).constData(), &info), 0);
         QCOMPARE(info.st_mode & 07777, static_cast<mode_t>(mode ? mode : 0644));
-        QCOMPARE(QFileInfo(dir.filePath("link.htm")).isSymLink(), link);
-        QCOMPARE(entriesOf(dir.path()).size(), link ? 2 : 1);
+        QCOMPARE(QFileInfo(dir->filePath("link.htm")).isSymLink(), link);
+        QCOMPARE(entriesOf(dir->path()).size(), link ? 2 : 1);
     }
 };
 

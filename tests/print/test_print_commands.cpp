@@ -11,8 +11,7 @@ class PrintCommandsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // Source pages its text onto the printer, Layout hands the work to its surface, Preview to
-    // the browser with its own print dialog; with no printer the user is told.
+    // Source pages its text, Layout and Preview hand it on; with no printer the user is told.
     void printFromEachView_data() {
         columns<int, bool, QString>({"view", "printer", "text"});
         QString lines; // of varied length, some longer than a printed line, some empty
@@ -54,9 +53,7 @@ class PrintCommandsTest : public QObject {
         QCOMPARE(browser.calls.contains(QStringLiteral("ExecWB 6 1")), view == 3);
         QCOMPARE(device->calls.isEmpty(), view != 1 || !printer);
         if (device->calls.isEmpty()) return;
-        // Each page starts at the first character that did not fit on the one before: every
-        // character comes once, in order, each page laid out in one-inch margins less the
-        // printable area's offset, in the pane's font.
+        // Every character once, in order; one-inch margins less the offset, in the pane's font.
         QString printed;
         for (const QString& page : device->pages)
             printed += QString(page).remove(u'\n');

@@ -1,5 +1,4 @@
-// The run-time model: 16-bit narrowing, numbered errors, resuming past errors, the dispatcher
-// that shows what escapes a handler, and the number readings Val and toNumber.
+// 16-bit narrowing, numbered errors, resuming, the dispatcher, and the readings Val and toNumber.
 #include "runtime/dispatcher.h"
 #include "runtime/int16.h"
 #include "runtime/resume.h"
@@ -41,8 +40,6 @@ class RuntimeTest : public QObject {
         QCOMPARE(ran, 1);
     }
 
-    // What escapes a handler is shown with its number and description, its own or the
-    // standard one, and the next handler runs.
     void dispatcherShowsWhatEscapesAndGoesOn() {
         QStringList shown;
         Dispatcher dispatcher([&](const QString& text) { shown << text; });

@@ -1,6 +1,5 @@
-// The command vocabulary: the menu tree, the toolbars' presses in each view, the bands and the
-// popups; which commands are on by the kind of document in front and its view, with no document
-// at all; and the view toggles with the settings they write.
+// The menu tree, the toolbars' presses, the popups; which commands are on by the document in
+// front and its view; the view toggles and the settings they write.
 #include "shell_helpers.h"
 #include "test_rows.h"
 #include <QSignalSpy>
@@ -86,8 +85,7 @@ QString bits(std::initializer_list<bool> values) {
     return out;
 }
 
-// The view in one line: bands Standard, Tags, Forms and the tag list pane; the four flags;
-// the four View menu checks; the Forms and Tag List check buttons.
+// Bands and tag list pane; the four flags; the View menu checks; the Forms and Tag List buttons.
 QString viewState(ShellMDI& s) {
     return bits({s.cReBar1.BandVisible(0), s.cReBar1.BandVisible(1), s.cReBar1.BandVisible(2),
                  s.Picture1.Visible()}) +
@@ -104,8 +102,7 @@ QString synced(const QString& stfl) {
     return stfl + u' ' + stfl + u' ' + stfl + u' ' + stfl.mid(2);
 }
 
-// "Document 1" (HTML) and "Document 2", a style sheet, in front. The new window came forward
-// before it was marked a style sheet, so it is brought forward again.
+// "Document 1" and the style sheet "Document 2" in front (brought forward again, as a sheet).
 codeEditor& withStyleSheet(TestShell& ts, bool load = true) {
     if (load) ts.load();
     codeEditor& page = ts.active();
@@ -115,18 +112,13 @@ codeEditor& withStyleSheet(TestShell& ts, bool load = true) {
     sheet.ZOrder();
     return sheet;
 }
-
-QStringList splitRow(const QString& row) {
-    return row.split(u'|');
-}
 } // namespace
 
 class CommandsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    // The menus of the bar in order; no name and no accelerator twice; every item that opens
-    // no submenu has a handler; what is off, checked and hidden at start.
+    // The menus in order; no name or accelerator twice; every leaf has a handler; the start state.
     void theMenuTree() {
         TestShell ts;
         QStringList bar, names, shortcuts;
@@ -152,24 +144,21 @@ class CommandsTest : public QObject {
         QVERIFY(shortcuts.contains(QStringLiteral("Ctrl+N")));
     }
 
+    // Shortcut text only for show: the Source pane handles these keys.
     void theLoadShowsShortcutTextBehindATab() {
         Loaded ts;
-        const QStringList captions =
-            QStringLiteral(
-                "mnuEditUndo|&Undo\tCtrl+Z|mnuEditCut|&Cut\tCtrl+X|mnuEditCopy|C&opy\tCtrl+C|"
-                "mnuEditPaste|&Paste\tCtrl+V|mnuInsertBreak|&Line Break\tCtrl+Enter|"
-                "mnuInsertParagraph|&Paragraph\tCtrl+Shift+P|"
-                "mnuInsertSpace|&Non-breaking Space\tCtrl+Shift+Space")
-                .split(u'|');
-        for (int i = 0; i < captions.size(); i += 2) {
-            QCOMPARE(ts->menu(captions.at(i)).Caption(), captions.at(i + 1));
-            // Only for show: the Source pane handles these keys.
-            QVERIFY(ts->menu(captions.at(i)).shortcut().isEmpty());
-        }
+        QStringList captions;
+        for (const char* item : {"mnuEditUndo", "mnuEditCut", "mnuEditCopy", "mnuEditPaste",
+                                 "mnuInsertBreak", "mnuInsertParagraph", "mnuInsertSpace"})
+            captions << ts->menu(item).Caption() + ts->menu(item).shortcut();
+        QCOMPARE(captions.join(u'|'),
+                 "&Undo\tCtrl+Z|&Cut\tCtrl+X|C&opy\tCtrl+C|&Paste\tCtrl+V|&Line "
+                 "Break\tCtrl+Enter|&Paragraph\tCtrl+Shift+P|&Non-breaking "
+                 "Space\tCtrl+Shift+Space");
     }
 
-    // In Source view a press runs one menu item at most, no two buttons the same one, and a
-    // separator does nothing. A button that is on runs an item that is on.
+    // In Source view a press runs at most one item, no two buttons the same; an on button an on
+    // item.
     void eachPressRunsAtMostOneItem() {
         Loaded ts;
         QStringList clicked, ran;
@@ -226,7 +215,6 @@ class CommandsTest : public QObject {
         doc.codebox().setSelLength(6);
         ts->tbrMain_ButtonClick(8); // Copy
         QCOMPARE(ts.platform.clipboard + undoRedo(), "<html>0000");
-        // Comment, undo, redo; then a new step after an undo leaves nothing to redo.
         for (auto [button, after, state] : {std::tuple{22, commented, "1100"},
                                             {11, skeleton, "0011"},
                                             {12, commented, "1100"},
@@ -293,13 +281,12 @@ class CommandsTest : public QObject {
                  QStringList(8, QStringLiteral("This command is not available yet.")));
     }
 
-    // The stored Standard, Tags, Forms, TagList ("-" none written; only "Yes" is on), and
-    // the flags that follow. The start writes nothing.
+    // Stored Standard, Tags, Forms, TagList ("-" unwritten; only "Yes" is on) and the flags.
     void startShowsTheBandsTheSettingsSay_data() {
         columns<QStringList>({"row"});
         for (const char* row : {"-|-|-|-|1100", "Yes|Yes|Yes|Yes|1111", "No|No|No|No|0000",
                                 "No|No|Yes|Yes|0011", "Yes|No|No|No|1000", "1||yes|YES|0000"})
-            QTest::newRow(row) << splitRow(row);
+            QTest::newRow(row) << QString(row).split(u'|');
     }
     void startShowsTheBandsTheSettingsSay() {
         QFETCH(QStringList, row);
@@ -314,13 +301,12 @@ class CommandsTest : public QObject {
         QCOMPARE(ts.settings.writeCount(), writes);
     }
 
-    // Each door to a view toggle, the flag it flips, and the key it writes at once (the
-    // toolbars write nothing until exit).
+    // Each view toggle, the flag it flips, and the key it writes at once (toolbars: at exit).
     void viewToggles_data() {
         columns<QStringList>({"row"});
         for (const char* row : {"mnuViewStdTlb|0|", "mnuViewFmtTlb|1|", "mnuViewForms|2|", "16|2|",
                                 "mnuViewTagList|3|TagListOpen", "17|3|TagListOpen"})
-            QTest::newRow(row) << splitRow(row);
+            QTest::newRow(row) << QString(row).split(u'|');
     }
     void viewToggles() {
         QFETCH(QStringList, row);
@@ -364,7 +350,7 @@ class CommandsTest : public QObject {
                   "|0 1 2 3 5 19 22|T|F|1000|1000 1111 1111 11|2",
               // Redo's button is not touched.
               QStringLiteral("none||0 1 2 16 17|||0100|1111 1111 1111 11|1")}) {
-            QStringList f = splitRow(row);
+            QStringList f = QString(row).split(u'|');
             if (f.at(3) == u'T')
                 f[3] = QStringLiteral("0 2 4 5 6 8 9 11 13 14 16 17 18 19 21 22 24");
             if (f.at(4) == u'F') f[4] = QStringLiteral("0 2 3 4 5 6 7 9 10");
@@ -417,12 +403,11 @@ class CommandsTest : public QObject {
             QVERIFY(!ts->tbrTags.ButtonChecked(i));
     }
 
-    // Style sheet?|selection length|clipboard: Cut and Copy follow the selection; a page sets
-    // Paste by the clipboard, a style sheet leaves it as it was (on).
+    // Sheet?|selection|clipboard: Cut and Copy follow the selection, a page's Paste the clipboard.
     void cutCopyAndPasteWhenADocumentComesForward_data() {
         columns<QStringList>({"row"});
         for (const char* row : {"0|0|", "0|3|x", "1|0|x", "1|3|"})
-            QTest::newRow(row) << splitRow(row);
+            QTest::newRow(row) << QString(row).split(u'|');
     }
     void cutCopyAndPasteWhenADocumentComesForward() {
         QFETCH(QStringList, row);
@@ -445,22 +430,20 @@ class CommandsTest : public QObject {
     void aCommandThatChangesTheKindOfTheDocumentInFrontSetsItsCommands() {
         QTemporaryDir dir;
         Loaded ts;
-        // A new style sheet comes forward with the style sheet's commands at once.
         ts->dispatch([&] { ts->mnuFileNewCSS_Click(); });
         QVERIFY(!ts->menu("mnuTagsBold").Enabled() && !ts->cReBar1.BandVisible(1));
-        // Saved under a page's name it becomes a page, and the page's commands come back.
+        // Saved under a page's name the page's commands come back.
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(dir.filePath("now.htm")));
         ts->dispatch([&] { ts->mnuFileSaveas_Click(); });
         QCOMPARE(ts.active().CSSDoc, QStringLiteral("No"));
         QVERIFY(ts->menu("mnuTagsBold").Enabled() && ts->cReBar1.BandVisible(1));
     }
 
-    // Forms|TagList stored|the sheet closes: the page that comes forward after a style sheet
-    // shows what the flags say, and nothing is written.
+    // Forms|TagList|sheet closes: the page after a style sheet shows what the flags say.
     void aPageAfterAStyleSheetShowsWhatTheFlagsSay_data() {
         columns<QStringList>({"row"});
         for (const char* row : {"Yes|Yes|0", "No|No|0", "No|Yes|0", "Yes|No|1"})
-            QTest::newRow(row) << splitRow(row);
+            QTest::newRow(row) << QString(row).split(u'|');
     }
     void aPageAfterAStyleSheetShowsWhatTheFlagsSay() {
         QFETCH(QStringList, row);
@@ -497,8 +480,7 @@ class CommandsTest : public QObject {
         QCOMPARE(viewState(*ts), synced("0100"));
     }
 
-    // Back in Source view from Layout the flag clears and the buttons return; disabling again
-    // in Preview keeps the tabs, in Layout it hides them.
+    // Back from Layout the buttons return; disabling in Preview keeps the tabs, in Layout not.
     void leavingLayoutAndPreview() {
         TestShell ts;
         codeEditor& doc = (ts.load(), ts.active());
@@ -516,8 +498,7 @@ class CommandsTest : public QObject {
         QVERIFY(!ts->TabStrip1.Visible() && ts->bCommandsDisabled);
     }
 
-    // A style sheet coming forward does not turn the document commands on, so what Preview
-    // turned off stays off.
+    // A style sheet coming forward does not turn back on what Preview turned off.
     void aStyleSheetAfterAPreviewTurnsNothingBackOn() {
         TestShell ts;
         codeEditor& sheet = withStyleSheet(ts);
@@ -529,8 +510,7 @@ class CommandsTest : public QObject {
         QVERIFY(ts->menu("mnuInsertCSS").Enabled() && ts->tbrMain.ButtonEnabled(19));
     }
 
-    // With no document the view toggles still work, and a new document brings the commands
-    // back, Paste by the clipboard.
+    // With no document the toggles work; a new document brings the commands back.
     void aNewDocumentAfterTheLast() {
         Loaded ts;
         ts->mnuFileClose_Click();

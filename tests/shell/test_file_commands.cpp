@@ -1,6 +1,7 @@
-// The File menu: new documents, Open and the recent file list (skeletons, numbering, the
-// "Document 1" reuse rule, the doors to a file with their messages, the tabs), and Save, Save As,
-// Save All, Close, Close All with the save prompt of a closing window.
+// The File menu (New, Open, the recent file list, Save, Save All, Close, Close All), the tabs,
+// start-up, the command line, the tag list pane's sizer, run-time errors, Help and exit.
+#include "editor/text_pane.h"
+#include "shell/frm_about.h"
 #include "shell_helpers.h"
 #include "test_rows.h"
 #include <QSignalSpy>
@@ -43,7 +44,10 @@ QString askedToSave(int n) {
 class FileCommandsTest : public QObject {
     Q_OBJECT
 
+    std::unique_ptr<QTemporaryDir> dir; // each test's own folder
+
   private slots:
+    void init() { dir = std::make_unique<QTemporaryDir>(); }
     void newDocuments() {
         Loaded ts;
         codeEditor& doc = ts.active();
@@ -87,8 +91,7 @@ class FileCommandsTest : public QObject {
     }
 
     void openReplacesUntouchedDocumentOne() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", "<p>hi</p>");
+        const QString path = writeFile(*dir, "page.htm", "<p>hi</p>");
         Loaded ts;
         codeEditor& doc = ts.open(path);
         QCOMPARE(ts->documents().size(), size_t(1));
@@ -114,8 +117,7 @@ class FileCommandsTest : public QObject {
 
     // A changed "Document 1", or any later untitled document, is never replaced.
     void openKeepsOtherUntitledDocuments() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", "x");
+        const QString path = writeFile(*dir, "page.htm", "x");
         for (bool later : {false, true}) {
             Loaded ts;
             if (later) {
@@ -132,9 +134,8 @@ class FileCommandsTest : public QObject {
         }
     }
 
-    // The same rules through File > Open and the recent file list: only a lower-case ".css"
-    // makes a style sheet; a file already open is not opened twice; a missing file leaves
-    // "Document 1" alone, each door with its own message.
+    // File > Open and the recent list: only ".css" makes a style sheet; no file twice; each its
+    // message.
     void theDoorsToAFile_data() {
         columns<bool, QString, int, QString, QString, int>(
             {"recent", "name", "opens", "cssDoc", "message", "icon"});
@@ -158,9 +159,8 @@ class FileCommandsTest : public QObject {
         QFETCH(QString, name);
         QFETCH(int, opens);
         QFETCH(QString, message);
-        QTemporaryDir dir;
         const QString path =
-            name.isEmpty() ? QStringLiteral("/nowhere/gone.htm") : writeFile(dir, name, "body {}");
+            name.isEmpty() ? QStringLiteral("/nowhere/gone.htm") : writeFile(*dir, name, "body {}");
         TestShell ts;
         if (recent) storeList(ts.settings, {path});
         ts.load();
@@ -186,57 +186,34 @@ class FileCommandsTest : public QObject {
     }
 
     void openSeveralFiles() {
-        QTemporaryDir dir;
-        writeFile(dir, "a.htm", "A");
-        writeFile(dir, "b.css", "B");
+        const QString a = writeFile(*dir, "a.htm", "A"), b = writeFile(*dir, "b.css", "B");
+        writeFile(*dir, "c.htm", "C");
         Loaded ts;
         // A folder given with its trailing separator, as a root folder is, gets no second one.
         ts.platform.fileAnswers.enqueue(
-            FileDialogAnswer::files(dir.path() + "/", {"a.htm", "b.css"}));
+            FileDialogAnswer::files(dir->path() + "/", {"a.htm", "b.css"}));
         ts->mnuFileOpen_Click();
-        QCOMPARE(ts->documents().size(), size_t(2));
-        const QString a = dir.path() + "/a.htm", b = dir.path() + "/b.css";
         // Both windows take the dialog's one title; only the last gets its kind.
         QCOMPARE(docState(*ts->documents()[0]), docState(a, a, "a.htm", "No", a));
         QCOMPARE(docState(*ts->documents()[1]), docState(b, b, "a.htm", "Yes", b));
         QCOMPARE(ts->documents()[0]->codebox().Text(), QStringLiteral("A"));
         QCOMPARE(tabState(*ts), a + "=a.htm;" + b + "=b.css@1");
-        QCOMPARE(ts.active().Caption(), b);
-    }
-
-    void openSeveralWithOneOpenAndOneMissing() {
-        QTemporaryDir dir;
-        const QString a = writeFile(dir, "a.htm", "A");
-        writeFile(dir, "c.htm", "C");
-        Loaded ts;
-        ts.open(a);
         // Without a trailing separator the folder gets one.
         ts.platform.fileAnswers.enqueue(
-            FileDialogAnswer::files(dir.path(), {"a.htm", "missing.htm", "c.htm"}));
+            FileDialogAnswer::files(dir->path(), {"a.htm", "missing.htm", "c.htm"}));
         FreezeWatch watch(ts);
         ts->mnuFileOpen_Click();
         QCOMPARE(ts.platform.messageTexts(),
                  (QStringList{"The file " + a + " is already open.",
                               "The file missing.htm could not be found."}));
         QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Information);
-        QCOMPARE(ts->documents().size(), size_t(2));
-        QCOMPARE(ts->TabStrip1.count(), 2);
+        QCOMPARE(ts->documents().size(), size_t(3));
+        QCOMPARE(ts->TabStrip1.count(), 3);
         QVERIFY(!watch.frozen && !watch.messagesWhileFrozen);
-        QCOMPARE(ts.active().Caption(), dir.path() + "/c.htm");
+        QCOMPARE(ts.active().Caption(), dir->path() + "/c.htm");
     }
 
-    // Only the exact caption counts; the flag stays set until its caller clears it.
-    void checkFileOpen() {
-        Loaded ts;
-        ts->CheckFileOpen("document 1");
-        QVERIFY(!ts->bFileAlreadyOpen);
-        ts->CheckFileOpen("Document 1");
-        ts->CheckFileOpen("nothing");
-        QVERIFY(ts->bFileAlreadyOpen);
-    }
-
-    // A tab click brings its window forward with drawing held meanwhile, unless a tab is being
-    // selected already; the next and previous document go by the tabs.
+    // A tab click brings its window forward, drawing held, unless a tab is being selected already.
     void activationAndTabsAgree() {
         Loaded ts;
         ts->mnuFileNewHTML_Click();
@@ -266,8 +243,7 @@ class FileCommandsTest : public QObject {
 
     // ---- the recent file list ----
 
-    // Stored entries show in order up to the first empty one; the bar above them shows with
-    // the first.
+    // Stored entries show in order up to the first empty one, the bar above with the first.
     void storedEntriesShow() {
         const QList<std::pair<QStringList, QStringList>> cases = {
             {{}, {}},
@@ -282,8 +258,7 @@ class FileCommandsTest : public QObject {
         }
     }
 
-    // The list before, the path added, the list after. A hit moves its entry, with its own
-    // spelling, to the top; a new path pushes the oldest out; the first again writes nothing.
+    // A hit moves its entry, in its own spelling, to the top; a new path pushes the oldest out.
     void addingAPath_data() {
         columns<QString, QString, QString>({"before", "path", "after"});
         const char* const four = "/w/A.htm /w/B.htm /w/C.htm /w/D.htm";
@@ -323,9 +298,8 @@ class FileCommandsTest : public QObject {
     }
 
     void openingAnEntry() {
-        QTemporaryDir dir;
-        const QString other = writeFile(dir, "other.htm", "x");
-        const QString style = writeFile(dir, "site.css", "body {}");
+        const QString other = writeFile(*dir, "other.htm", "x");
+        const QString style = writeFile(*dir, "site.css", "body {}");
         TestShell ts;
         storeList(ts.settings, {other, style});
         ts.load();
@@ -335,7 +309,7 @@ class FileCommandsTest : public QObject {
         QCOMPARE(docState(doc), docState(style, style, "site.css", "Yes", style));
         // The untouched first document made way; the next file dialog starts in the folder.
         QCOMPARE(ts->documents().size(), size_t(1));
-        QCOMPARE(ts->OpenSave.InitDir, dir.path() + QLatin1Char('/'));
+        QCOMPARE(ts->OpenSave.InitDir, dir->path() + QLatin1Char('/'));
         QCOMPARE(tabState(*ts), style + "=site.css@0");
         QCOMPARE(storedList(ts.settings), (QStringList{style, other, "", ""}));
         QVERIFY(ts.platform.messages.isEmpty());
@@ -344,8 +318,7 @@ class FileCommandsTest : public QObject {
         QCOMPARE(ts->FileTitleFromPath("/w/a\\b.htm"), QStringLiteral("a\\b.htm"));
     }
 
-    // The first entry gets no picture, the others one of the 26, varying from menu to menu
-    // and the same in every run.
+    // The first entry gets no picture, the others one of the 26, varying, the same every run.
     void entriesBelowTheFirstGetAPicture() {
         const auto pictures = [] {
             Loaded ts({"Recent File List/1stRecentFile=/w/A.htm",
@@ -369,11 +342,9 @@ class FileCommandsTest : public QObject {
         QCOMPARE(pictures(), first);
     }
 
-    // A cancelled dialog changes nothing and says nothing; a name makes the document that
-    // file, its tab too (after Save As also for a view that follows the strip's changes).
+    // A cancel changes nothing; a name makes the document that file, its tab too.
     void saveUntitledAsksForAName() {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("new.htm");
+        const QString path = dir->filePath("new.htm");
         for (const bool saveAs : {false, true}) {
             Loaded ts;
             codeEditor& doc = ts.active();
@@ -398,13 +369,12 @@ class FileCommandsTest : public QObject {
     }
 
     void saveBoundFileInPlace() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", "old");
+        const QString path = writeFile(*dir, "page.htm", "old");
         Loaded ts;
         codeEditor& doc = ts.open(path);
         doc.codebox().setText("new text");
         QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
-        ts->OpenSave.InitDir = dir.path(); // as a recent file leaves it; a save starts afresh
+        ts->OpenSave.InitDir = dir->path(); // as a recent file leaves it; a save starts afresh
         ts->mnuFileSave_Click();
         QCOMPARE(ts->OpenSave.InitDir, QString());
         QCOMPARE(readFile(path), QByteArray("new text"));
@@ -413,12 +383,11 @@ class FileCommandsTest : public QObject {
     }
 
     void saveInLayoutTakesThePageSaveAsDoesNot() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", "source");
+        const QString path = writeFile(*dir, "page.htm", "source");
         Loaded ts;
         layoutOf(ts.open(path)).setDocumentHTML("<p>from layout</p>");
         ts->bLayoutActive = true;
-        const QString other = dir.filePath("copy.htm");
+        const QString other = dir->filePath("copy.htm");
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(other));
         ts->mnuFileSaveas_Click();
         QCOMPARE(readFile(other), QByteArray("source"));
@@ -426,11 +395,9 @@ class FileCommandsTest : public QObject {
         QCOMPARE(readFile(other), QByteArray("<p>from layout</p>"));
     }
 
-    // Another open document's name is refused; the same name in other case is not the same,
-    // and a document may be saved under its own name.
+    // Another open document's name is refused (not in other case); its own name is fine.
     void saveUnderTheNameOfAnOpenDocument() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.css", "page");
+        const QString path = writeFile(*dir, "page.css", "page");
         Loaded ts;
         ts.active().codebox().setSelText("a"); // keep Document 1
         codeEditor& page = ts.open(path);
@@ -443,7 +410,7 @@ class FileCommandsTest : public QObject {
         QCOMPARE(first->Caption() + first->Tag, "Document 1Dirty");
         QCOMPARE(readFile(path), QByteArray("page"));
         QVERIFY(!ts->bFileAlreadyOpen);
-        const QString upper = dir.filePath("PAGE.css");
+        const QString upper = dir->filePath("PAGE.css");
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(upper));
         ts->mnuFileSaveas_Click();
         QCOMPARE(first->Caption(), upper);
@@ -457,8 +424,7 @@ class FileCommandsTest : public QObject {
     }
 
     void saveDoesNothingPastThe16BitCaret() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "big.htm", "x");
+        const QString path = writeFile(*dir, "big.htm", "x");
         Loaded ts;
         codeEditor& doc = ts.open(path);
         doc.codebox().setText(QString(40000, QChar('a')));
@@ -478,14 +444,13 @@ class FileCommandsTest : public QObject {
     }
 
     void saveAllSavesBoundAndAsksForUntitled() {
-        QTemporaryDir dir;
-        const QString a = writeFile(dir, "a.htm", "a");
+        const QString a = writeFile(*dir, "a.htm", "a");
         Loaded ts;
         ts.active().codebox().setSelText("1"); // Document 1 stays, untitled and dirty
         ts.open(a).codebox().setText("a2");
         ts->mnuFileNewCSS_Click(); // Document 2
         codeEditor* kept = ts->ActiveForm();
-        const QString one = dir.filePath("one.htm");
+        const QString one = dir->filePath("one.htm");
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::file(one));
         ts.platform.fileAnswers.enqueue(FileDialogAnswer::cancel());
         ts->mnuFileSaveAll_Click();
@@ -494,16 +459,14 @@ class FileCommandsTest : public QObject {
         QCOMPARE(readFile(one), ts->documents()[0]->codebox().Text().toUtf8());
         QCOMPARE(ts->documents()[2]->Caption(), QStringLiteral("Document 2"));
         QCOMPARE(ts->ActiveForm(), kept);
-        // The untitled prompts offered no name and ran without the cancel error, and the last one
-        // left it off.
+        // The untitled prompts offered no name and ran, and left, without the cancel error.
         QVERIFY(!ts.platform.fileDialogsShown.last().CancelError && !ts->OpenSave.CancelError);
         QCOMPARE(ts.platform.fileDialogsShown.last().FileName, QString());
         QCOMPARE(ts->TabStrip1.tab(0).Key + ts->TabStrip1.tab(0).Caption, one + "one.htm");
     }
 
     void saveAllStopsAtANameInUse() {
-        QTemporaryDir dir;
-        const QString a = writeFile(dir, "a.htm", "a");
+        const QString a = writeFile(*dir, "a.htm", "a");
         Loaded ts;
         ts.active().codebox().setSelText("1");
         ts.open(a);
@@ -535,11 +498,9 @@ class FileCommandsTest : public QObject {
         }
     }
 
-    // Yes saves a bound file; for an untitled one the save dialog offers no name, and a
-    // cancelled one loses the window.
+    // Yes saves a bound file; an untitled one's dialog offers no name, and a cancel loses it.
     void closeYesSaves() {
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, "page.htm", "old");
+        const QString path = writeFile(*dir, "page.htm", "old");
         Loaded ts;
         ts.active().codebox().setSelText("x");
         ts.open(path).codebox().setText("new");
@@ -606,6 +567,163 @@ class FileCommandsTest : public QObject {
              {"mnuFileSave", "mnuFileSaveas", "mnuFileSaveAll", "mnuFileClose", "mnuFileCloseAll"})
             QVERIFY(ts->dispatch(ts->menu(item).Click));
         QVERIFY(ts.platform.messages.isEmpty() && ts->documents().empty());
+    }
+
+    // ---- start-up and exit ----
+    // Relative paths are on at every start, whatever the dialog stored.
+    void startReadsTheSettings() {
+        Loaded ts({"Fuzzies/Auto Close Tag=No", "Fuzzies/Use Relative=No"});
+        QVERIFY(ts->bUseRelative && !ts->bAutoCloseTag && !ts->bMainLoading);
+        QCOMPARE(ts->FontNames, ts.platform.fonts);
+    }
+
+    // Only a lower-case "dll" or "hlp" ending is refused, an "exe" in any case.
+    void commandLineRefusals_data() {
+        columns<QString, bool>({"name", "refused"});
+        for (const char* name : {"setup.exe", "SETUP.EXE", "lib.dll", "help.hlp"})
+            QTest::newRow(name) << name << true;
+        for (const char* name : {"LIB.DLL", "HELP.HLP", "page.htm"})
+            QTest::newRow(name) << name << false;
+    }
+    void commandLineRefusals() {
+        QFETCH(QString, name);
+        QFETCH(bool, refused);
+        TestShell ts;
+        ts.load("/x/" + name);
+        const QString refusal =
+            QStringLiteral("Hey! You shouldn't be attempting to open stuff like that should you?");
+        QCOMPARE(ts.platform.messageTexts().contains(refusal), refused);
+        if (refused) QCOMPARE(ts.platform.messages[0].icon, MsgIcon::Exclamation);
+        // Either way the program goes on with "Document 1" alone.
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QCOMPARE(ts.active().Caption(), QStringLiteral("Document 1"));
+    }
+
+    // Here a ".css" in any case makes a style sheet.
+    void commandLineOpensIntoDocumentOne() {
+        for (const QString name : {"page.htm", "STYLE.CSS"}) {
+            const QString path = writeFile(*dir, name, "<p>cmd</p>");
+            TestShell ts;
+            ts.load(path);
+            QCOMPARE(ts->documents().size(), size_t(1));
+            QCOMPARE(ts.active().codebox().Text(), QStringLiteral("<p>cmd</p>"));
+            // The window keeps its first name for its tab; closing it still finds the tab.
+            QCOMPARE(docState(ts.active()),
+                     docState(path, "Document 1", name, name.endsWith("CSS") ? "Yes" : "No", path));
+            QCOMPARE(ts->TabStrip1.tab(0).Key, QStringLiteral("Document 1"));
+            ts->mnuFileClose_Click();
+            QCOMPARE(ts->TabStrip1.count(), 0);
+        }
+    }
+
+    void commandLineMissingFileKeepsDocumentOne() {
+        TestShell ts;
+        // Quotes are not stripped: the name reaches the load as it stands.
+        ts.load("\"/nowhere/page.htm\"");
+        QCOMPARE(ts.platform.messageTexts(),
+                 QStringList{"The file \"/nowhere/page.htm\" could not be opened."});
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QCOMPARE(ts.active().Caption() + ts.active().Tag, "Document 1Clean");
+    }
+
+    // Window 12000 twips wide, pane 2800: the pane stays 2000 wide at least and leaves 3500.
+    void sizerLimits_data() {
+        columns<int, int>({"x", "width"});
+        for (auto [x, width] : {std::pair{-1000, 3800},
+                                {500, 2300},
+                                {1500, 2000},
+                                {800, 2000},
+                                {-7000, 8500},
+                                {-5700, 8500}})
+            QTest::addRow("%d", x) << x << width;
+    }
+    void sizerLimits() {
+        QFETCH(int, x);
+        Loaded ts;
+        ts->setWindowWidth(12000);
+        ts->Picture1Width = 2800;
+        ts->imgSizer_MouseMove(x);
+        QCOMPARE(ts->Picture1Width, 2800); // not dragging
+        ts->imgSizer_MouseDown();
+        ts->imgSizer_MouseMove(x);
+        ts->imgSizer_MouseUp();
+        QTEST(ts->Picture1Width, "width");
+        QVERIFY(!ts->bSizing);
+    }
+
+    // Exit writes the view state first, never the Tags toolbar's; a Cancel keeps everything.
+    void exitWritesTheViewStateFirst() {
+        Loaded ts;
+        ts->mnuFileNewHTML_Click();
+        for (codeEditor* doc : ts->documents())
+            doc->codebox().setSelText("x");
+        for (const char* item : {"mnuViewFmtTlb", "mnuViewStdTlb", "mnuViewForms"})
+            ts.run(item);
+        int frozen = 0;
+        QObject::connect(ts.shell.get(), &ShellMDI::drawingFrozen,
+                         [&](bool on) { frozen += on ? 1 : -1; });
+        QSignalSpy exited(ts.shell.get(), &ShellMDI::exitAccepted);
+        ts.platform.messageAnswers.enqueue(MsgResult::No);
+        ts.platform.messageAnswers.enqueue(MsgResult::Cancel);
+        QVERIFY(!ts->requestExit());
+        QCOMPARE(exited.count(), 0);
+        QCOMPARE(ts.settings.get("Fuzzies", "Forms Toolbar Open"), QStringLiteral("Yes"));
+        QCOMPARE(ts.settings.get("Fuzzies", "Standard Toolbar Open"), QStringLiteral("No"));
+        QCOMPARE(ts.settings.get("Fuzzies", "TagListOpen"), QStringLiteral("No"));
+        QCOMPARE(ts.settings.get("Fuzzies", "Tags Toolbar Open", "never"), QStringLiteral("never"));
+        QCOMPARE(ts->documents().size(), size_t(1));
+        QCOMPARE(frozen, 0);
+        ts.platform.messageAnswers.enqueue(MsgResult::No);
+        QVERIFY(ts->requestExit());
+        QCOMPARE(exited.count(), 1);
+        QVERIFY(ts->documents().empty());
+        TestShell next;
+        next.settings = ts.settings;
+        next.load();
+        QVERIFY(!next->bStandardToolbarOpen && next->bTagsToolbarOpen && next->bFormsToolbarOpen);
+        QVERIFY(next->cReBar1.BandVisible(1) && next->menu("mnuViewFmtTlb").Checked());
+    }
+
+    void applicationActivationFocusesTheSourcePane() {
+        Loaded ts;
+        auto& pane = static_cast<TextPane&>(ts.active().codebox());
+        const int before = pane.focusCount();
+        ts->applicationActivated();
+        QCOMPARE(pane.focusCount(), before + 1);
+        ts->mnuFileClose_Click();
+        ts->applicationActivated(); // no document: nothing happens, nothing fails
+        QVERIFY(ts.platform.messages.isEmpty());
+    }
+
+    // An escaping run-time error is a critical message with OK and no title; the program goes on.
+    void dispatcherKeepsTheProgramGoing() {
+        Loaded ts;
+        QVERIFY(!ts->dispatch([] { raise(ErrOverflow); }));
+        QCOMPARE(ts.platform.messageTexts(), QStringList{"Run-time error '6':\n\nOverflow"});
+        const ShownMessage& m = ts.platform.messages.at(0);
+        QCOMPARE(m.icon, MsgIcon::Critical);
+        QCOMPARE(m.buttons, MsgButtons::OK);
+        QCOMPARE(m.title, QString());
+        QCOMPARE(ts->documents().size(), size_t(1));
+    }
+
+    void helpAndAbout() {
+        Loaded ts;
+        ts.run("mnuHelpContents");
+        QCOMPARE(ts.platform.helpShown, QStringList{"/opt/tessaline/tessaline.chm"});
+        // About gives the focus back to the document.
+        QSignalSpy focus(&ts.active(), &codeEditor::focusRequested);
+        QString caption;
+        ts.forms.then<frmAbout>([&](frmAbout& about) {
+            caption = about.Caption();
+            about.OK.press();
+            QVERIFY(!about.isLoaded());
+        });
+        ts.run("mnuHelpAbout");
+        QCOMPARE(caption, QStringLiteral("About Tessaline"));
+        QCOMPARE(ts.forms.shown, QStringList{QStringLiteral("frmAbout")});
+        QCOMPARE(ts->CurrentDocument, &ts.active());
+        QCOMPARE(focus.count(), 1);
     }
 };
 

@@ -1,6 +1,4 @@
-// The Preferences dialog (what it shows from the store, what OK writes and does to the open
-// documents, the 72 point rule, the browse buttons, Cancel), the settings store beneath it, and
-// the relative links its setting turns on.
+// The Preferences dialog, the settings store beneath it, and the relative links it turns on.
 #include "shell/frm_options.h"
 #include "shell/relative_path.h"
 #include "shell/settings_store.h"
@@ -125,8 +123,7 @@ class PreferencesTest : public QObject {
         QCOMPARE(look(stored), QStringLiteral("Arial|12|12|1|0|0|/usr/bin/lynx|/srv/www"));
     }
 
-    // Font, size, the three boxes, browser, folder: the keys written, the margin the open
-    // documents take, and what the dialog shows next.
+    // The values set, the keys written, the open documents' margin, what the dialog shows next.
     void okWritesEveryKey_data() {
         columns<QString, QString, int, QString>({"values", "stored", "margin", "shown"});
         QTest::newRow("ticked") << "Arial|14|1|1|1|/usr/bin/lynx|/srv/www"
@@ -178,19 +175,15 @@ class PreferencesTest : public QObject {
         QTEST(look(ts), "shown");
     }
 
-    // The size typed: what is stored, whether the 72 point message shows, the size the open
-    // document takes, and a new one's. Under the spinner's range gets through; nonsense
-    // fails unseen, and the statements after it still run.
+    // Typed, stored, the 72 point message?, the open and a new document's size. Nonsense fails
+    // unseen, and the statements after it still run.
     void sizeRules_data() {
         columns<QString, QString, bool, double, double>({"typed", "stored", "told", "open", "new"});
-        QTest::newRow("4") << "4"
-                           << "4" << false << 4.0 << 4.0;
-        QTest::newRow("72") << "72"
-                            << "72" << false << 72.0 << 72.0;
-        QTest::newRow("100") << "100"
-                             << "9" << true << 100.0 << 9.0;
-        QTest::newRow("big") << "big"
-                             << "big" << false << 9.0 << 9.0;
+        for (auto [t, s, told, open, made] : {std::tuple{"4", "4", false, 4.0, 4.0},
+                                              {"72", "72", false, 72.0, 72.0},
+                                              {"100", "9", true, 100.0, 9.0},
+                                              {"big", "big", false, 9.0, 9.0}})
+            QTest::newRow(t) << t << s << told << open << made;
     }
     void sizeRules() {
         QFETCH(QString, typed);
@@ -223,12 +216,11 @@ class PreferencesTest : public QObject {
         okWith(ts, [](frmOptions& f) { f.chkRelative.setValue(0); });
         QCOMPARE(ts.settings.get("Fuzzies", "Use Relative"), QStringLiteral("No"));
         QVERIFY(!ts->bUseRelative);
-        // The next run, on the same store, reads "UseRelative" and calculates again...
+        // The next run reads "UseRelative", never written, while the box shows "Use Relative".
         ts.shell = std::make_unique<ShellMDI>(ts.platform, ts.settings, ts.surfaces, ts.forms);
         ts.load();
         QVERIFY(ts->bUseRelative);
         QCOMPARE(ts.settings.get("Fuzzies", "UseRelative", "unwritten"), "unwritten");
-        // ...while the box shows the stored "Use Relative", clear.
         QCOMPARE(look(ts).section(u'|', 5, 5), QStringLiteral("0"));
     }
 
@@ -268,8 +260,7 @@ class PreferencesTest : public QObject {
         QCOMPARE(ts.settings.get("Fuzzies", "Default Dir"), shown);
     }
 
-    // Browsing for the secondary browser: a file chosen fills the box and leaves the shared
-    // dialog at the document's folder; cancelled, nothing changes.
+    // A browser chosen fills the box and leaves the dialog at the document's folder.
     void command1BrowsesForTheSecondaryBrowser() {
         for (const bool choose : {true, false}) {
             Loaded ts({"Browser/BrowserLoc=/usr/bin/old"});
@@ -314,9 +305,8 @@ class PreferencesTest : public QObject {
         QCOMPARE(paneOf(&ts.active()), QStringLiteral("Courier New 9 0"));
     }
 
-    // "document|chosen|link|up" with the separator each path uses. A network file is seen as
-    // another drive, unless the document is on the network too; the climb compares one
-    // character short of the folder name; a sub-folder keeps its spelling.
+    // "document|chosen|link|up". A network file is another drive unless the document is too; the
+    // climb compares one character short of the folder name.
     void links_data() {
         columns<QStringList>({"row"});
         const char* const rows[] = {
@@ -354,9 +344,7 @@ class PreferencesTest : public QObject {
                                               "C:\\we\\a.gif", "a.gif", QLatin1Char('\\')));
     }
 
-    // The document, the file chosen ("" a cancel), relative paths on?, the dialog's cancel
-    // error, then what the target holds and whether the link climbs. A cancel or a failing
-    // climb leaves the target as it was, silently.
+    // Document|chosen ("" cancel)|relative on?|cancel error|target after|climbs?
     void theRoutineWritesTheLinkIntoTheTarget_data() {
         columns<QStringList>({"row"});
         for (const char* row :
@@ -397,7 +385,7 @@ class PreferencesTest : public QObject {
 
     void initTestCase() {
         QVERIFY(config_.isValid());
-        // The store must never touch the real user's settings; set before any QSettings.
+        // Never the real user's settings.
         qputenv("XDG_CONFIG_HOME", QFile::encodeName(config_.path()));
     }
     void init() {
@@ -420,16 +408,6 @@ class PreferencesTest : public QObject {
         QCOMPARE(store->GetSetting(app_ + " other", "Fuzzies", "Font Size", "none"), "none");
         store->SaveSetting(app_, "Fuzzies", "Default Dir", "");
         QCOMPARE(store->GetSetting(app_, "Fuzzies", "Default Dir", "unset"), QString());
-        // All the settings of a section come in the order of their names.
-        const QString section = QStringLiteral("Recent File List");
-        for (const char* key : {"3rdRecentFile", "1stRecentFile", "4thRecentFile", "2ndRecentFile"})
-            store->SaveSetting(app_, section, key, QStringLiteral("/%1.htm").arg(key[0]));
-        const SettingsStore::Pairs expected = {{"1stRecentFile", "/1.htm"},
-                                               {"2ndRecentFile", "/2.htm"},
-                                               {"3rdRecentFile", "/3.htm"},
-                                               {"4thRecentFile", "/4.htm"}};
-        QCOMPARE(store->GetAllSettings(app_, section), expected);
-        // Deleting takes one key; what is not there does no harm.
         store->SaveSetting(app_, "Saved Styles", "Heading", "Heading");
         store->SaveSetting(app_, "Saved Styles", "(New Style)", "(New Style)");
         store->DeleteSetting(app_, "Saved Styles", "Heading");
@@ -437,19 +415,9 @@ class PreferencesTest : public QObject {
         store->DeleteSetting(app_, "No Section", "No Key");
         QCOMPARE(store->GetAllSettings(app_, "Saved Styles"),
                  SettingsStore::Pairs({{"(New Style)", "(New Style)"}}));
-        // A new instance finds the same.
-        store.reset();
-        store = make();
-        QCOMPARE(store->GetSetting(app_, "Saved Styles", "Heading", "gone"),
-                 QStringLiteral("gone"));
-        QCOMPARE(store->GetSetting(app_, "Saved Styles", "(New Style)"), "(New Style)");
-        QCOMPARE(store->GetAllSettings(app_, section), expected);
-        QCOMPARE(store->GetSetting(app_, "Fuzzies", "Font Size"), QStringLiteral("14"));
-    }
-
-    void freeTextNamesAndValues_data() { addStores(); }
-    void freeTextNamesAndValues() {
-        QFETCH(StoreMaker, make);
+        store.reset(); // a new instance finds the same
+        QCOMPARE(make()->GetSetting(app_, "Fuzzies", "Font Size"), QStringLiteral("14"));
+        // Free-text names and values, a section's settings in name order.
         const QStringList keys = {
             "Standard Toolbar Open", "a/b",        "back\\slash",         "50%",
             "%2F literally",         "  padded  ", "semi;colon = equals", "caf\xC3\xA9"};
@@ -463,7 +431,6 @@ class PreferencesTest : public QObject {
             make()->SaveSetting(app_, section, keys[i], values[i]);
             expected.append({keys[i], values[i]});
         }
-        // A new instance reads the same back, and the names come back as they were given.
         auto again = make();
         for (int i = 0; i < keys.size(); ++i)
             QCOMPARE(again->GetSetting(app_, section, keys[i], "missing"), values[i]);

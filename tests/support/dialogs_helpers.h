@@ -16,8 +16,7 @@ inline QStringList items(const QString& text) {
     return text.split(QLatin1Char(';'), Qt::SkipEmptyParts);
 }
 
-// Sets "Name=value" entries in order: text for a box or combo, a number for a check box, "1"
-// or "0" for an option.
+// Sets "Name=value" entries in order ("1" or "0" for an option).
 inline void setFields(Form& form, const QString& entries) {
     for (const QString& entry : items(entries)) {
         Control* control = form.control(entry.section(QLatin1Char('='), 0, 0));

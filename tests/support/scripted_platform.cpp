@@ -68,10 +68,6 @@ QStringList ScriptedPlatform::messageTexts() const {
     return texts;
 }
 
-} // namespace tsl::test
-
-namespace tsl::test {
-
 bool ScriptedPlatform::startCommandLine(const QString& commandLine) {
     commandLines.append(commandLine);
     return shellSucceeds;

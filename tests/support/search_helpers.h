@@ -12,8 +12,7 @@ template <typename Row> void rowsOf(std::initializer_list<std::pair<const char*,
 }
 } // namespace tsl::test
 
-// 20 seconds for each test function unless the environment says otherwise: a loop that never
-// ends fails its test instead of stalling the run.
+// 20 seconds for each test function by default: a loop that never ends fails, not stalls.
 #define TSL_TEST_MAIN(TestClass)                                                                   \
     int main(int argc, char** argv) {                                                              \
         if (!qEnvironmentVariableIsSet("QTEST_FUNCTION_TIMEOUT"))                                  \

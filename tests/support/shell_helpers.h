@@ -1,6 +1,5 @@
 #pragma once
-// One-line summaries of a document window and of the tab strip, so that a test of the file
-// commands compares what matters in one go.
+// One-line summaries of a document window and of the tab strip.
 #include "test_shell.h"
 
 namespace tsl::test {

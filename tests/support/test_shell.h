@@ -1,7 +1,6 @@
 #pragma once
 // A fresh main window on scripted services, thrown away after each test.
 #include "editor/text_pane.h"
-#include "inserted_at.h"
 #include "scripted_forms.h"
 #include "scripted_platform.h"
 #include "shell/shell_mdi.h"
@@ -51,6 +50,11 @@ inline DetachedLayout& layoutOf(codeEditor& doc) {
 // Writes a file into a folder and answers its full path.
 QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& bytes);
 QByteArray readFile(const QString& path);
+
+// A text with `markup` put in at `caret`, where an insert at the caret leaves it.
+inline QString insertedAt(const QString& before, int caret, const QString& markup) {
+    return before.left(caret) + markup + before.mid(caret);
+}
 
 // A list of names written as one string, separated by spaces.
 inline QStringList words(const char* text) {

@@ -1,28 +1,14 @@
-// The desktop's own services, for real: the file dialog (a typed name that does not exist
-// reaches the program, a name the toolkit cannot read comes back with its bytes), the transfer
-// of File > Open online file against a small HTTP server on 127.0.0.1, and the Source view
-// printed into a PDF, read back with pdftotext: every character once and in order, one inch in
-// from the paper's edges.
+// The desktop's services for real: the file dialog, online files over HTTP, printing to PDF.
 #include "editor/file_system.h"
-#include "editor/text_pane.h"
 #include "platform/common_dialog.h"
 #include "print/print_pane_text.h"
-#include "test_rows.h"
-#include "test_shell.h"
 #include "ui/desktop/net_transfer.h"
 #include "ui/desktop/qt_platform.h"
 #include "ui/desktop/qt_printer.h"
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QFileDialog>
-#include <QLineEdit>
+#include "ui_helpers.h"
 #include <QPrinter>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTimer>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -66,8 +52,7 @@ const QString kPageText = u"<html>\n<body>Grüße from the server</body>\n</html
 const QByteArray kSheet = "body { color: red; }\n";
 const QByteArray kMissing = "<html><body>404 Not Found</body></html>";
 
-// Answers GET requests from a table of paths; a path not in it is a 404 with its own page.
-// A silent one accepts and never answers.
+// Answers GET requests for a few paths, others with a 404 page; a silent one never answers.
 class SmallHttpServer : public QTcpServer {
   public:
     explicit SmallHttpServer(bool silent = false) {
@@ -125,8 +110,7 @@ QString run(const QString& program, const QStringList& arguments) {
     return QString::fromUtf8(process.readAllStandardOutput()).remove(QRegularExpression(u"\\s"_s));
 }
 
-// Lines of numbered words, long enough to wrap and to fill several pages, and a few words too
-// long for a line, which break anywhere.
+// Numbered lines that wrap and fill pages, and a few words too long for a line.
 QString severalPages() {
     QString text;
     for (int i = 0; i < 220; ++i) {
@@ -145,12 +129,13 @@ class DesktopServicesTest : public QObject {
     Q_OBJECT
 
     SmallHttpServer server;
+    std::optional<QTemporaryDir> dir;
 
   private slots:
+    void init() { dir.emplace(); }
     void aTypedNameThatDoesNotExistIsTaken() {
-        QTemporaryDir dir;
-        const CommonDialog dialog = openDialogIn(dir.path(), u"missing.htm"_s);
-        QCOMPARE(dialog.FileName, dir.filePath(u"missing.htm"_s));
+        const CommonDialog dialog = openDialogIn(dir->path(), u"missing.htm"_s);
+        QCOMPARE(dialog.FileName, dir->filePath(u"missing.htm"_s));
         QCOMPARE(dialog.FileTitle, u"missing.htm"_s);
         QCOMPARE(dialog.FilterIndex, 2); // the filter shown, counted from 1
         // The dialog lists a filter's patterns in its brackets; a name without patterns goes.
@@ -159,12 +144,11 @@ class DesktopServicesTest : public QObject {
     }
 
     void aNameTheToolkitCannotReadComesBackWhole() {
-        QTemporaryDir dir;
-        const QByteArray raw = QFile::encodeName(dir.path()) + "/caf\xE9.htm";
+        const QByteArray raw = QFile::encodeName(dir->path()) + "/caf\xE9.htm";
         const int fd = ::open(raw.constData(), O_WRONLY | O_CREAT, 0644);
         QVERIFY(fd >= 0);
         ::close(fd);
-        const CommonDialog dialog = openDialogIn(dir.path(), u"caf\uFFFD.htm"_s);
+        const CommonDialog dialog = openDialogIn(dir->path(), u"caf\uFFFD.htm"_s);
         QCOMPARE(fileNameBytes(dialog.FileName), raw);
     }
 
@@ -226,8 +210,7 @@ class DesktopServicesTest : public QObject {
     void sourceTextToPdf() {
         QFETCH(int, size);
         QFETCH(QString, name);
-        QTemporaryDir dir;
-        const QString pdf = dir.filePath(u"out.pdf"_s);
+        const QString pdf = dir->filePath(u"out.pdf"_s);
         auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
         printer->setOutputFormat(QPrinter::PdfFormat);
         printer->setOutputFileName(pdf);
@@ -250,29 +233,24 @@ class DesktopServicesTest : public QObject {
         QCOMPARE(run(u"pdftotext"_s, {u"-layout"_s, pdf, "-"}),
                  QString(text).remove(QRegularExpression(u"\\s"_s)));
 
-        // The words stand inside one-inch margins of the paper (72 points), the left edge of
-        // the text right on it; lines wrap and pages fill up to the margins.
+        // The words fill the page up to one-inch margins (72 points), the left edge right on it.
         const QString boxes = run(u"pdftotext"_s, {u"-bbox"_s, pdf, "-"});
-        const auto number = [&](const char* pattern) {
+        // The least of an attribute, or the greatest.
+        const auto edge = [&](const char* name, bool greatest = false) {
             QList<double> found;
-            for (auto it = QRegularExpression(QLatin1String(pattern)).globalMatch(boxes);
+            for (auto it = QRegularExpression(u"%1=\"([\\d.]+)\""_s.arg(name)).globalMatch(boxes);
                  it.hasNext();)
                 found.append(it.next().captured(1).toDouble());
-            std::sort(found.begin(), found.end());
-            return found;
+            return greatest ? *std::max_element(found.begin(), found.end())
+                            : *std::min_element(found.begin(), found.end());
         };
-        const double width = number("<pagewidth=\"([\\d.]+)\"").first();
-        const double height = number("height=\"([\\d.]+)\"").first();
-        const double left = number("xMin=\"([\\d.]+)\"").first();
-        const double top = number("yMin=\"([\\d.]+)\"").first();
-        const double right = number("xMax=\"([\\d.]+)\"").last();
-        const double bottom = number("yMax=\"([\\d.]+)\"").last();
-        QVERIFY2(qAbs(left - 72) < 1.5, qPrintable(QString::number(left)));
-        QVERIFY2(top >= 71 && top < 80, qPrintable(QString::number(top)));
-        QVERIFY2(right <= width - 72 + 0.5 && right > width - 72 - 40,
-                 qPrintable(QString::number(right)));
-        QVERIFY2(bottom <= height - 72 + 0.5 && bottom > height - 72 - 40,
-                 qPrintable(QString::number(bottom)));
+        const double width = edge("width"), height = edge("height"), left = edge("xMin");
+        const double top = edge("yMin"), right = edge("xMax", true), bottom = edge("yMax", true);
+        const QByteArray box =
+            QString::asprintf("%g %g %g %g", left, top, right, bottom).toLatin1();
+        QVERIFY2(qAbs(left - 72) < 1.5 && top >= 71 && top < 80, box);
+        QVERIFY2(right <= width - 72 + 0.5 && right > width - 72 - 40, box);
+        QVERIFY2(bottom <= height - 72 + 0.5 && bottom > height - 72 - 40, box);
     }
 };
 

@@ -1,48 +1,11 @@
-// Every registered dialog, built by its real view, for people who drive the desktop by
-// keyboard, screen reader or voice: every control has a name, a spinner is one stop beside its
-// arrows, text set as an assistive tool sets it runs Change, options exclude each other and run
-// Click once however chosen, a list's choices reach its control, and a label's mnemonic
-// reaches its field. A new dialog is covered by registering its view.
-#include "gadgets/form.h"
-#include "program_fixture.h"
-#include "ui/kit/form_host.h"
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAccessible>
-#include <QApplication>
-#include <QButtonGroup>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QRadioButton>
-#include <QStackedWidget>
-#include <QTabWidget>
-#include <QTest>
-#include <QToolButton>
+// Every registered dialog, built by its real view, driven by keyboard, screen reader or voice.
+#include "ui_helpers.h"
 
 using namespace tsl;
 using namespace tsl::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-// A form of each registered type in its dialog, as its command shows it.
-struct Shown {
-    std::shared_ptr<Form> form;
-    std::unique_ptr<FormDialog> dialog;
-};
-
-Shown show(ProgramFixture& p, const QtFormHost::View& view) {
-    Shown shown;
-    shown.form = view.sample(p.shell());
-    shown.dialog = std::make_unique<FormDialog>(*shown.form, p.shell(), &p.window());
-    view.build(*shown.form, *shown.dialog, p.shell());
-    shown.dialog->show();
-    shown.dialog->activateWindow();
-    if (!QTest::qWaitForWindowActive(shown.dialog.get())) qWarning("dialog not active");
-    return shown;
-}
-
 // Shown in its dialog, or on a page of tabs not in front.
 bool onScreen(QWidget* widget, QWidget* dialog) {
     for (QWidget* w = widget; w && w != dialog; w = w->parentWidget())
@@ -101,8 +64,13 @@ class EveryDialogTest : public QObject {
         QCOMPARE(views.size(), size_t(14));
         for (const auto& [type, view] : views) {
             QVERIFY2(view.sample, type.name());
-            Shown shown = show(p, view);
-            check(*shown.form, *shown.dialog);
+            const std::shared_ptr<Form> form = view.sample(p.shell());
+            FormDialog dialog(*form, p.shell(), &p.window());
+            view.build(*form, dialog, p.shell());
+            dialog.show();
+            dialog.activateWindow();
+            if (!QTest::qWaitForWindowActive(&dialog)) qWarning("dialog not active");
+            check(*form, dialog);
         }
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
     }
@@ -125,9 +93,7 @@ class EveryDialogTest : public QObject {
         });
     }
 
-    // Every control shows its state at first; one the logic turns off or hides is off or hidden
-    // there, and back again (on the page of tabs in front: one on another page stays hidden,
-    // a fault of the binder).
+    // Every control shows its state, enabled and visible, at first and after each change.
     void everyControlShowsItsState() {
         forEveryDialog([this](Form& form, FormDialog& dialog) {
             for (Control* control : form.controls()) {
@@ -138,7 +104,6 @@ class EveryDialogTest : public QObject {
                                (!control->Visible() && !widget->isHidden())))
                     faults << fail(form, widget, "state not shown at first");
                 if (!widget || !widget->isVisible() || qobject_cast<QTabWidget*>(widget)) continue;
-                // A label takes its font.
                 if (auto* label = dynamic_cast<Label*>(control);
                     label && qobject_cast<QLabel*>(widget)) {
                     label->setFontBold(true);
@@ -237,7 +202,7 @@ class EveryDialogTest : public QObject {
         });
     }
 
-    // Entries chosen in a list that takes several reach its control, each of them.
+    // Entries chosen in a multi-select list reach its control.
     void aListsChoicesReachItsControl() {
         int lists = 0;
         forEveryDialog([&](Form& form, FormDialog& dialog) {

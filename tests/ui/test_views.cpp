@@ -1,14 +1,6 @@
-// The three views on the real engine: an edit in Layout reaches the Source text at once, the
-// element dialogs, the find bar and the table commands work on the page, Preview shows the page
-// beside its document, relative image and all, and neither view leaves the user's page by itself.
+// Layout and Preview on the real engine: edits reach Source; neither leaves the user's page.
 #include "ui/layout/layout_surface.h"
 #include "ui_helpers.h"
-#include <QApplication>
-#include <QImage>
-#include <QLabel>
-#include <QRegularExpression>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -25,18 +17,14 @@ QVariant evaluate(EnginePage* page, const QString& script) {
 
 // Selects characters `from` to `to` of the text of the first element matching `selector`.
 QString select(EnginePage* page, const char* selector, int from, int to) {
-    return evaluate(page, QStringLiteral("const t = document.querySelector('%1').firstChild;"
-                                         "const r = document.createRange(); r.setStart(t, %2);"
-                                         "r.setEnd(t, %3); getSelection().removeAllRanges();"
-                                         "getSelection().addRange(r); getSelection().toString()")
-                              .arg(QLatin1String(selector))
-                              .arg(from)
-                              .arg(to))
+    return evaluate(page, QString::asprintf("const t = document.querySelector('%s').firstChild;"
+                                            "getSelection().setBaseAndExtent(t, %d, t, %d);"
+                                            "getSelection().toString()",
+                                            selector, from, to))
         .toString();
 }
 
 struct PageProgram : UiProgram {
-    // The program with a page opened through the file dialog, as a user opens it.
     codeEditor& open(const QString& path) {
         start();
         platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
@@ -48,7 +36,6 @@ struct PageProgram : UiProgram {
     }
     QtLayoutSurface& layout() { return dynamic_cast<QtLayoutSurface&>(active().DHTMLEdit1()); }
     EnginePage* page() { return layout().page(); }
-    // Layout view in front with the page loaded.
     bool inLayout() {
         view(2);
         return QTest::qWaitFor([&] { return layout().isReady(); }, 30000);
@@ -59,7 +46,6 @@ struct PageProgram : UiProgram {
     }
 };
 
-// A page far beyond what the engine takes inline, ending in a paragraph that says so.
 QByteArray largePage(const QString& line, int lines) {
     return (u"<html><body>\n"_s + line.repeated(lines) +
             u"<p id=\"end\">the end</p>\n</body></html>"_s)
@@ -70,13 +56,15 @@ QByteArray largePage(const QString& line, int lines) {
 class ViewsTest : public QObject {
     Q_OBJECT
 
+    std::optional<QTemporaryDir> dir; // afresh for each test
+
   private slots:
+    void init() { dir.emplace(); }
     // Twice, for the page is loaded afresh after each return to Source.
     void anEditInLayoutReachesSourceWhenSwitchingStraightBack() {
-        QTemporaryDir dir;
         PageProgram p;
         codeEditor& doc = p.open(writeFile(
-            dir, u"page.htm"_s,
+            *dir, u"page.htm"_s,
             "<html><head><title>t</title></head><body>\n<p>Hello world</p>\n<table><tr><td>"
             "cell</td></tr></table>\n<img src=\"pic.png\">\n\n</body></html>"));
         QVERIFY(p.inLayout());
@@ -89,7 +77,6 @@ class ViewsTest : public QObject {
         QVERIFY2(text.contains(u"Hello <b>world</b>"_s), qPrintable(text));
         QVERIFY2(text.contains(u"<img src=\"pic.png\"></body>"_s), qPrintable(text));
         QVERIFY(!p.shell().bLayoutActive);
-        // The caret stands just inside the body.
         QCOMPARE(doc.codebox().SelStart(), text.indexOf(u"<body>"_s) + 6);
         QCOMPARE(doc.nDoneIndex, 1);
 
@@ -106,13 +93,10 @@ class ViewsTest : public QObject {
                  qPrintable(text));
     }
 
-    // Page Properties, the find bar, Insert Hyperlink and Insert Image on the Layout surface of
-    // a real page.
     void theDialogsInLayout() {
-        QTemporaryDir dir;
         PageProgram p;
         codeEditor& doc = p.open(writeFile(
-            dir, u"page.htm"_s,
+            *dir, u"page.htm"_s,
             "<html><head><title>t</title></head><body bgcolor=\"#ffffff\" link=\"#0000ff\">\n"
             "<p style=\"font-family: 'Liberation Serif', serif\">Hello world</p>\n</body></html>"));
         QVERIFY(p.inLayout());
@@ -125,8 +109,7 @@ class ViewsTest : public QObject {
         }));
         QTRY_COMPARE(p.layout().documentColour(u"bgColor"_s), u"#00ff00"_s);
 
-        // Find (Ctrl+F) is a bar above the page; Return finds the next match, which is the
-        // selection once finding stops.
+        // Find is a bar above the page; Return finds the next match, selected once it stops.
         p.trigger(u"mnuEditFind"_s);
         auto* find = UiProgram::child<QLineEdit>(p.window(), "findBox");
         QTest::keyClicks(find, u"zz"_s);
@@ -159,33 +142,30 @@ class ViewsTest : public QObject {
         QVERIFY2(text.contains(u"<img src=\"pic.png\">"_s), qPrintable(text));
     }
 
-    // Preview shows the page from a file beside its document and follows a link, but a page
-    // that moves by itself stays.
+    // Preview follows a link, but a page that moves by itself stays.
     void previewShowsThePageBesideItsDocument() {
-        QTemporaryDir dir;
         const QString other =
-            writeFile(dir, u"other.htm"_s, "<html><body><p>next page</p></body></html>");
+            writeFile(*dir, u"other.htm"_s, "<html><body><p>next page</p></body></html>");
         const QByteArray otherUrl = QUrl::fromLocalFile(other).toEncoded();
         const QByteArray page =
             "<html><head><meta http-equiv=\"refresh\" content=\"0;url=" + otherUrl +
             "\"></head><body>\n<img src=\"pic.png\"><a id=\"a\" href=\"" + otherUrl +
             "\">go</a>\n</body></html>";
-        const QString path = writeFile(dir, u"page.htm"_s, page);
+        const QString path = writeFile(*dir, u"page.htm"_s, page);
         QImage image(8, 6, QImage::Format_RGB32);
         image.fill(Qt::red);
-        QVERIFY(image.save(dir.filePath(u"pic.png"_s)));
+        QVERIFY(image.save(dir->filePath(u"pic.png"_s)));
         PageProgram p;
         codeEditor& doc = p.open(path);
         QSignalSpy loaded(&p.browser(), &QtBrowserSurface::loadFinished);
         p.view(3);
-        const QString preview = dir.filePath(u"~tssln.htm"_s);
+        const QString preview = dir->filePath(u"~tssln.htm"_s);
         QCOMPARE(readFile(preview), page);
         QTRY_VERIFY_WITH_TIMEOUT(loaded.count() > 0, 30000);
         QVERIFY(loaded.first().first().toBool());
         EnginePage* browser = p.browser().page();
         QTRY_COMPARE_WITH_TIMEOUT(evaluate(browser, u"document.images[0].naturalWidth"_s).toInt(),
                                   8, 10000);
-        // Only print and preview remain among the document commands; Save stays for the file.
         QVERIFY(!p.shell().menu(u"mnuTagsBold"_s).Enabled());
         QVERIFY(p.shell().menu(u"mnuFilePrint"_s).Enabled());
         QTest::qWait(1000);
@@ -212,19 +192,14 @@ class ViewsTest : public QObject {
         QFETCH(QString, line);
         QFETCH(int, lines);
         QFETCH(bool, fromCommandLine);
-        QTemporaryDir dir;
-        const QString path = writeFile(dir, u"big.htm"_s, largePage(line, lines));
+        const QString path = writeFile(*dir, u"big.htm"_s, largePage(line, lines));
         PageProgram p;
-        if (fromCommandLine)
-            p.start(path);
-        else
-            p.open(path);
+        fromCommandLine ? p.start(path) : void(p.open(path));
         QCOMPARE(p.active().codebox().FileName(), path);
         QVERIFY(p.inLayout());
         if (!fromCommandLine) // the command line leaves the document's folder unknown to Layout
-            QTEST(QFile::exists(dir.filePath(u"~tssln2.htm"_s)), "beside");
-        QCOMPARE(evaluate(p.page(), u"document.getElementById('end').textContent"_s).toString(),
-                 u"the end"_s);
+            QTEST(QFile::exists(dir->filePath(u"~tssln2.htm"_s)), "beside");
+        QCOMPARE(evaluate(p.page(), u"end.textContent"_s).toString(), u"the end"_s);
         p.save();
         const QString saved = QString::fromUtf8(readFile(path));
         QVERIFY2(saved.contains(u"the end</p>"_s), qPrintable(saved.left(200)));
@@ -233,9 +208,8 @@ class ViewsTest : public QObject {
 
     void aPageTheSurfaceCouldNotLoadIsNeverSavedInPlaceOfTheText() {
         // No folder to put a large untitled page in: Layout stays blank, the text stays whole.
-        QTemporaryDir dir;
         const QByteArray oldTemp = qgetenv("TMPDIR");
-        qputenv("TMPDIR", writeFile(dir, u"not a folder"_s, "x").toLocal8Bit());
+        qputenv("TMPDIR", writeFile(*dir, u"not a folder"_s, "x").toLocal8Bit());
         PageProgram p;
         p.start();
         const QString text = QString::fromUtf8(largePage(u"<p>x</p>\n"_s, 290000));
@@ -244,7 +218,7 @@ class ViewsTest : public QObject {
         QTest::qWait(1500);
         qputenv("TMPDIR", oldTemp);
         QVERIFY(!p.layout().isReady());
-        const QString path = dir.filePath(u"saved.htm"_s);
+        const QString path = dir->filePath(u"saved.htm"_s);
         p.platform.fileAnswers.enqueue(FileDialogAnswer::file(path));
         p.save();
         QCOMPARE(readFile(path), text.toUtf8());
@@ -254,12 +228,11 @@ class ViewsTest : public QObject {
 
     // A refresh, a link, a form and a script each try to leave the page; none gets away.
     void theLayoutSurfaceNeverLeavesTheUsersPage() {
-        QTemporaryDir dir;
-        const QString other =
-            writeFile(dir, u"other.htm"_s, "<html><body><p>somebody else's page</p></body></html>");
+        const QString other = writeFile(*dir, u"other.htm"_s,
+                                        "<html><body><p>somebody else's page</p></body></html>");
         const QByteArray url = QUrl::fromLocalFile(other).toEncoded();
         const QString path = writeFile(
-            dir, u"page.htm"_s,
+            *dir, u"page.htm"_s,
             "<html><head><meta http-equiv=\"refresh\" content=\"0;url=" + url +
                 "\"></head><body><p>mine</p><a id=\"a\" href=\"" + url +
                 "\">go</a><form action=\"" + url + "\"><input name=\"q\"></form></body></html>");
