@@ -71,6 +71,8 @@ class Label : public Control {
     void setFontItalic(bool on) { setFont(&LabelFont::italic, on); }
     bool FontUnderline() const { return font_.underline; }
     void setFontUnderline(bool on) { setFont(&LabelFont::underline, on); }
+    bool FontStrikethru() const { return font_.strikethru; }
+    void setFontStrikethru(bool on) { setFont(&LabelFont::strikethru, on); }
 
   private:
     struct LabelFont {
@@ -79,6 +81,7 @@ class Label : public Control {
         bool bold = false;
         bool italic = false;
         bool underline = false;
+        bool strikethru = false;
     };
     template <typename T, typename V> void setFont(T LabelFont::*field, const V& value) {
         if (font_.*field == value) return;

@@ -80,6 +80,8 @@ class Platform {
 
     virtual QString tempFolder() = 0;
     virtual QStringList fontNames() = 0;
+    // The fixed-width face of the Typewriter style: Courier New, or the system's own.
+    virtual QString fixedFontName() { return QStringLiteral("Courier New"); }
     // The folder of the program, where resources/ and styles/ stand.
     virtual QString applicationFolder() = 0;
 };

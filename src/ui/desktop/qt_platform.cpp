@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPrinter>
@@ -297,6 +298,14 @@ QString QtPlatform::tempFolder() {
 
 QStringList QtPlatform::fontNames() {
     return QFontDatabase::families();
+}
+
+QString QtPlatform::fixedFontName() {
+    const QStringList families = QFontDatabase::families();
+    for (const char* face : {"Courier New", "Liberation Mono", "DejaVu Sans Mono"})
+        if (families.contains(QLatin1String(face))) return QLatin1String(face);
+    // The face the system's fixed font resolves to, which the face list holds.
+    return QFontInfo(QFontDatabase::systemFont(QFontDatabase::FixedFont)).family();
 }
 
 QString QtPlatform::applicationFolder() {

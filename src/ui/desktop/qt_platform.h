@@ -40,6 +40,7 @@ class QtPlatform : public QObject, public Platform {
     void showHelp(const QString& helpFile) override;
     QString tempFolder() override;
     QStringList fontNames() override;
+    QString fixedFontName() override;
     QString applicationFolder() override;
 
   private:

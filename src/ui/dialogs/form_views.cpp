@@ -1,6 +1,10 @@
 // Which view builds the dialog of each form.
+#include "dialogs/font_dialogs.h"
 #include "dialogs/frm_colours.h"
 #include "dialogs/frm_hyperlink.h"
+#include "dialogs/frm_line.h"
+#include "dialogs/frm_list.h"
+#include "dialogs/frm_marquee.h"
 #include "dialogs/frm_table.h"
 #include "dialogs/new_image.h"
 #include "search/frm_choose_files.h"
@@ -28,6 +32,11 @@ void buildExtFindView(frmExtFind& f, FormDialog& dialog, DialogContext& shell);
 void buildChooseFilesView(frmChooseFiles& f, FormDialog& dialog, DialogContext& shell);
 void buildStyleView(frmStyle& f, FormDialog& dialog, DialogContext& shell);
 void buildATagView(frmATag& f, FormDialog& dialog, DialogContext& shell);
+void buildListView(frmList& f, FormDialog& dialog, DialogContext& shell);
+void buildLineView(frmLine& f, FormDialog& dialog, DialogContext& shell);
+void buildMarqueeView(frmMarquee& f, FormDialog& dialog, DialogContext& shell);
+void buildFontView(fontSettings& f, FormDialog& dialog, DialogContext& shell);
+void buildBasefontView(frmBasefont& f, FormDialog& dialog, DialogContext& shell);
 
 void registerFormViews(QtFormHost& host) {
     host.registerView(buildOptionsView);
@@ -44,6 +53,11 @@ void registerFormViews(QtFormHost& host) {
     host.registerView(buildChooseFilesView, QtFormHost::ownedBy<frmExtFind, frmChooseFiles>());
     host.registerView(buildStyleView);
     host.registerView(buildATagView);
+    host.registerView(buildListView);
+    host.registerView(buildLineView);
+    host.registerView(buildMarqueeView);
+    host.registerView(buildFontView);
+    host.registerView(buildBasefontView);
 }
 
 } // namespace tsl

@@ -187,7 +187,7 @@ void paint(const Label& control, QWidget* widget) {
 
 bool hasFont(const Label& control) {
     return control.FontBold() || control.FontItalic() || control.FontUnderline() ||
-           control.FontSize() > 0 || !control.FontName().isEmpty();
+           control.FontStrikethru() || control.FontSize() > 0 || !control.FontName().isEmpty();
 }
 
 // A label's own font over the one it had before it had one of its own.
@@ -198,6 +198,7 @@ void setFont(const Label& control, QWidget* widget, const QFont& base) {
     font.setBold(control.FontBold());
     font.setItalic(control.FontItalic());
     font.setUnderline(control.FontUnderline());
+    font.setStrikeOut(control.FontStrikethru());
     if (font != widget->font()) widget->setFont(font);
 }
 } // namespace
