@@ -13,17 +13,23 @@ using namespace tsl;
 using namespace tsl::test;
 
 namespace {
-// The markup a dialog writes after its load and the fields set; the Font dialog's opening and
-// closing tags with a "|" between.
-QString markupOf(const QString& dialog, DialogContext& shell, const QString& fields) {
+// A dialog of the kind named, loaded, with the fields set.
+std::unique_ptr<ElementDialog> loaded(const QString& kind, DialogContext& shell,
+                                      const QString& fields) {
     std::unique_ptr<ElementDialog> form;
-    if (dialog == QLatin1String("list")) form = std::make_unique<frmList>(shell);
-    if (dialog == QLatin1String("line")) form = std::make_unique<frmLine>(shell);
-    if (dialog == QLatin1String("marquee")) form = std::make_unique<frmMarquee>(shell);
-    if (dialog == QLatin1String("font")) form = std::make_unique<fontSettings>(shell);
-    if (dialog == QLatin1String("basefont")) form = std::make_unique<frmBasefont>(shell);
+    if (kind == QLatin1String("list")) form = std::make_unique<frmList>(shell);
+    if (kind == QLatin1String("line")) form = std::make_unique<frmLine>(shell);
+    if (kind == QLatin1String("marquee")) form = std::make_unique<frmMarquee>(shell);
+    if (kind == QLatin1String("font")) form = std::make_unique<fontSettings>(shell);
+    if (kind == QLatin1String("basefont")) form = std::make_unique<frmBasefont>(shell);
     form->Form_Load();
     setFields(*form, fields);
+    return form;
+}
+
+// The markup a dialog writes; the Font dialog's opening and closing tags with a "|" between.
+QString markupOf(const QString& dialog, DialogContext& shell, const QString& fields) {
+    const std::unique_ptr<ElementDialog> form = loaded(dialog, shell, fields);
     if (auto* f = dynamic_cast<frmList*>(form.get())) return f->markup();
     if (auto* f = dynamic_cast<frmLine*>(form.get())) return f->markup();
     if (auto* f = dynamic_cast<frmMarquee*>(form.get())) return f->markup();
@@ -67,12 +73,10 @@ class ListFontDialogsTest : public QObject {
         row("list: start 5, no quotes", "list", "NOpt=1;StartBox=5", "<ol start=5>\n<li>\n</ol>");
         row("list: capitals from 0", "list", "NOpt=1;cmbOrdered=Capital Letters;StartBox=0",
             "<ol type=\"A\" start=0>\n<li>\n</ol>");
-        row("list: small letters", "list", "NOpt=1;cmbOrdered=Small Letters",
-            "<ol type=\"a\">\n<li>\n</ol>");
-        row("list: upper roman", "list", "NOpt=1;cmbOrdered=Upper Roman Numerals",
-            "<ol type=\"I\">\n<li>\n</ol>");
-        row("list: lower roman", "list", "NOpt=1;cmbOrdered=Lower Roman Numerals",
-            "<ol type=\"i\">\n<li>\n</ol>");
+        for (const char* type :
+             {"Small Letters a", "Upper Roman Numerals I", "Lower Roman Numerals i"})
+            row(type, "list", "NOpt=1;cmbOrdered=" + QString(type).chopped(2),
+                QStringLiteral("<ol type=\"%1\">\n<li>\n</ol>").arg(QString(type).right(1)));
         row("list: one line converted", "list", "rtfConverter=alpha;chkConvertSelected=1",
             "<ul type=\"Disc\">\n<li>alpha\n</ul>");
         row("list: three lines converted", "list",
@@ -174,14 +178,7 @@ class ListFontDialogsTest : public QObject {
         QFETCH(QString, dialog);
         QFETCH(QString, fields);
         QFETCH(QString, names);
-        std::unique_ptr<ElementDialog> form;
-        if (dialog == QLatin1String("list")) form = std::make_unique<frmList>(**ts);
-        if (dialog == QLatin1String("line")) form = std::make_unique<frmLine>(**ts);
-        if (dialog == QLatin1String("marquee")) form = std::make_unique<frmMarquee>(**ts);
-        if (dialog == QLatin1String("font")) form = std::make_unique<fontSettings>(**ts);
-        form->Form_Load();
-        setFields(*form, fields);
-        QTEST(enabledOf(*form, names), "enabled");
+        QTEST(enabledOf(*loaded(dialog, **ts, fields), names), "enabled");
     }
 
     // The colour box keeps hex digits in capitals, one beep for each other character, and
