@@ -75,13 +75,13 @@ bool ElementDialog::pickColour(CommonDialog& dialog, TextBox& target, const QStr
     return true;
 }
 
-void ElementDialog::browseFile(CommonDialog& dialog, TextBox& target) {
+void ElementDialog::browseFile(CommonDialog& dialog, TextBox& target, bool keepFolders) {
     codeEditor* doc = shell_.ActiveForm();
     shell_.txtTemp1 = doc ? doc->codebox().FileName() : QString();
     shell_.RelativePath(dialog, target);
     target.SetFocus();
     // Only a link that climbs keeps the folders the dialogs start in.
-    if (!shell_.bRelativeUp) {
+    if (!shell_.bRelativeUp && !keepFolders) {
         dialog.InitDir.clear();
         shell_.OpenSave.InitDir.clear();
     }

@@ -47,8 +47,10 @@ class ElementDialog : public Form {
     // unless `focus` is false. A cancel changes nothing and answers false.
     bool pickColour(CommonDialog& dialog, TextBox& target, const QString& prefix = QString(),
                     bool focus = true);
-    // A file into `target`, as a link relative to the active document where it can be.
-    void browseFile(CommonDialog& dialog, TextBox& target);
+    // A file into `target`, as a link relative to the active document where it can be. A
+    // browse that ends without a link climbing the folders forgets the folders the dialogs
+    // start in, unless `keepFolders`.
+    void browseFile(CommonDialog& dialog, TextBox& target, bool keepFolders = false);
 
   private:
     void returnTo(codeEditor* doc);

@@ -23,7 +23,7 @@ Control* Form::control(const QString& name) const {
 
 CommandButton* Form::defaultButton() const {
     for (Control* c : controls_)
-        if (auto* button = dynamic_cast<CommandButton*>(c); button && button->Default)
+        if (auto* button = dynamic_cast<CommandButton*>(c); button && button->Default())
             return button;
     return nullptr;
 }
@@ -74,6 +74,12 @@ void Control::setForeColor(int colour) {
 void enableControls(std::initializer_list<Control*> controls, bool on) {
     for (Control* control : controls)
         control->setEnabled(on);
+}
+
+void CommandButton::setDefault(bool on) {
+    if (default_ == on) return;
+    default_ = on;
+    emit changed();
 }
 
 void ImageBox::setHighlighted(bool on) {

@@ -30,6 +30,8 @@ class Control : public QObject {
     QString ToolTipText;
     // Colours with red in the lowest byte; kDefaultColour leaves the desktop's own.
     static constexpr int kDefaultColour = -1;
+    // The desktop's colour of a button's face, for a field that stands switched off.
+    static constexpr int kButtonFace = -2;
     int BackColor() const { return backColor_; }
     void setBackColor(int colour);
     int ForeColor() const { return foreColor_; }
@@ -112,15 +114,20 @@ class CommandButton : public Label {
     enum Role { NoRole = 0, DefaultRole = 1, CancelRole = 2 };
     using Label::Label;
     CommandButton(Form* owner, QString name, const QString& caption, int roles)
-        : Label(owner, std::move(name), caption), Default(roles & DefaultRole),
-          Cancel(roles & CancelRole) {}
+        : Label(owner, std::move(name), caption), Cancel(roles & CancelRole),
+          default_(roles & DefaultRole) {}
     // Enter presses the default button; Escape and the window's close box the cancel button.
-    bool Default = false;
+    bool Default() const { return default_; }
+    // The button Enter presses may change while the form shows, as a wizard's pages turn.
+    void setDefault(bool on);
     bool Cancel = false;
     std::function<void()> Click;
     void press() {
         if (Enabled() && Click) Click();
     }
+
+  private:
+    bool default_ = false;
 };
 
 class TextBox : public Control {

@@ -36,11 +36,6 @@ class Platform {
                      MsgButtons buttons = MsgButtons::OK, const QString& title = QString()) {
         return messageBox({text, title, icon, buttons});
     }
-    // The one message of a command or dialog whose work is not built yet.
-    static QString notAvailableText() {
-        return QStringLiteral("This command is not available yet.");
-    }
-    void notAvailable() { msgBox(notAvailableText(), MsgIcon::Information); }
     // An input box; no value when the user cancelled.
     virtual std::optional<QString> inputBox(const QString& prompt, const QString& title,
                                             const QString& defaultText) = 0;

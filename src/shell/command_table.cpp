@@ -164,25 +164,18 @@ ShellMDI::ShellMDI(Platform& platform, SettingsStore& settings, SurfaceFactory& 
 
 ShellMDI::~ShellMDI() = default;
 
-void ShellMDI::notAvailableYet() {
-    platform_.notAvailable();
-}
-
 void ShellMDI::buildMenus() {
     std::vector<std::vector<MenuNode>*> levels{&menuBar_};
     for (size_t i = 0; i < std::size(kMenuTree); ++i) {
         const MenuRow& row = kMenuTree[i];
         const QString caption = QString::fromUtf8(row.caption);
         const bool separator = caption == QLatin1String("-");
-        const bool submenu = i + 1 < std::size(kMenuTree) && kMenuTree[i + 1].depth > row.depth;
         auto item = std::make_unique<MenuItem>(QString::fromUtf8(row.name), caption,
                                                QString::fromUtf8(row.shortcut), separator);
         item->setVisible(!(row.flags & Hidden));
         item->setEnabled(!(row.flags & Off));
         item->setChecked(row.flags & Checked);
         item->literalCaption = row.flags & Literal;
-        // Until its subsystem binds it, a command says it is not there yet.
-        if (!separator && !submenu) item->Click = [this] { notAvailableYet(); };
         std::vector<MenuNode>& parent = *levels.at(row.depth);
         parent.push_back(MenuNode{item.get(), {}});
         levels.resize(row.depth + 1);

@@ -63,13 +63,10 @@ class ShellMDI : public ShellCore {
   private:
     void buildMenus();
     void buildToolbars();
-    // Command table helpers: the bands, a view toggle and the form component seam of the
-    // forms toolbar.
+    // Command table helpers: the bands and a view toggle.
     void buildBands();
     void toggleBand(const QString& itemName, int band, bool& flag);
-    void ShowFormComponent(const QString& kind);
     void setShortcutCaptions();
-    void notAvailableYet();
     void bindViewCommands(Commands& commands);
     void newDocument(bool html);
     codeEditor* createDocumentWindow();

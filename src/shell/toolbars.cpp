@@ -172,13 +172,9 @@ void ShellMDI::tbrForms_ButtonClick(int index) {
         runMenuClick(item);
         return;
     }
+    // Form Components, with the button's kind chosen.
     const QString kind = FormsButtonKind(index);
-    if (!kind.isEmpty()) ShowFormComponent(kind);
-}
-
-// Shows frmForm modally with its field kind set first (the form dialog is not built yet).
-void ShellMDI::ShowFormComponent(const QString&) {
-    notAvailableYet();
+    if (!kind.isEmpty()) runAction(QStringLiteral("formComponent:") + kind);
 }
 
 } // namespace tsl

@@ -1,6 +1,7 @@
 #include "ui/kit/binders.h"
 #include "shell/dialog_context.h"
 #include <QAbstractButton>
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QColor>
@@ -17,6 +18,7 @@
 #include <QListWidget>
 #include <QPalette>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTreeView>
@@ -160,24 +162,28 @@ void Binder::common(Control& control, QWidget* widget) {
 }
 
 namespace {
-QColor colourOf(int colour) {
+QColor colourOf(int colour, const QWidget* widget) {
+    if (colour == Control::kButtonFace)
+        return QApplication::palette(widget).color(QPalette::Active, QPalette::Button);
     return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
 }
 
 // A control's own colours over the desktop's: a label's area and text, a text box's field
-// and text.
+// and text. Back to the desktop's own when it has none any more.
 void paint(const Control& control, QWidget* widget, QPalette::ColorRole back,
            QPalette::ColorRole fore) {
     if (control.BackColor() == Control::kDefaultColour &&
-        control.ForeColor() == Control::kDefaultColour)
+        control.ForeColor() == Control::kDefaultColour) {
+        if (widget->testAttribute(Qt::WA_SetPalette)) widget->setPalette(QPalette());
         return;
+    }
     QPalette palette = widget->palette();
     if (control.BackColor() != Control::kDefaultColour) {
         widget->setAutoFillBackground(back == QPalette::Window);
-        palette.setColor(back, colourOf(control.BackColor()));
+        palette.setColor(back, colourOf(control.BackColor(), widget));
     }
     if (control.ForeColor() != Control::kDefaultColour)
-        palette.setColor(fore, colourOf(control.ForeColor()));
+        palette.setColor(fore, colourOf(control.ForeColor(), widget));
     widget->setPalette(palette);
 }
 
@@ -356,7 +362,10 @@ void Binder::comboBox(ComboBox& control, QComboBox* widget) {
 
 void Binder::button(CommandButton& control, QAbstractButton* widget) {
     common(control, widget);
-    const auto update = [&control, widget] { widget->setText(control.Caption()); };
+    const auto update = [&control, widget] {
+        widget->setText(control.Caption());
+        if (auto* push = qobject_cast<QPushButton*>(widget)) push->setDefault(control.Default());
+    };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
     QObject::connect(widget, &QAbstractButton::clicked, widget,

@@ -39,7 +39,8 @@ void FormDialog::reject() {
 const QtFormHost::View* QtFormHost::viewOf(Form& form) {
     const auto found = views_.find(std::type_index(typeid(form)));
     if (found != views_.end() && shell_) return &found->second;
-    if (shell_) shell_->platform().notAvailable();
+    // Every dialog registers its view; one that did not is left closed rather than shown empty.
+    qWarning("No view is registered for the form %s", qPrintable(form.formName()));
     form.Unload();
     return nullptr;
 }

@@ -326,7 +326,7 @@ Item Buttons(std::vector<CommandButton*> buttons) {
         auto* box = new QDialogButtonBox;
         for (CommandButton* button : buttons) {
             // A button that only cancels sits where the desktop puts Cancel.
-            const bool onlyCancel = button->Cancel && !button->Default;
+            const bool onlyCancel = button->Cancel && !button->Default();
             QPushButton* push =
                 box->addButton(QString(), onlyCancel ? QDialogButtonBox::RejectRole
                                                      : QDialogButtonBox::AcceptRole);
@@ -341,7 +341,7 @@ Item Button(CommandButton& button) {
         auto* push = new QPushButton;
         push->setAutoDefault(false);
         b.bind.button(button, push);
-        if (button.Default) push->setDefault(true);
+        if (button.Default()) push->setDefault(true);
         return Builder::field(push);
     };
 }
