@@ -118,7 +118,7 @@ class frmFormSettings : public ElementDialog {
     Label fraProperties{this, "fraProperties", "Form Properties"};
     Label lblAction{this, "lblAction", "&Action:"};
     TextBox txtAction{this, "txtAction"};
-    CommandButton cmdMail{this, "cmdMail", "E-&mail..."};
+    CommandButton cmdMail{this, "cmdMail", "E-ma&il..."};
     Label lblMethod{this, "lblMethod", "&Method:"};
     ComboBox cmbMethod{this, "cmbMethod"};
     Label lblEncoding{this, "lblEncoding", "&Encoding Type:"};

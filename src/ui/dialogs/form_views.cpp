@@ -1,6 +1,7 @@
 // Which view builds the dialog of each form.
 #include "dialogs/font_dialogs.h"
 #include "dialogs/frm_colours.h"
+#include "dialogs/frm_form.h"
 #include "dialogs/frm_hyperlink.h"
 #include "dialogs/frm_line.h"
 #include "dialogs/frm_list.h"
@@ -37,6 +38,9 @@ void buildLineView(frmLine& f, FormDialog& dialog, DialogContext& shell);
 void buildMarqueeView(frmMarquee& f, FormDialog& dialog, DialogContext& shell);
 void buildFontView(fontSettings& f, FormDialog& dialog, DialogContext& shell);
 void buildBasefontView(frmBasefont& f, FormDialog& dialog, DialogContext& shell);
+void buildFormView(frmForm& f, FormDialog& dialog, DialogContext& shell);
+void buildFormSettingsView(frmFormSettings& f, FormDialog& dialog, DialogContext& shell);
+void buildFormEmailView(frmFormEmail& f, FormDialog& dialog, DialogContext& shell);
 
 void registerFormViews(QtFormHost& host) {
     host.registerView(buildOptionsView);
@@ -58,6 +62,9 @@ void registerFormViews(QtFormHost& host) {
     host.registerView(buildMarqueeView);
     host.registerView(buildFontView);
     host.registerView(buildBasefontView);
+    host.registerView(buildFormView);
+    host.registerView(buildFormSettingsView);
+    host.registerView(buildFormEmailView, QtFormHost::ownedBy<frmFormSettings, frmFormEmail>());
 }
 
 } // namespace tsl

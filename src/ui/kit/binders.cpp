@@ -372,22 +372,23 @@ void Binder::button(CommandButton& control, QAbstractButton* widget) {
                      [shell = &shell_, &control] { shell->dispatch([&] { control.press(); }); });
 }
 
-void Binder::imageBox(ImageBox& control, QAbstractButton* widget, const QIcon& plain,
-                      const QIcon& highlighted) {
+void Binder::imageBox(ImageBox& control, QAbstractButton* widget) {
     common(control, widget);
-    const auto update = [&control, widget, plain, highlighted] {
-        const QIcon& icon = control.Highlighted() ? highlighted : plain;
-        widget->setIcon(icon);
-        const QList<QSize> sizes = icon.availableSizes();
-        if (!sizes.isEmpty()) widget->setIconSize(sizes.first());
-        // Named for assistive tools by its caption, or its tip where it has none.
-        widget->setAccessibleName(control.Caption().isEmpty() ? control.ToolTipText
-                                                              : control.Caption());
+    widget->setCheckable(true);
+    const auto update = [&control, widget] {
+        widget->setChecked(control.Highlighted());
+        widget->setText(control.Caption());
+        widget->setAccessibleName(control.Caption());
     };
     update();
     QObject::connect(&control, &Control::changed, widget, update);
+    // A click runs the handler, which decides what is highlighted: the button's own toggle
+    // is put back to the control's state after it.
     QObject::connect(widget, &QAbstractButton::clicked, widget,
-                     [shell = &shell_, &control] { shell->dispatch([&] { control.press(); }); });
+                     [shell = &shell_, &control, update] {
+                         shell->dispatch([&] { control.press(); });
+                         update();
+                     });
 }
 
 void Binder::upDown(UpDown& control, QLineEdit* box, QAbstractButton* up, QAbstractButton* down) {

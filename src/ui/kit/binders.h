@@ -41,9 +41,8 @@ class Binder {
     void optionButton(OptionButton& control, QRadioButton* widget);
     void comboBox(ComboBox& control, QComboBox* widget);
     void button(CommandButton& control, QAbstractButton* widget);
-    // A picture that answers a click, with its plain and its highlighted look.
-    void imageBox(ImageBox& control, QAbstractButton* widget, const QIcon& plain,
-                  const QIcon& highlighted);
+    // A picture that answers a click; checked while it is highlighted.
+    void imageBox(ImageBox& control, QAbstractButton* widget);
     // A spinner as two small arrow buttons beside its text box, whose keys step it too.
     void upDown(UpDown& control, QLineEdit* box, QAbstractButton* up, QAbstractButton* down);
     // A list, with several entries chosen where the list allows it.

@@ -284,15 +284,6 @@ Item Panels(std::vector<Item> panels) {
     };
 }
 
-Item Image(ImageBox& image, const QString& plain, const QString& highlighted) {
-    return [&image, plain, highlighted](Builder& b) {
-        auto* button = new QToolButton;
-        button->setAutoRaise(true);
-        b.bind.imageBox(image, button, QIcon(plain), QIcon(highlighted));
-        return Builder::field(button);
-    };
-}
-
 Item Note(Label& label, int style) {
     return [&label, style](Builder& b) {
         QLabel* widget = b.label(label, nullptr);

@@ -76,8 +76,20 @@ Item Panel(Label& area, std::vector<Item> rows);
 // Panels in one place, shown one at a time as the logic makes one of them visible; the
 // place keeps the room of the largest.
 Item Panels(std::vector<Item> panels);
-// A picture the user clicks, shown from the file `plain` or, highlighted, `highlighted`.
-Item Image(ImageBox& image, const QString& plain, const QString& highlighted);
+// A part of a drawn picture the user clicks, such as a region of a map: a box with its
+// caption, plain or highlighted, in the desktop's colours. It reads as a toggle button, pressed
+// while highlighted, named by its caption.
+Item Image(ImageBox& image);
+// A part of a drawn picture that only shows: a box with a caption.
+Item Tile(const QString& caption);
+// A piece of a picture on a grid, `width` by `height` cells from the cell at `x`, `y`.
+struct Cell {
+    Item item;
+    int x, y, width, height;
+};
+// Pieces laid on a grid of `columns` by `rows` equal cells, at least `size` pixels wide and
+// three quarters of that high.
+Item Grid(int columns, int rows, int size, std::vector<Cell> cells);
 enum NoteStyle { Plain = 0, Centered = 1, Wrapped = 2, Big = 4 };
 // A label on its own: a heading of the rows below, or a note.
 Item Note(Label& label, int style = Plain);
