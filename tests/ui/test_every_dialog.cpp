@@ -61,7 +61,7 @@ class EveryDialogTest : public QObject {
 
     template <typename Check> void forEveryDialog(Check check) {
         const auto& views = p.bench->forms().views();
-        QCOMPARE(views.size(), size_t(22));
+        QCOMPARE(views.size(), size_t(23));
         for (const auto& [type, view] : views) {
             QVERIFY2(view.sample, type.name());
             const std::shared_ptr<Form> form = view.sample(p.shell());

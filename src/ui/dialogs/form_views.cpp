@@ -2,6 +2,7 @@
 #include "dialogs/font_dialogs.h"
 #include "dialogs/frm_colours.h"
 #include "dialogs/frm_form.h"
+#include "dialogs/frm_frames.h"
 #include "dialogs/frm_hyperlink.h"
 #include "dialogs/frm_line.h"
 #include "dialogs/frm_list.h"
@@ -41,6 +42,7 @@ void buildBasefontView(frmBasefont& f, FormDialog& dialog, DialogContext& shell)
 void buildFormView(frmForm& f, FormDialog& dialog, DialogContext& shell);
 void buildFormSettingsView(frmFormSettings& f, FormDialog& dialog, DialogContext& shell);
 void buildFormEmailView(frmFormEmail& f, FormDialog& dialog, DialogContext& shell);
+void buildFramesView(frmFrames& f, FormDialog& dialog, DialogContext& shell);
 
 void registerFormViews(QtFormHost& host) {
     host.registerView(buildOptionsView);
@@ -65,6 +67,7 @@ void registerFormViews(QtFormHost& host) {
     host.registerView(buildFormView);
     host.registerView(buildFormSettingsView);
     host.registerView(buildFormEmailView, QtFormHost::ownedBy<frmFormSettings, frmFormEmail>());
+    host.registerView(buildFramesView);
 }
 
 } // namespace tsl

@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QFileSystemModel>
@@ -364,7 +365,9 @@ void Binder::button(CommandButton& control, QAbstractButton* widget) {
     common(control, widget);
     const auto update = [&control, widget] {
         widget->setText(control.Caption());
-        if (auto* push = qobject_cast<QPushButton*>(widget)) push->setDefault(control.Default());
+        // A button takes its default part only in its dialog, which must know of it.
+        auto* push = qobject_cast<QPushButton*>(widget);
+        if (push && qobject_cast<QDialog*>(push->window())) push->setDefault(control.Default());
     };
     update();
     QObject::connect(&control, &Control::changed, widget, update);

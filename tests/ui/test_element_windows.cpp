@@ -1,9 +1,11 @@
-// Insert List, Horizontal Line, Marquee, Font and Base Font on screen: each opened from its
-// menu item, filled as a user fills it, and its OK leaving the text and the selection.
+// Element dialogs on screen (Insert List, Horizontal Line, Marquee, Font, Base Font, Form
+// Components and the Frame Hanger): each opened from its menu item or button, filled as a
+// user fills it, and its OK leaving the text and the selection.
 #include "test_rows.h"
 #include "ui_helpers.h"
 #include <QCheckBox>
 #include <QComboBox>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -27,7 +29,7 @@ void choose(QComboBox* combo, const QString& entry) {
 }
 } // namespace
 
-class ListFontWindowsTest : public QObject {
+class ElementWindowsTest : public QObject {
     Q_OBJECT
     std::unique_ptr<UiProgram> p;
     void startWith(const QString& text, int from, int to) {
@@ -108,7 +110,58 @@ class ListFontWindowsTest : public QObject {
         expect(QStringLiteral("<html>\n<basefont size=\"5\">\n<body>\n</body>\n</html>"),
                QString());
     }
+
+    void formsToolbarInsertsATextBox() {
+        startWith(QStringLiteral("ab"), 1, 1);
+        QVERIFY(p->withDialog([&] { p->trigger(QStringLiteral("tbrForms_6")); },
+                              [](FormDialog& d) {
+                                  QCOMPARE(field<QComboBox>(d, "cmbInputType")->currentText(),
+                                           QStringLiteral("Text Box"));
+                                  QVERIFY(field<QWidget>(d, "picText")->isVisible());
+                                  QVERIFY(!field<QWidget>(d, "picButton")->isVisible());
+                                  retype(field<QLineEdit>(d, "txtName"), QStringLiteral("q"));
+                                  click(field<QPushButton>(d, "cmdOK"));
+                              }));
+        expect(QStringLiteral("a<input type=\"text\" name=\"q\">b"), QString());
+    }
+
+    // Through the pages by the buttons and the keys, a layout chosen in the list, two frames
+    // filled by clicking them on the map.
+    void theWizardWritesTheFramesetClicked() {
+        startWith(QStringLiteral("ab"), 1, 1);
+        QVERIFY(p->fromMenu("mnuInsertFrames", [](FormDialog& d) {
+            click(field<QPushButton>(d, "NextButton"));
+            auto* list = field<QListWidget>(d, "lstFrameType");
+            QVERIFY(list->isVisible());
+            list->setFocus();
+            for (int i = 0; i < 8; ++i)
+                QTest::keyClick(list, Qt::Key_Down);
+            QTest::keyClick(list, Qt::Key_Return); // Next, not Back
+            QVERIFY(field<QWidget>(d, "picHF1")->isVisible());
+            auto* contents = field<QAbstractButton>(d, "imgHF1Cont");
+            auto* header = field<QAbstractButton>(d, "imgHF1Head");
+            QVERIFY(contents->isChecked() && !header->isChecked());
+            retype(field<QLineEdit>(d, "txtFrameName"), QStringLiteral("side"));
+            click(header);
+            QVERIFY(header->isChecked() && !contents->isChecked());
+            QCOMPARE(field<QLineEdit>(d, "txtFrameName")->text(), QString());
+            retype(field<QLineEdit>(d, "txtFrameName"), QStringLiteral("top"));
+            click(field<QCheckBox>(d, "chkNoResize"));
+            click(field<QPushButton>(d, "NextButton"));
+            QVERIFY(!field<QPushButton>(d, "NextButton")->isEnabled());
+            QTest::keyClick(&d, Qt::Key_Return); // Finish
+        }));
+        expect(QStringLiteral("a<frameset cols=\"25%, *\" border=\"0\">\n"
+                              "  <frame src=\"\" name=\"side\" scrolling=\"auto\" noresize>\n"
+                              "  <frameset rows=\"25%, *, 25%\" border=\"0\">\n"
+                              "    <frame src=\"\" name=\"top\" scrolling=\"auto\" noresize>\n"
+                              "    <frame src=\"\" name=\"\">\n"
+                              "    <frame src=\"\" name=\"\">\n"
+                              "  </frameset>\n"
+                              "</frameset>b"),
+               QString());
+    }
 };
 
-QTEST_MAIN(ListFontWindowsTest)
-#include "test_list_font_windows.moc"
+QTEST_MAIN(ElementWindowsTest)
+#include "test_element_windows.moc"
