@@ -79,6 +79,9 @@ void frmFrames::showPage(int index) {
     const bool next = NextButton.Enabled();
     NextButton.setDefault(next);
     cmdFinish.setDefault(!next);
+    // The keys go on with the page shown, not with a control the page took away.
+    Control* first[] = {&lstFrameType, &txtFrameName, &NextButton, &cmdFinish};
+    first[index]->SetFocus();
 }
 
 const FrameMap* frmFrames::mapOfType(int frameType) const {
@@ -97,8 +100,6 @@ void frmFrames::NextButton_Click() {
     case Welcome:
         cmdBack.setEnabled(true);
         showPage(ChooseLayout);
-        // The keys choose a layout at once.
-        lstFrameType.SetFocus();
         break;
     case ChooseLayout: {
         cmdFinish.setEnabled(true);
@@ -113,7 +114,6 @@ void frmFrames::NextButton_Click() {
             FrameType = layout.frameType;
             CurrentRegion = layout.start;
         }
-        txtFrameName.SetFocus();
         break;
     }
     case FrameSettingsPage:
@@ -145,7 +145,6 @@ void frmFrames::cmdBack_Click() {
         cmbScrolling.setText(QStringLiteral("Auto"));
         chkBorders.setValue(0);
         chkNoResize.setValue(0);
-        lstFrameType.SetFocus();
         break;
     case Finished:
         // Finish is back only when Next is pressed again.

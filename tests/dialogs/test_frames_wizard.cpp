@@ -100,23 +100,6 @@ class FramesWizardTest : public QObject {
         pane().setText(QString());
     }
 
-    void loads() {
-        ts->shell->OpenSave.InitDir = QStringLiteral("/pages");
-        frmFrames f(**ts);
-        f.Form_Load();
-        QCOMPARE(f.Caption(), QStringLiteral("Frame Hanger"));
-        QCOMPARE(f.lstFrameType.items().join(u'|'),
-                 QStringLiteral("Header|Contents|Header & Contents 1|Header & Contents 2|Footer|"
-                                "Footer & Contents 1|Footer & Contents 2|Header & Footer|"
-                                "Header, Footer & Contents 1|Header, Footer & Contents 2"));
-        QCOMPARE(f.cdOpenSave.InitDir, QStringLiteral("/pages"));
-        QCOMPARE(f.cdOpenSave.Filter, QStringLiteral("HTML Files (*.htm, *.html, *.shtml; *.asp)|"
-                                                     "*.htm; *.html; *.shtml; *.asp"));
-        // Regions are named for assistive tools by what they stand for.
-        QCOMPARE(f.find<ImageBox>(QStringLiteral("picF2Foot"))->Caption(),
-                 QStringLiteral("Footer"));
-    }
-
     // Every layout as loaded and with red borders on every frameset, then cases worth a look.
     void written_data() {
         columns<QString, QString>({"script", "text"});
