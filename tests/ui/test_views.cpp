@@ -100,6 +100,9 @@ class ViewsTest : public QObject {
             "<html><head><title>t</title></head><body bgcolor=\"#ffffff\" link=\"#0000ff\">\n"
             "<p style=\"font-family: 'Liberation Serif', serif\">Hello world</p>\n</body></html>"));
         QVERIFY(p.inLayout());
+        // With no caret in the page yet, a form control goes at the end of the page.
+        QVERIFY(p.fromMenu("mnuInsertForm", [&](FormDialog& d) { press(d, "cmdOK"); }));
+        QVERIFY(p.platform.messageTexts().isEmpty());
         QVERIFY(p.fromMenu("mnuEditProperties", [&](FormDialog& d) {
             // The document's own colours, in capitals.
             QCOMPARE(UiProgram::child<QLineEdit>(d, "Back")->text(), u"#FFFFFF"_s);
@@ -140,6 +143,8 @@ class ViewsTest : public QObject {
         QVERIFY2(text.contains(u"bgcolor=\"#00ff00\""_s), qPrintable(text));
         QVERIFY2(text.contains(u"<a href=\"a.htm\">world</a>"_s), qPrintable(text));
         QVERIFY2(text.contains(u"<img src=\"pic.png\">"_s), qPrintable(text));
+        QVERIFY2(text.contains(u"<input value=\"Button\" type=\"button\"></p></body>"_s),
+                 qPrintable(text));
     }
 
     // Preview follows a link, but a page that moves by itself stays.

@@ -130,7 +130,18 @@ const QString kLayoutScript = QStringLiteral(R"JS(
       return document.execCommand(commands[id], false, val);
     },
     value: value,
-    paste: function (markup) { return document.execCommand('insertHTML', false, markup); },
+    paste: function (markup) {
+      // With no caret in the page yet, the markup goes at the end of the body.
+      const s = getSelection();
+      if (!s.rangeCount || !document.body.contains(s.anchorNode)) {
+        const end = document.createRange();
+        end.selectNodeContents(document.body);
+        end.collapse(false);
+        s.removeAllRanges();
+        s.addRange(end);
+      }
+      return document.execCommand('insertHTML', false, markup);
+    },
     colour: function (name, val) {
       if (['bgColor', 'fgColor', 'linkColor', 'alinkColor', 'vlinkColor'].indexOf(name) < 0)
         return '';

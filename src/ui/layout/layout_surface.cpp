@@ -1,9 +1,9 @@
 #include "ui/layout/layout_surface.h"
 #include "editor/text_file.h"
 #include "runtime/runtime_error.h"
+#include "ui/desktop/qt_printer.h"
 #include "ui/layout/find_bar.h"
 #include "ui/layout/layout_script.h"
-#include "ui/desktop/qt_printer.h"
 #include <QBoxLayout>
 #include <QDir>
 #include <QEventLoop>
@@ -323,7 +323,10 @@ void QtLayoutSurface::setDocumentColour(const QString& property, const QString& 
 }
 
 void QtLayoutSurface::pasteHTML(const QString& markup) {
-    run(QStringLiteral("__tsl.paste(%1)").arg(quoted(markup)));
+    // Waits for the page's answer: markup the page refuses, or a page not ready to take it,
+    // is a failure the command reports, never a silent loss.
+    const QVariant done = evaluate(QStringLiteral("__tsl.paste(%1)").arg(quoted(markup)));
+    if (!done.toBool()) raise(ErrInvalidProcedureCall);
 }
 
 // ---- the browser ----
