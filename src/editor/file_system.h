@@ -19,8 +19,10 @@ QString recoverFileName(const QString& path);
 // Reads a whole file; a missing or unreadable file raises the path/file access error (75).
 QByteArray readFileBytes(const QString& path);
 // Replaces a file atomically, keeping its permissions (and its owner where allowed); a failed
-// write leaves the old file whole and raises error 75. A durable write is on the disk when it
-// returns; a run of many writes may leave that to one flushFileSystems at its end.
+// write leaves the old file whole and raises error 75, as does a file the user may not write.
+// A file with other names (hard links) is written in place, so they all see the new text.
+// A durable write is on the disk when it returns; a run of many writes may leave that to one
+// flushFileSystems at its end.
 enum class Durability { Now, Later };
 void writeFileBytes(const QString& path, const QByteArray& bytes,
                     Durability durability = Durability::Now);
@@ -29,6 +31,8 @@ void writeFileBytes(const QString& path, const QByteArray& bytes,
 using ByteSink = std::function<void(const QByteArray&)>;
 void writeFilePieces(const QString& path, const std::function<void(const ByteSink&)>& produce,
                      Durability durability = Durability::Now);
+// Takes away the copies of a file that a save cut short left beside it (hidden, by its name).
+void removeStrayCopies(const QString& path);
 // Puts on the disk what was written to the file systems of these files.
 void flushFileSystems(const QStringList& paths);
 

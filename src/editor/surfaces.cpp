@@ -36,6 +36,8 @@ void SourcePane::LoadFile(const QString& path, int) {
 void SourcePane::SaveFile(const QString& path, int) {
     // The name stays: a copy such as the preview file must not rebind the document.
     const QString text = Text();
+    // What an earlier save of this file, cut short, left beside it goes now.
+    removeStrayCopies(path);
     writeFilePieces(path, [&](const ByteSink& sink) { encodeTextInPieces(text, format_, sink); });
 }
 

@@ -138,9 +138,9 @@ void ComboBox::receiveText(const QString& text) {
 }
 
 void TextBox::setText(const QString& text) {
-    QString value = MaxLength > 0 ? text.left(MaxLength) : text;
-    if (value == text_) return;
-    text_ = std::move(value);
+    // The limit is on typing: a longer text put here (read from a page) stays whole.
+    if (text == text_) return;
+    text_ = text;
     SelStart = static_cast<int>(text_.size());
     SelLength = 0;
     emit changed();
@@ -159,7 +159,8 @@ void TextBox::typeKey(int keyAscii) {
         length = 1;
     }
     const QString typed = keyAscii == 8 ? QString() : QString(QChar(keyAscii));
-    if (MaxLength > 0 && size - length + typed.size() > MaxLength) return;
+    // Beyond the limit only keys that shorten the text are taken.
+    if (MaxLength > 0 && typed.size() > length && size - length + typed.size() > MaxLength) return;
     QString text = text_;
     text.replace(start, length, typed);
     const int caret = start + static_cast<int>(typed.size());

@@ -136,7 +136,7 @@ class TextBox : public Control {
     const QString& Text() const { return text_; }
     // Assigning a different text raises Change before it returns.
     void setText(const QString& text);
-    int MaxLength = 0; // 0: no limit
+    int MaxLength = 0; // what typing may reach; 0: no limit
     bool Locked = false;
     std::function<void()> Change;
     // Key filter: may set the key code to 0 to drop the key.

@@ -1,4 +1,5 @@
 // Start-up, the command line, and shutdown of the main window.
+#include "editor/file_system.h"
 #include "runtime/resume.h"
 #include "shell/shell_mdi.h"
 
@@ -50,6 +51,11 @@ void ShellMDI::MDIForm_Load(const QString& commandLine) {
 
     NewHtmlDocument();
     LoadRecentFiles();
+    // Saves cut short in the last run (a crash, a power cut) may have left copies beside the
+    // files the user worked on last.
+    for (int i = 0; i < 4; ++i)
+        if (hasMenu(QStringLiteral("mnuFileMRU(%1)").arg(i)))
+            removeStrayCopies(menu(QStringLiteral("mnuFileMRU(%1)").arg(i)).Caption());
     const QString wrap = settings_.get(keys::Fuzzies, keys::WordWrap, QStringLiteral("1"));
     if (codeEditor* doc = ActiveForm()) doc->codebox().setRightMargin(rightMarginFor(wrap));
     bMainLoading = false;

@@ -403,10 +403,12 @@ class DialogsTest : public QObject {
             "<body text=#123456 bgcolor=#ABCDEF>", "#ABCDEF;#ABCDEF;#0000FF;#800080;#FF0000;;0");
         row("unquoted after bgcolor: text's = is skipped", "<body bgcolor=#FFFFFF text=#123456>",
             "#FFFFFF" + rest);
-        // The box holds seven characters, so the run-on value is cut.
+        // A value is read whole, also past the seven characters a user may type.
         row("text inside a value runs into the next attribute",
             "<body background=\"text.gif\" bgcolor=\"#AAAAAA\">",
-            "#AAAAAA; bgcolo;#0000FF;#800080;#FF0000;text.gif;0");
+            "#AAAAAA; bgcolor=;#0000FF;#800080;#FF0000;text.gif;0");
+        row("a long colour name", "<body bgcolor=\"lightgoldenrodyellow\">",
+            "lightgoldenrodyellow" + rest);
         row("an image, fixed", "<body background=\"img/bg.gif\" bgproperties=\"fixed\">",
             "#C0C0C0;#000000;#0000FF;#800080;#FF0000;img/bg.gif;1");
         row("fixed unquoted", "<body background=\"a.gif\" bgproperties=fixed>",
@@ -444,6 +446,8 @@ class DialogsTest : public QObject {
             kDefaultTag.chopped(1) + " background=\"bg.gif\" bgproperties=\"fixed\">");
         row("fixed without an image writes nothing", "<body>", "chkFixed=1", kDefaultTag);
         row("no body tag", "<p>", "Back=#123456", "<p>");
+        row("a long colour name stays whole", "<body bgcolor=\"lightgoldenrodyellow\">", "",
+            QString(kDefaultTag).replace("#C0C0C0", "lightgoldenrodyellow"));
     }
     void pagePropertiesReplacesTheBodyTag() {
         QFETCH(QString, tag);

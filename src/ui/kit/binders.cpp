@@ -242,7 +242,10 @@ void Binder::textBox(TextBox& control, QLineEdit* widget) {
     common(control, widget);
     const auto update = [&control, widget] {
         if (widget->text() != control.Text()) widget->setText(control.Text());
-        if (control.MaxLength > 0) widget->setMaxLength(control.MaxLength);
+        // The box's own limit would cut a longer text the logic puts in: it stays at the
+        // length of what is there, so typing stops at the limit and deleting goes on.
+        if (control.MaxLength > 0)
+            widget->setMaxLength(std::max(control.MaxLength, int(control.Text().size())));
         widget->setReadOnly(control.Locked);
         paint(control, widget, QPalette::Base, QPalette::Text);
     };
