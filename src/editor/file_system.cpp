@@ -12,39 +12,7 @@
 namespace tsl {
 
 namespace {
-constexpr char16_t kEscape = 0xDC00;
 constexpr char16_t kReplacement = 0xFFFD;
-
-// The length of the valid UTF-8 sequence at `at`, or 0 when its first byte is not one.
-int sequenceLength(const QByteArray& bytes, qsizetype at) {
-    const auto byte = [&](qsizetype i) { return static_cast<unsigned char>(bytes.at(i)); };
-    const unsigned lead = byte(at);
-    if (lead < 0x80) return 1;
-    int length = 0;
-    unsigned low = 0x80, high = 0xBF; // the range of the second byte
-    if (lead >= 0xC2 && lead <= 0xDF) {
-        length = 2;
-    } else if (lead >= 0xE0 && lead <= 0xEF) {
-        length = 3;
-        if (lead == 0xE0) low = 0xA0;
-        if (lead == 0xED) high = 0x9F; // no surrogates
-    } else if (lead >= 0xF0 && lead <= 0xF4) {
-        length = 4;
-        if (lead == 0xF0) low = 0x90;
-        if (lead == 0xF4) high = 0x8F;
-    } else {
-        return 0;
-    }
-    if (at + length > bytes.size()) return 0;
-    if (byte(at + 1) < low || byte(at + 1) > high) return 0;
-    for (int i = 2; i < length; ++i)
-        if ((byte(at + i) & 0xC0) != 0x80) return 0;
-    return length;
-}
-
-bool isEscape(QChar c) {
-    return c.unicode() >= kEscape + 0x80 && c.unicode() <= kEscape + 0xFF;
-}
 
 [[noreturn]] void fail() {
     raise(ErrPathFileAccess);
@@ -58,41 +26,10 @@ QString folderOf(const QString& path) {
 QString decodedForDisplay(const QString& name) {
     QString shown = name;
     for (QChar& c : shown)
-        if (isEscape(c)) c = QChar(kReplacement);
+        if (isFileNameEscape(c)) c = QChar(kReplacement);
     return shown;
 }
 } // namespace
-
-QString fileNameFromBytes(const QByteArray& bytes) {
-    QString name;
-    name.reserve(bytes.size());
-    qsizetype run = 0; // start of the valid bytes not yet decoded
-    for (qsizetype at = 0; at < bytes.size();) {
-        const int length = sequenceLength(bytes, at);
-        if (length > 0) {
-            at += length;
-            continue;
-        }
-        name += QString::fromUtf8(bytes.constData() + run, at - run);
-        name += QChar(static_cast<char16_t>(kEscape + static_cast<unsigned char>(bytes.at(at))));
-        run = ++at;
-    }
-    name += QString::fromUtf8(bytes.constData() + run, bytes.size() - run);
-    return name;
-}
-
-QByteArray fileNameBytes(const QString& name) {
-    QByteArray bytes;
-    qsizetype run = 0;
-    for (qsizetype at = 0; at < name.size(); ++at) {
-        if (!isEscape(name.at(at))) continue;
-        bytes += QStringView(name).mid(run, at - run).toUtf8();
-        bytes += static_cast<char>(name.at(at).unicode() - kEscape);
-        run = at + 1;
-    }
-    bytes += QStringView(name).mid(run).toUtf8();
-    return bytes;
-}
 
 QString recoverFileName(const QString& path) {
     if (!path.contains(QChar(kReplacement))) return path;

@@ -1,16 +1,10 @@
 #pragma once
-// Files of the user by name. To the system a file name is bytes, not always valid UTF-8
-// ("caf\xE9.htm" written by an 8-bit program); such a name must open and save like any other.
-// A byte that is not part of valid UTF-8 is held in the name as the character U+DC00 + byte,
-// which no valid name can hold, so that the name gives back its exact bytes.
-#include <QByteArray>
-#include <QString>
+// Files of the user by name, read and written by the bytes of their names
+// (`platform/file_names.h`).
+#include "platform/file_names.h"
 #include <functional>
 
 namespace tsl {
-
-QString fileNameFromBytes(const QByteArray& bytes);
-QByteArray fileNameBytes(const QString& name);
 
 // A name read through the toolkit, which shows an unreadable byte as U+FFFD, is found again
 // among the entries of its folder; a name without U+FFFD, or with no single match, stays.

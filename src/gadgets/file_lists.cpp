@@ -1,7 +1,9 @@
 #include "gadgets/file_lists.h"
+#include "platform/file_names.h"
 #include "runtime/runtime_error.h"
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace tsl {
 
@@ -49,10 +51,26 @@ void FileListBox::setPattern(const QString& pattern) {
 }
 
 void FileListBox::refresh() {
+    // The folder's files by the bytes of their names, so that a name written by an 8-bit
+    // program is listed (and later opened) as it stands.
     QStringList names;
     if (!path_.isEmpty()) {
-        const QStringList filters = pattern_.split(QLatin1Char(';'), Qt::SkipEmptyParts);
-        names = QDir(path_).entryList(filters, QDir::Files | QDir::Hidden, QDir::Name);
+        QList<QRegularExpression> filters;
+        for (const QString& filter : pattern_.split(QLatin1Char(';'), Qt::SkipEmptyParts))
+            filters.append(QRegularExpression(
+                QRegularExpression::wildcardToRegularExpression(filter.trimmed()),
+                QRegularExpression::CaseInsensitiveOption));
+        for (const QString& name : filesInFolder(path_)) {
+            // The pattern is matched against the name as shown, which is valid text.
+            QString shown = name;
+            for (QChar& c : shown)
+                if (isFileNameEscape(c)) c = QChar::ReplacementCharacter;
+            for (const QRegularExpression& filter : filters)
+                if (filter.match(shown).hasMatch()) {
+                    names.append(name);
+                    break;
+                }
+        }
     }
     items_ = names;
     selected_ = QList<bool>(names.size(), false);

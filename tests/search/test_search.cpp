@@ -81,7 +81,7 @@ struct ExtReplace : TestShell {
         form->Form_Load();
     }
     QString page(const char* name, const QByteArray& bytes = "foo") {
-        return writeFile(dir, QString::fromLatin1(name), bytes);
+        return writeFile(dir, fileNameFromBytes(name), bytes);
     }
     void replace(const char* what, const char* with, MsgResult answer = MsgResult::Yes) {
         if (form->optSpecFolder.Value()) form->txtPath.setText(dir.path());
@@ -294,11 +294,13 @@ class SearchTest : public QObject {
         QVERIFY(platform.messages[0].icon == MsgIcon::Critical && f.txtPath.Text().isEmpty());
     }
 
-    // The folder's pages under the filter keep their bytes but for the replacements.
+    // The folder's pages under the filter keep their bytes but for the replacements; a name
+    // that is not UTF-8 is one of them.
     void aFolderIsReplacedUnderItsFilter() {
         ExtReplace e;
         const QStringList pages = {e.page("a.htm", "<p>Foo foo food</p>\r\n<p>foo</p>\r\n"),
-                                   e.page("b.asp", "foo caf\xE9\r\n"), e.page("c.html", "none")};
+                                   e.page("caf\xE9.ASP", "foo caf\xE9\r\n"),
+                                   e.page("c.html", "none")};
         const QString other = e.page("notes.txt");
         frmExtFind& f = *e.form;
         f.chkWholeWord.setValue(1);
