@@ -26,7 +26,7 @@ int SourcePane::Find(const QString& what, int start, int end, int options) {
 }
 
 void SourcePane::LoadFile(const QString& path, int) {
-    DecodedText decoded = decodeText(readFileBytes(path));
+    DecodedText decoded = decodeText(readFileBytes(path), textKindOf(path));
     format_ = decoded.format;
     setText(decoded.text);
     setSelStart(0);
@@ -38,7 +38,10 @@ void SourcePane::SaveFile(const QString& path, int) {
     const QString text = Text();
     // What an earlier save of this file, cut short, left beside it goes now.
     removeStrayCopies(path);
-    writeFilePieces(path, [&](const ByteSink& sink) { encodeTextInPieces(text, format_, sink); });
+    // A page saved as a style sheet writes what its code page cannot hold as a style sheet does.
+    TextFormat format = format_;
+    format.kind = textKindOf(path);
+    writeFilePieces(path, [&](const ByteSink& sink) { encodeTextInPieces(text, format, sink); });
 }
 
 void DetachedLayout::pasteHTML(const QString& markup) {

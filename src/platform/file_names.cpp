@@ -1,4 +1,5 @@
 #include "platform/file_names.h"
+#include <QStringDecoder>
 #include <dirent.h>
 #include <sys/stat.h>
 
@@ -41,6 +42,12 @@ bool isFileNameEscape(QChar c) {
 }
 
 QString fileNameFromBytes(const QByteArray& bytes) {
+    // A mark at the start of a run is a character like any other, not a header to drop.
+    QStringDecoder utf8(QStringDecoder::Utf8,
+                        QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    const auto decode = [&utf8](const char* from, qsizetype length) {
+        return QString(utf8.decode(QByteArrayView(from, length)));
+    };
     QString name;
     name.reserve(bytes.size());
     qsizetype run = 0; // start of the valid bytes not yet decoded
@@ -50,11 +57,11 @@ QString fileNameFromBytes(const QByteArray& bytes) {
             at += length;
             continue;
         }
-        name += QString::fromUtf8(bytes.constData() + run, at - run);
+        name += decode(bytes.constData() + run, at - run);
         name += QChar(static_cast<char16_t>(kEscape + static_cast<unsigned char>(bytes.at(at))));
         run = ++at;
     }
-    name += QString::fromUtf8(bytes.constData() + run, bytes.size() - run);
+    name += decode(bytes.constData() + run, bytes.size() - run);
     return name;
 }
 
@@ -69,6 +76,21 @@ QByteArray fileNameBytes(const QString& name) {
     }
     bytes += QStringView(name).mid(run).toUtf8();
     return bytes;
+}
+
+Utf8Survey surveyUtf8(const QByteArray& bytes) {
+    Utf8Survey survey;
+    for (qsizetype at = 0; at < bytes.size();) {
+        const int length = sequenceLength(bytes, at);
+        if (length == 0) {
+            ++survey.stray;
+            ++at;
+            continue;
+        }
+        if (length > 1) ++survey.multiByte;
+        at += length;
+    }
+    return survey;
 }
 
 QStringList filesInFolder(const QString& folder) {

@@ -13,6 +13,13 @@ QString fileNameFromBytes(const QByteArray& bytes);
 QByteArray fileNameBytes(const QString& name);
 // A character of a name that stands for a byte that is not valid UTF-8.
 bool isFileNameEscape(QChar c);
+// Texts of files follow the same rule; how much of their bytes is UTF-8: the sequences of more
+// than one byte, and the bytes that are part of no valid sequence.
+struct Utf8Survey {
+    qsizetype multiByte = 0;
+    qsizetype stray = 0;
+};
+Utf8Survey surveyUtf8(const QByteArray& bytes);
 // The names of the files in a folder (links to files too), by their bytes, in order.
 QStringList filesInFolder(const QString& folder);
 

@@ -56,7 +56,7 @@ bool ReplaceInFiles(const QStringList& files, const QString& what, const QString
     try {
         for (const QString& path : files) {
             if (progress) progress(++index);
-            DecodedText decoded = decodeText(readFileBytes(path));
+            DecodedText decoded = decodeText(readFileBytes(path), textKindOf(path));
             const QString changed = replaceEveryMatch(decoded.text, what, replacement, options);
             writeFileBytes(path, encodeText(changed, decoded.format), Durability::Later);
         }

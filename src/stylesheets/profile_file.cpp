@@ -19,7 +19,7 @@ Lines readLines(const QString& fileName) {
     Lines result;
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) return result;
-    DecodedText decoded = decodeText(file.readAll());
+    DecodedText decoded = decodeText(file.readAll(), TextKind::PlainText);
     result.exists = true;
     result.format = decoded.format;
     if (!decoded.text.isEmpty()) {

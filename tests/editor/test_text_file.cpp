@@ -20,18 +20,17 @@ using namespace tsl::test;
 
 namespace {
 QString formatOf(const TextFormat& f) {
-    return QString(f.encoding == TextFormat::Utf8 ? "utf8" : "latin1") +
+    return QString(f.encoding == TextFormat::Utf8 ? "utf8" : "cp1252") +
            (f.byteOrderMark ? " bom" : "") + (f.crlf ? " crlf" : "");
 }
 
-// A file's bytes, its format and its text in the file's encoding (none: the bytes themselves).
+// A file's bytes, its format and its text as UTF-8 (none: the bytes themselves).
 template <size_t N>
 void fileRow(const char* name, const char (&bytes)[N], const char* format,
              const char* text = nullptr) {
     const QByteArray b(bytes, N - 1), t = text ? QByteArray(text) : b;
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
-    const QString decoded = format[0] == 'l' ? QString::fromLatin1(t) : QString(utf8(t));
-    QTest::newRow(name) << b << decoded << QString::fromLatin1(format);
+    QTest::newRow(name) << b << QString(utf8(t)) << QString::fromLatin1(format);
 }
 
 // Makes a file by its raw name, beyond what the toolkit can name.
@@ -108,15 +107,22 @@ class TextFileTest : public QObject {
         fileRow("BOM alone", "\xEF\xBB\xBF", "utf8 bom", "");
         fileRow("BOM inside the text stays text", "a\xEF\xBB\xBF", "utf8");
         fileRow("NUL byte", "a\0b", "utf8");
-        fileRow("Latin-1", "caf\xE9\r\nna\xEFve\r\n", "latin1 crlf", "caf\xE9\nna\xEFve\n");
-        QByteArray high; // every byte from 0x80 to 0xFF, which no UTF-8 reading accepts
-        for (int b = 0x80; b <= 0xFF; ++b)
-            high += char(b);
-        QTest::newRow("every high byte") << high << QString::fromLatin1(high) << "latin1";
-        fileRow("BOM then invalid UTF-8", "\xEF\xBB\xBF\xFF", "latin1");
-        fileRow("UTF-8 cut short at the end", "ok \xC3", "latin1");
-        fileRow("overlong UTF-8", "\xC0\xAF", "latin1");
-        fileRow("UTF-8 of a surrogate", "\xED\xA0\x80", "latin1");
+        // 8-bit pages are windows-1252; its five unassigned bytes stay as they are.
+        fileRow("8-bit", "caf\xE9\r\nna\xEFve\r\n", "cp1252 crlf", "caf\xC3\xA9\nna\xC3\xAFve\n");
+        fileRow("8-bit punctuation", "\x80 \x93q\x94\x85 \x99\x9F", "cp1252",
+                "\xE2\x82\xAC \xE2\x80\x9Cq\xE2\x80\x9D\xE2\x80\xA6 \xE2\x84\xA2\xC5\xB8");
+        fileRow("8-bit, the unassigned bytes", "\x81\x8D\x8F\x90\x9D", "cp1252",
+                "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D");
+        fileRow("UTF-8 cut short at the end", "ok \xC3", "cp1252", "ok \xC3\x83");
+        fileRow("overlong UTF-8", "\xC0\xAF", "cp1252", "\xC3\x80\xC2\xAF");
+        fileRow("UTF-8 of a surrogate", "\xED\xA0\x80", "cp1252", "\xC3\xAD\xC2\xA0\xE2\x82\xAC");
+        // UTF-8 with a stray byte: the UTF-8 read as such, each stray byte kept as itself.
+        QTest::newRow("UTF-8 with a stray byte")
+            << QByteArray("caf\xC3\xA9 5\xE2\x82\xAC \x92s")
+            << QString::fromUtf16(u"caf\u00E9 5\u20AC \xDC92s") << "utf8";
+        QTest::newRow("BOM then a stray byte")
+            << QByteArray("\xEF\xBB\xBF\xFF\r\n") << QString::fromUtf16(u"\xDCFF\n")
+            << "utf8 bom crlf";
 
         const auto page = [](const char* name, const QByteArray& head, const QByteArray& atEdge,
                              const QByteArray& lineEnd) {
@@ -153,27 +159,70 @@ class TextFileTest : public QObject {
         QCOMPARE(pane.FileName(), from);
     }
 
-    // An edit is saved in the file's format; 8-bit text beyond Latin-1 becomes UTF-8.
+    // An edit is saved in the file's format, the rest of the file untouched: in an 8-bit file
+    // a character the code page cannot hold is written as the file's kind writes it.
     void anEditKeepsTheFormat_data() {
-        columns<QByteArray, QString, QByteArray>({"bytes", "added", "saved"});
-        QTest::newRow("BOM, CRLF")
-            << QByteArray("\xEF\xBB\xBFz\r\nb") << "\nc" << QByteArray("\xEF\xBB\xBFz\r\nb\r\nc");
-        QTest::newRow("8-bit") << QByteArray("caf\xE9\r\n") << "\u20AC\n"
-                               << QByteArray("caf\xC3\xA9\r\n\xE2\x82\xAC\r\n");
+        columns<QString, QByteArray, QString, QByteArray>({"name", "bytes", "added", "saved"});
+        QTest::newRow("BOM, CRLF") << "page.htm" << QByteArray("\xEF\xBB\xBFz\r\nb") << "\nc"
+                                   << QByteArray("\xEF\xBB\xBFz\r\nb\r\nc");
+        QTest::newRow("8-bit, the code page's own")
+            << "page.htm" << QByteArray("caf\xE9\r\n") << "(\u20AC)\n"
+            << QByteArray("caf\xE9\r\n(\x80)\r\n");
+        QTest::newRow("8-bit page, beyond it")
+            << "page.htm" << QByteArray("caf\xE9 ") << "\u2192\U0001F600"
+            << QByteArray("caf\xE9 &#8594;&#128512;");
+        QTest::newRow("8-bit style sheet") << "site.css" << QByteArray("/* caf\xE9 */ ")
+                                           << "\u2192x" << QByteArray("/* caf\xE9 */ \\2192 x");
+        QTest::newRow("8-bit text: that character in UTF-8")
+            << "notes.txt" << QByteArray("caf\xE9 ") << "\u2192"
+            << QByteArray("caf\xE9 \xE2\x86\x92");
+        QTest::newRow("UTF-8 with a stray byte")
+            << "page.htm" << QByteArray("\xE2\x82\xAC\x92") << "\u00E9"
+            << QByteArray("\xE2\x82\xAC\x92\xC3\xA9");
     }
     void anEditKeepsTheFormat() {
+        QFETCH(QString, name);
         QFETCH(QString, added);
         QFETCH(QByteArray, bytes);
-        const QString path = writeFile(*dir, "page.htm", bytes);
+        const QString path = writeFile(*dir, name, bytes);
         TextPane pane;
         pane.LoadFile(path);
-        const QString text = pane.Text() + added;
         pane.setSelStart(pane.length());
         pane.setSelText(added);
         pane.SaveFile(path);
         QTEST(readFile(path), "saved");
-        pane.LoadFile(path);
-        QCOMPARE(pane.Text(), text);
+    }
+
+    // Random 8-bit and mixed files, an edit of any characters at any place: the saved file is
+    // the old one, byte for byte, before and after the edit's own bytes.
+    void anEditTouchesNothingElse() {
+        const FuzzRun run(2000);
+        const QString path = dir->filePath("page.htm");
+        for (int i = 0; i < run.cases; ++i) {
+            RandomDocuments random(run.caseGenerator(i));
+            const QByteArray bytes = random.fileBytes();
+            writeFileBytes(path, bytes);
+            TextPane pane;
+            pane.LoadFile(path);
+            const QString before = pane.Text();
+            int at = random.below(int(before.size()) + 1);
+            if (at > 0 && at < before.size() && before.at(at).isLowSurrogate()) ++at;
+            // The bytes of the text before and after the place, as the file has them.
+            TextFormat unmarked = pane.fileFormat();
+            const QByteArray head = encodeText(before.left(at), unmarked);
+            unmarked.byteOrderMark = false;
+            const QByteArray tail = encodeText(before.mid(at), unmarked);
+            pane.setSelStart(at);
+            pane.setSelText(random.textPiece() + QString::fromUtf16(u"\u2192\U0001F600"));
+            pane.SaveFile(path);
+            const QByteArray saved = readFile(path);
+            if (!saved.startsWith(head) || !saved.endsWith(tail) || head + tail != bytes)
+                QFAIL(qPrintable(QStringLiteral("seed %1 case %2: %3 saved as %4")
+                                     .arg(run.seed)
+                                     .arg(i)
+                                     .arg(QString::fromLatin1(hexOf(bytes)),
+                                          QString::fromLatin1(hexOf(saved)))));
+        }
     }
 
     // A missing file, folder or name, or a folder in its place, raises 75; the pane keeps all.

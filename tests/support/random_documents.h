@@ -101,8 +101,9 @@ class RandomDocuments {
     static const std::vector<QByteArray>& anyPieces() {
         static const std::vector<QByteArray> pieces = [] {
             std::vector<QByteArray> all = validPieces();
-            for (const char* invalid : {"\xFF", "\xC3", "\xE9", "\x80", "\xC0\xAF", "\xED\xA0\x80",
-                                        "\xF4\x90\x80\x80", "\xA0\xE9\xFF"})
+            for (const char* invalid :
+                 {"\xFF", "\xC3", "\xE9", "\x80", "\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
+                  "\xA0\xE9\xFF", "\x93q\x94\x85", "\x81\x8D\x8F\x90\x9D"})
                 all.emplace_back(invalid);
             return all;
         }();
