@@ -34,7 +34,7 @@ class SilentPlatform : public tsl::Platform {
     QDateTime now() override { return QDateTime::currentDateTime(); }
     bool shellOpen(const QString&) override { return false; }
     bool startProgram(const QString&, const QStringList&) override { return false; }
-    bool startCommandLine(const QString&) override { return false; }
+    bool startCommandLine(const QString&, const QStringList&) override { return false; }
     struct NoTransfer : tsl::UrlTransfer {
         QString OpenURL(const QString&) override { fail(QStringLiteral("No network")); }
     } transfer_;

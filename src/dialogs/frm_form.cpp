@@ -73,6 +73,7 @@ std::vector<Label*> frmForm::panels() {
 
 void frmForm::Form_Load() {
     document = shell().ActiveForm();
+    cdOpen.InitDir = shell().OpenSave.InitDir;
     cmbImgAlign.setText(QStringLiteral("(None)"));
     if (!document) return;
     // The selection of the view the user works in becomes the text area's text.

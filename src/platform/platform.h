@@ -64,9 +64,10 @@ class Platform {
     virtual bool shellOpen(const QString& fileOrUrl) = 0;
     // Starts a program with arguments; false when it could not be started.
     virtual bool startProgram(const QString& program, const QStringList& arguments) = 0;
-    // Starts a program by a command line, as typed: the program and its arguments separated by
-    // blanks. False when it could not be started.
-    virtual bool startCommandLine(const QString& commandLine) = 0;
+    // Starts a program by a command line, as typed (the program and its arguments separated by
+    // blanks), and after them `arguments`, each one argument as it stands. False when it could
+    // not be started.
+    virtual bool startCommandLine(const QString& commandLine, const QStringList& arguments) = 0;
     // The internet transfer of the main window.
     virtual UrlTransfer& transfer() = 0;
     // A job on the system's default printer; null when the system has no printer.

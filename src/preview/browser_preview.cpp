@@ -64,9 +64,10 @@ void mnuFilePrevSec_Click(ShellCore& shell) {
         }
         // Only a changed file is asked about here, never an untitled one.
         if (doc.Tag == QLatin1String("Dirty")) offerSave(shell);
-        // The path goes on the command line as it stands, blanks and all.
-        if (!shell.platform().startCommandLine(browser + QStringLiteral(" ") +
-                                               doc.codebox().FileName()))
+        // The path reaches the browser as one argument, as it stands, blanks and all.
+        const QString path = doc.codebox().FileName();
+        if (!shell.platform().startCommandLine(browser,
+                                               path.isEmpty() ? QStringList() : QStringList{path}))
             raise(ErrFileNotFound);
         shell.OpenSave.InitDir = folder;
     });

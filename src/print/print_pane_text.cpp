@@ -1,7 +1,7 @@
 #include "print/print_pane_text.h"
 #include "runtime/resume.h"
-#include "shell/shell_core.h"
 #include "shell/command_registry.h"
+#include "shell/shell_core.h"
 #include <cmath>
 
 namespace tsl {
@@ -42,19 +42,15 @@ void PrintPaneText(SourcePane& pane, PrinterDevice& printer, int nLeftMargin, in
     printer.EndDoc();
 }
 
-QString noPrinterText() {
-    return QStringLiteral("There is no printer on this system to print to.");
-}
-
 void mnuFilePrint_Click(ShellCore& shell) {
     // One handler for the whole command: a cancel ends it, any other failure goes on with the
     // next statement, and a failure inside the paging abandons the job where it stood.
     Platform& platform = shell.platform();
     codeEditor* doc = shell.ActiveForm();
     if (!doc) return;
-    auto noPrinter = [&] { platform.msgBox(noPrinterText(), MsgIcon::Exclamation); };
+    // With no printer on the system the command does nothing, as any failure of a print.
     if (shell.bLayoutActive) {
-        if (!platform.defaultPrinter()) return noPrinter();
+        if (!platform.defaultPrinter()) return;
         resumeNext([&] { doc->DHTMLEdit1().PrintDocument(); });
     } else if (doc->tabEditor.SelectedTab() == 3) {
         // The browser asks for the printer in its own dialog.
@@ -65,7 +61,7 @@ void mnuFilePrint_Click(ShellCore& shell) {
     } else {
         std::unique_ptr<PrinterDevice> printer;
         resumeNext([&] { printer = platform.defaultPrinter(); });
-        if (!printer) return noPrinter();
+        if (!printer) return;
         resumeNext([&] {
             PrintPaneText(doc->codebox(), *printer, kOneInch, kOneInch, kOneInch, kOneInch);
         });

@@ -18,8 +18,6 @@ TwipsRect DrawingRect(const PrinterDevice& printer, int nLeftMargin, int nTopMar
 void PrintPaneText(SourcePane& pane, PrinterDevice& printer, int nLeftMargin, int nTopMargin,
                    int nRightMargin, int nBottomMargin);
 void mnuFilePrint_Click(ShellCore& shell);
-// Said when the system has no printer to send the job to.
-QString noPrinterText();
 
 void bindPrinting(ShellCore& shell, Commands& commands);
 

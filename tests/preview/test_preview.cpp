@@ -84,7 +84,7 @@ class PreviewTest : public QObject {
         QVERIFY(box.icon == MsgIcon::Exclamation && box.buttons == MsgButtons::OKCancel);
         QCOMPARE(box.title, QStringLiteral("Secondary Browser not defined"));
         QCOMPARE(ts.settings.get(keys::Browser, keys::BrowserLoc), QStringLiteral("/opt/b r"));
-        QCOMPARE(ts.platform.commandLines, QStringList{"/opt/b r " + path});
+        QCOMPARE(ts.platform.commandLines, QStringList{"/opt/b r [" + path + "]"});
         QCOMPARE(ts->OpenSave.InitDir, ts.dir.path() + u'/'); // the document's folder
         // Edited: asked, No still launches; untitled: not asked; a failed start: not a word.
         ts.platform.messages.clear();
@@ -98,7 +98,7 @@ class PreviewTest : public QObject {
         ts.run("mnuFilePrevSec");
         QCOMPARE(ts.platform.messageTexts(), QStringList{kQuestion});
         QCOMPARE(ts.platform.commandLines.mid(1),
-                 QStringList({"/opt/b r " + path, "/opt/b r ", "/opt/b r "}));
+                 QStringList({"/opt/b r [" + path + "]", "/opt/b r", "/opt/b r"}));
         QCOMPARE(ts->OpenSave.InitDir, QStringLiteral("kept"));
     }
 

@@ -68,8 +68,12 @@ QStringList ScriptedPlatform::messageTexts() const {
     return texts;
 }
 
-bool ScriptedPlatform::startCommandLine(const QString& commandLine) {
-    commandLines.append(commandLine);
+bool ScriptedPlatform::startCommandLine(const QString& commandLine, const QStringList& arguments) {
+    // Each argument in brackets, so that a test sees where one ends.
+    QString line = commandLine;
+    for (const QString& argument : arguments)
+        line += QStringLiteral(" [") + argument + u']';
+    commandLines.append(line);
     return shellSucceeds;
 }
 

@@ -124,7 +124,7 @@ class ScriptedPlatform : public Platform {
     QDateTime now() override { return clock; }
     bool shellOpen(const QString& target) override;
     bool startProgram(const QString& program, const QStringList& arguments) override;
-    bool startCommandLine(const QString& commandLine) override;
+    bool startCommandLine(const QString& commandLine, const QStringList& arguments) override;
     UrlTransfer& transfer() override { return useTransfer ? *useTransfer : transfer_; }
     // A real transfer in place of the scripted one.
     UrlTransfer* useTransfer = nullptr;

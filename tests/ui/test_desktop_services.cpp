@@ -32,8 +32,7 @@ void typeIntoTheDialog(const QString& name) {
 }
 
 // Shows an Open dialog in `folder` for `name`; answers the dialog as the program reads it.
-CommonDialog openDialogIn(const QString& folder, const QString& name) {
-    QtPlatform platform;
+CommonDialog openDialogIn(QtPlatform& platform, const QString& folder, const QString& name) {
     CommonDialog dialog(platform);
     dialog.Flags = 524802; // Explorer, several files, overwrite prompt: as File > Open sets it
     dialog.InitDir = folder;
@@ -134,8 +133,12 @@ class DesktopServicesTest : public QObject {
   private slots:
     void init() { dir.emplace(); }
     void aTypedNameThatDoesNotExistIsTaken() {
-        const CommonDialog dialog = openDialogIn(dir->path(), u"missing.htm"_s);
+        QtPlatform platform;
+        const CommonDialog dialog = openDialogIn(platform, dir->path(), u"missing.htm"_s);
         QCOMPARE(dialog.FileName, dir->filePath(u"missing.htm"_s));
+        // A dialog with no folder of its own starts where the last one was left.
+        QCOMPARE(openDialogIn(platform, QString(), u"other.htm"_s).FileName,
+                 dir->filePath(u"other.htm"_s));
         QCOMPARE(dialog.FileTitle, u"missing.htm"_s);
         QCOMPARE(dialog.FilterIndex, 2); // the filter shown, counted from 1
         // The dialog lists a filter's patterns in its brackets; a name without patterns goes.
@@ -143,12 +146,27 @@ class DesktopServicesTest : public QObject {
                  (QStringList{"HTML Files (*.htm *.html)", "All (*)"}));
     }
 
+    // A browser's command line as typed, then the page's path as one argument, blanks and all.
+    void aPathWithBlanksIsOneArgument() {
+        const QString script = dir->filePath(u"browser"_s);
+        const QString out = dir->filePath(u"args"_s);
+        writeFileBytes(script, "#!/bin/sh\nprintf '%s|' \"$#\" \"$@\" > \"$1.args\"\n");
+        QFile::setPermissions(script, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+        QtPlatform platform;
+        QVERIFY(
+            platform.startCommandLine(script + u" "_s + out, {dir->filePath(u"my page.htm"_s)}));
+        QTRY_COMPARE(readFile(out + u".args"_s),
+                     "2|" + QFile::encodeName(out) + "|" +
+                         QFile::encodeName(dir->filePath(u"my page.htm"_s)) + "|");
+    }
+
     void aNameTheToolkitCannotReadComesBackWhole() {
         const QByteArray raw = QFile::encodeName(dir->path()) + "/caf\xE9.htm";
         const int fd = ::open(raw.constData(), O_WRONLY | O_CREAT, 0644);
         QVERIFY(fd >= 0);
         ::close(fd);
-        const CommonDialog dialog = openDialogIn(dir->path(), u"caf\uFFFD.htm"_s);
+        QtPlatform platform;
+        const CommonDialog dialog = openDialogIn(platform, dir->path(), u"caf\uFFFD.htm"_s);
         QCOMPARE(fileNameBytes(dialog.FileName), raw);
     }
 

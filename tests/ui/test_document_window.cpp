@@ -181,6 +181,27 @@ class DocumentWindowTest : public QObject {
         QVERIFY(p.text().contains(u"<body>\n<v>\n</body>"_s));
     }
 
+    // The keyboard opens the Edit popup at the caret, by the menu key or by Shift+F10.
+    void theKeyboardOpensThePopupAtTheCaret() {
+        Program p;
+        p.box()->setFocus();
+        p.pane().setSelStart(60);
+        const QPoint caret = p.box()->viewport()->mapToGlobal(p.box()->cursorRect(60).bottomLeft());
+        QCursor::setPos(caret + QPoint(300, 200));
+        for (bool menuKey : {true, false}) {
+            // The desktop turns the menu key into a keyboard context menu event.
+            QContextMenuEvent fromMenuKey(QContextMenuEvent::Keyboard, QPoint());
+            if (menuKey)
+                QApplication::sendEvent(p.box(), &fromMenuKey);
+            else
+                QTest::keyClick(p.box(), Qt::Key_F10, Qt::ShiftModifier);
+            QMenu* menu = nullptr;
+            QTRY_VERIFY((menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())));
+            QCOMPARE(menu->pos(), caret);
+            menu->close();
+        }
+    }
+
     // Cut is there while text is selected, by keys or by the mouse, from the moment it presses.
     void cutFollowsTheSelectionInThePane() {
         Program p;

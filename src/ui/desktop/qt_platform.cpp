@@ -185,6 +185,7 @@ bool QtPlatform::showFileDialog(CommonDialog& dialog, bool save) {
     }
     if (!dialog.DefaultExt.isEmpty()) box.setDefaultSuffix(dialog.DefaultExt);
     QString folder = dialog.InitDir;
+    if (folder.isEmpty() || !QFileInfo(folder).isDir()) folder = lastFolder_;
     if (folder.isEmpty() || !QFileInfo(folder).isDir()) folder = QDir::homePath();
     box.setDirectory(folder);
     if (!dialog.FileName.isEmpty()) box.selectFile(dialog.FileName);
@@ -206,6 +207,7 @@ bool QtPlatform::showFileDialog(CommonDialog& dialog, bool save) {
         dialog.FileName = parts.join(QChar(0));
     }
     dialog.FileTitle = QFileInfo(chosen.first()).fileName();
+    lastFolder_ = QFileInfo(chosen.first()).absolutePath();
     return true;
 }
 
@@ -259,10 +261,10 @@ bool QtPlatform::startProgram(const QString& program, const QStringList& argumen
     return QProcess::startDetached(program, arguments);
 }
 
-bool QtPlatform::startCommandLine(const QString& commandLine) {
+bool QtPlatform::startCommandLine(const QString& commandLine, const QStringList& arguments) {
     const QStringList words = splitCommandLine(commandLine);
     if (words.isEmpty()) return false;
-    return QProcess::startDetached(words.first(), words.mid(1));
+    return QProcess::startDetached(words.first(), words.mid(1) + arguments);
 }
 
 QStringList splitCommandLine(const QString& commandLine) {

@@ -34,7 +34,7 @@ class QtPlatform : public QObject, public Platform {
     QDateTime now() override;
     bool shellOpen(const QString& fileOrUrl) override;
     bool startProgram(const QString& program, const QStringList& arguments) override;
-    bool startCommandLine(const QString& commandLine) override;
+    bool startCommandLine(const QString& commandLine, const QStringList& arguments) override;
     UrlTransfer& transfer() override { return transfer_; }
     std::unique_ptr<PrinterDevice> defaultPrinter() override;
     void showHelp(const QString& helpFile) override;
@@ -49,6 +49,9 @@ class QtPlatform : public QObject, public Platform {
     QPointer<QWidget> mainWindow_;
     // Kept current from the clipboard's own signal: the caret reads it on every move.
     QString clipboard_;
+    // The folder of the file last chosen in a file dialog: where a dialog with no folder of
+    // its own starts, as the desktop's file dialogs go on where the user left them.
+    QString lastFolder_;
     NetTransfer transfer_;
 };
 

@@ -136,6 +136,12 @@ bool CodeBox::event(QEvent* event) {
 }
 
 void CodeBox::keyPressEvent(QKeyEvent* event) {
+    // Shift+F10 opens the popup as the menu key does; the toolkit knows only the latter.
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        requestKeyboardPopup();
+        event->accept();
+        return;
+    }
     const bool already = keyDownDone_;
     keyDownDone_ = false;
     if (already ? swallowKey_ : !runKeyDown(event)) {
@@ -200,8 +206,15 @@ void CodeBox::mouseReleaseEvent(QMouseEvent* event) {
 
 void CodeBox::contextMenuEvent(QContextMenuEvent* event) {
     // The popup comes from the right button's release; the menu key asks for it too.
-    if (event->reason() == QContextMenuEvent::Keyboard && docGuard_) emit doc_->editMenuRequested();
+    if (event->reason() == QContextMenuEvent::Keyboard) requestKeyboardPopup();
     event->accept();
+}
+
+void CodeBox::requestKeyboardPopup() {
+    if (!docGuard_) return;
+    const QRect caret = cursorRect(position());
+    keyboardPopup_ = viewport()->mapToGlobal(caret.bottomLeft());
+    emit doc_->editMenuRequested();
 }
 
 QMimeData* CodeBox::createMimeDataFromSelection() const {

@@ -6,6 +6,8 @@
 #include "editor/surfaces.h"
 #include "ui/source/text_view.h"
 #include <QPointer>
+#include <optional>
+#include <utility>
 
 namespace tsl {
 
@@ -30,6 +32,9 @@ class CodeBox : public TextView {
 
     // Mime data that a drop can tell comes from this pane.
     QMimeData* createMimeDataFromSelection() const override;
+    // Where the Edit popup goes when the keyboard asked for it (the menu key, Shift+F10): at
+    // the caret, in screen coordinates. Empty when a mouse asked; taken once.
+    std::optional<QPoint> takeKeyboardPopup() { return std::exchange(keyboardPopup_, {}); }
 
   protected:
     void replaceByUser(int start, int end, const QString& text) override;
@@ -45,6 +50,8 @@ class CodeBox : public TextView {
     friend class QtSourcePane;
     // Runs KeyDown of the window and of the pane; false when they swallowed the key.
     bool runKeyDown(QKeyEvent* event);
+    void requestKeyboardPopup();
+    std::optional<QPoint> keyboardPopup_;
     void selectionMoved();
     std::function<bool(const QKeySequence&)> isMenuShortcut_;
     QPointer<QObject> docGuard_;

@@ -1,8 +1,8 @@
 #include "ui/window/main_window.h"
 #include "shell/shell_mdi.h"
-#include "ui/window/document_view.h"
 #include "ui/desktop/icons.h"
 #include "ui/source/source_editor.h"
+#include "ui/window/document_view.h"
 #include "ui/window/tag_pane.h"
 #include <QAction>
 #include <QApplication>
@@ -123,7 +123,8 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     connect(&shell, &ShellMDI::drawingFrozen, this,
             [this](bool frozen) { mdi_->setUpdatesEnabled(!frozen); });
     connect(&shell, &ShellMDI::paneChanged, this, &ShellWindow::syncPane);
-    connect(&shell, &ShellMDI::popupMenuRequested, this, &ShellWindow::showPopup);
+    connect(&shell, &ShellMDI::popupMenuRequested, this,
+            [this](const QString& menuName) { showPopup(menuName, QCursor::pos()); });
     connect(&shell, &ShellMDI::arrangeRequested, this, &ShellWindow::arrange);
     connect(&shell, &ShellMDI::exitAccepted, this, [this] {
         exiting_ = true;
@@ -228,8 +229,11 @@ void ShellWindow::addDocument(codeEditor* doc) {
         activateDocument(doc);
         if (pane) pane->widget()->setFocus();
     });
-    connect(doc, &codeEditor::editMenuRequested, this,
-            [this] { showPopup(QStringLiteral("mnuEdit")); });
+    connect(doc, &codeEditor::editMenuRequested, this, [this, pane] {
+        // At the caret when the keyboard asked, else at the pointer.
+        const std::optional<QPoint> at = pane ? pane->widget()->takeKeyboardPopup() : std::nullopt;
+        showPopup(QStringLiteral("mnuEdit"), at.value_or(QCursor::pos()));
+    });
     windows_.insert(doc, window);
     connect(window, &QMdiSubWindow::windowStateChanged, this, &ShellWindow::updateTitle);
     activating_ = true;
@@ -308,14 +312,14 @@ void ShellWindow::syncPane() {
     pane_->setFixedWidth(pixels(shell_.Picture1Width));
 }
 
-void ShellWindow::showPopup(const QString& menuName) {
+void ShellWindow::showPopup(const QString& menuName, const QPoint& at) {
     QMenu* menu = menus_.menuNamed(menuName);
     if (!menu) return;
     if (QMenu* arrow = menus_.pendingArrowMenu()) {
         arrow->addActions(menu->actions());
         return;
     }
-    menu->popup(QCursor::pos());
+    menu->popup(at);
 }
 
 void ShellWindow::fillWindowList() {

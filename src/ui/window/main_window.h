@@ -70,7 +70,9 @@ class ShellWindow : public QMainWindow {
     void syncTabs();
     void syncPane();
     void syncBands();
-    void showPopup(const QString& menuName);
+    // A menu as a popup, at a point of the screen (the pointer's, or the caret's when the
+    // keyboard asked).
+    void showPopup(const QString& menuName, const QPoint& at);
     void fillWindowList();
     // The Window menu's arrangements, by the logic's codes.
     void arrange(int code);
