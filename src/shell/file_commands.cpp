@@ -90,6 +90,21 @@ void ShellMDI::mnuFileOpen_Click() {
             return;
         }
     }
+    openChosenFiles();
+}
+
+void ShellMDI::openDroppedFiles(const QStringList& paths) {
+    // Each file as if chosen alone in the Open dialog.
+    for (const QString& path : paths) {
+        List1.Clear();
+        CurrentDocument = ActiveForm();
+        OpenSave.FileName = path;
+        OpenSave.FileTitle = fileTitleOf(path);
+        openChosenFiles();
+    }
+}
+
+void ShellMDI::openChosenFiles() {
     const QString result = OpenSave.FileName;
     // A dialog left without an error on Cancel (after Save All) gives an empty name.
     if (result.isEmpty()) return;

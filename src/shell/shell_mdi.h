@@ -40,6 +40,8 @@ class ShellMDI : public ShellCore {
     void NewHtmlDocument() { newDocument(true); }
     void NewCssDocument() { newDocument(false); }
     void mnuFileOpen_Click();
+    // Files dropped on the main window, opened as File > Open opens a file.
+    void openDroppedFiles(const QStringList& paths);
     void mnuFileSave_Click();
     void mnuFileSaveas_Click();
     void mnuFileSaveAll_Click();
@@ -61,6 +63,8 @@ class ShellMDI : public ShellCore {
     quint32 nRndState = 327680;
 
   private:
+    // The files named in OpenSave.FileName, one or several, opened in their windows.
+    void openChosenFiles();
     void buildMenus();
     void buildToolbars();
     // Command table helpers: the bands and a view toggle.

@@ -4,6 +4,7 @@
 #include "ui/kit/menu_binder.h"
 #include "ui/window/tag_pane.h"
 #include "ui_helpers.h"
+#include <unistd.h>
 
 using namespace tsl;
 using namespace tsl::test;
@@ -179,6 +180,35 @@ class DocumentWindowTest : public QObject {
         p.platform.clipboard = u"v"_s;
         p.key(Qt::Key_V, Qt::ControlModifier);
         QVERIFY(p.text().contains(u"<body>\n<v>\n</body>"_s));
+    }
+
+    // Files dragged from a file manager open as documents; the text under them stays.
+    void droppedFilesOpen() {
+        Program p;
+        p.box()->setFocus();
+        QTest::keyClicks(p.box(), u"x"_s);
+        const QString typed = p.text();
+        const QString page = writeFile(*dir, u"a page.htm"_s, "<p>dropped</p>");
+        const QString sheet = writeFile(*dir, fileNameFromBytes("caf\xE9.css"), "p {}");
+        QMimeData mime;
+        // A name that is not UTF-8 comes percent-encoded, as file managers send it.
+        mime.setUrls(
+            {QUrl::fromLocalFile(page),
+             QUrl::fromEncoded("file://" + QFile::encodeName(dir->path()).toPercentEncoding("/") +
+                               "/caf%E9.css")});
+        mime.setText(u"file:///somewhere"_s);
+        QWidget* target = p.box()->viewport();
+        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &drop);
+        QStringList opened;
+        for (codeEditor* doc : p.shell().documents())
+            opened.append(doc->codebox().Text());
+        QCOMPARE(opened, QStringList({typed, "<p>dropped</p>", "p {}"}));
+        QCOMPARE(p.shell().ActiveForm()->codebox().FileName(), sheet);
+        ::unlink(fileNameBytes(sheet).constData()); // a name the toolkit cannot remove
     }
 
     // The keyboard opens the Edit popup at the caret, by the menu key or by Shift+F10.

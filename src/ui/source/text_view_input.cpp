@@ -1,4 +1,5 @@
 // What the user does in a TextView: keys, the mouse, the wheel, drag and drop, input methods.
+#include "ui/desktop/dropped_files.h"
 #include "ui/source/text_moves.h"
 #include "ui/source/text_view.h"
 #include <QApplication>
@@ -502,7 +503,8 @@ void TextView::startDrag() {
 }
 
 void TextView::dragEnterEvent(QDragEnterEvent* event) {
-    if (!event->mimeData()->hasText()) {
+    // Files go to the window, which opens them.
+    if (!event->mimeData()->hasText() || !droppedFiles(event->mimeData()).isEmpty()) {
         event->ignore();
         return;
     }
@@ -512,7 +514,7 @@ void TextView::dragEnterEvent(QDragEnterEvent* event) {
 }
 
 void TextView::dragMoveEvent(QDragMoveEvent* event) {
-    if (!event->mimeData()->hasText()) {
+    if (!event->mimeData()->hasText() || !droppedFiles(event->mimeData()).isEmpty()) {
         event->ignore();
         return;
     }
@@ -533,7 +535,7 @@ void TextView::dropEvent(QDropEvent* event) {
     dropCaret_ = -1;
     viewport()->update();
     const QMimeData* mime = event->mimeData();
-    if (!mime->hasText()) {
+    if (!mime->hasText() || !droppedFiles(mime).isEmpty()) {
         event->ignore();
         return;
     }

@@ -1,5 +1,6 @@
 #include "ui/window/main_window.h"
 #include "shell/shell_mdi.h"
+#include "ui/desktop/dropped_files.h"
 #include "ui/desktop/icons.h"
 #include "ui/source/source_editor.h"
 #include "ui/window/document_view.h"
@@ -8,6 +9,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMdiArea>
@@ -43,6 +46,7 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     : QMainWindow(parent), shell_(shell), menus_(shell) {
     setObjectName(QStringLiteral("ShellMDI"));
     setWindowTitle(QStringLiteral("Tessaline"));
+    setAcceptDrops(true);
     menus_.iconForKey = menuIcon;
     // Recent files but the first get a picture of the menu set, by the logic's choice.
     shell_.nMenuIconCount = static_cast<int>(menuIconKeys().size());
@@ -310,6 +314,18 @@ void ShellWindow::syncPane() {
     pane_->setVisible(shell_.Picture1.Visible());
     sizer_->setVisible(shell_.Picture1.Visible());
     pane_->setFixedWidth(pixels(shell_.Picture1Width));
+}
+
+void ShellWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (droppedFiles(event->mimeData()).isEmpty()) return event->ignore();
+    event->acceptProposedAction();
+}
+
+void ShellWindow::dropEvent(QDropEvent* event) {
+    const QStringList paths = droppedFiles(event->mimeData());
+    if (paths.isEmpty()) return event->ignore();
+    event->acceptProposedAction();
+    shell_.dispatch([&] { shell_.openDroppedFiles(paths); });
 }
 
 void ShellWindow::showPopup(const QString& menuName, const QPoint& at) {
