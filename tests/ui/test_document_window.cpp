@@ -182,6 +182,28 @@ class DocumentWindowTest : public QObject {
         QVERIFY(p.text().contains(u"<body>\n<v>\n</body>"_s));
     }
 
+    // The window comes back as it was left, with the tag pane's width; the first time it fits
+    // the screen.
+    void theWindowComesBackAsItWasLeft() {
+        MemorySettingsStore kept;
+        {
+            Program p;
+            const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+            QVERIFY(screen.contains(p.window().frameGeometry().topLeft()));
+            QVERIFY(p.window().width() <= screen.width() && p.window().height() <= screen.height());
+            p.window().resize(640, 480);
+            p.shell().Picture1Width = 3300;
+            p.trigger(u"mnuFileExit"_s);
+            QTRY_VERIFY(!p.window().isVisible());
+            kept = p.settings;
+        }
+        Program again(false);
+        again.settings = kept;
+        again.start();
+        QCOMPARE(again.window().size(), QSize(640, 480));
+        QCOMPARE(again.shell().Picture1Width, 3300);
+    }
+
     // Files dragged from a file manager open as documents; the text under them stays.
     void droppedFilesOpen() {
         Program p;

@@ -11,11 +11,13 @@
 #include <QCursor>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTimer>
@@ -131,6 +133,7 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
             [this](const QString& menuName) { showPopup(menuName, QCursor::pos()); });
     connect(&shell, &ShellMDI::arrangeRequested, this, &ShellWindow::arrange);
     connect(&shell, &ShellMDI::exitAccepted, this, [this] {
+        saveWindowPlace();
         exiting_ = true;
         QTimer::singleShot(0, this, &QWidget::close);
     });
@@ -140,8 +143,33 @@ ShellWindow::ShellWindow(ShellMDI& shell, QWidget* parent)
     if (QMenu* window = menus_.menuNamed(QStringLiteral("mnuWindow")))
         connect(window, &QMenu::aboutToShow, this, &ShellWindow::fillWindowList);
 
-    resize(1000, 700);
+    restoreWindowPlace();
     syncPane();
+}
+
+namespace {
+const QString kWindowSection = QStringLiteral("Window");
+const QString kGeometryKey = QStringLiteral("Geometry");
+const QString kTagListWidthKey = QStringLiteral("TagListWidth");
+} // namespace
+
+void ShellWindow::restoreWindowPlace() {
+    SettingsStore& settings = shell_.settings();
+    const int width = settings.get(kWindowSection, kTagListWidthKey).toInt();
+    if (width > 0) shell_.Picture1Width = width;
+    const QByteArray geometry =
+        QByteArray::fromBase64(settings.get(kWindowSection, kGeometryKey).toLatin1());
+    if (!geometry.isEmpty() && restoreGeometry(geometry)) return;
+    // The first time: a good size, but never more than the screen holds (at any scale).
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    resize(QSize(1000, 700).boundedTo(screen.size() * 0.9));
+    move(screen.center() - rect().center());
+}
+
+void ShellWindow::saveWindowPlace() {
+    SettingsStore& settings = shell_.settings();
+    settings.save(kWindowSection, kGeometryKey, QString::fromLatin1(saveGeometry().toBase64()));
+    settings.save(kWindowSection, kTagListWidthKey, QString::number(shell_.Picture1Width));
 }
 
 ShellWindow::~ShellWindow() {

@@ -72,6 +72,9 @@ class ShellWindow : public QMainWindow {
     void removeDocument(codeEditor* doc);
     void syncTabs();
     void syncPane();
+    // The window's size, place and state and the tag pane's width, kept between runs.
+    void restoreWindowPlace();
+    void saveWindowPlace();
     void syncBands();
     // A menu as a popup, at a point of the screen (the pointer's, or the caret's when the
     // keyboard asked).
