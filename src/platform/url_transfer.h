@@ -30,8 +30,11 @@ class UrlTransfer {
     // connection, no answer in time) icError is reported and a run-time error is raised.
     virtual QString OpenURL(const QString& url) = 0;
     std::function<void(int state)> StateChanged;
+    // True while OpenURL waits for the response: nothing else may run until it returns.
+    bool Busy() const { return busy_; }
 
   protected:
+    bool busy_ = false;
     // Reports icError and raises the failure of OpenURL.
     [[noreturn]] void fail(const QString& description);
     void raiseStateChanged(int state) {

@@ -1,4 +1,5 @@
 #include "shell/shell_core.h"
+#include "platform/url_transfer.h"
 #include "runtime/int16.h"
 #include "runtime/resume.h"
 #include <algorithm>
@@ -22,6 +23,9 @@ ShellCore::~ShellCore() {
 }
 
 bool ShellCore::dispatch(const std::function<void()>& handler) {
+    // While a page is fetched nothing else runs, not even what an assistive tool sets off:
+    // the wait takes no input, but such actions do not come as input.
+    if (platform_.transfer().Busy()) return false;
     // Windows closed by earlier commands are freed here, where no handler holds them.
     if (dispatchDepth_ == 0) closed_.clear();
     ++dispatchDepth_;

@@ -213,7 +213,16 @@ class DesktopServicesTest : public QObject {
                                         : u"http://no-such-host.invalid/page.html"_s;
         closed.close();
         Fetch f(url, 1500);
+        // A command set off during the wait, as an assistive tool sets one off, does not run.
+        bool ranDuring = false;
+        QTimer during;
+        during.setSingleShot(true);
+        connect(&during, &QTimer::timeout, this,
+                [&] { ranDuring = f.ts->dispatch([&] { f.ts.run("mnuFileNewHTML"); }); });
+        if (kind == 1) during.start(300);
         f.ts.run("mnuNet");
+        QVERIFY(!ranDuring);
+        QVERIFY(!during.isActive());
         QCOMPARE(f.ts.platform.messageTexts(), QStringList{kFailed});
         QCOMPARE(f.ts->StatusBar1.PanelText(1), QString());
         QCOMPARE(f.ts->documents().size(), size_t(1));

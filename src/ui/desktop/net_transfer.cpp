@@ -5,12 +5,15 @@
 #include <QHostInfo>
 #include <QNetworkReply>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QTimer>
 #include <memory>
 
 namespace tsl {
 
 QString NetTransfer::OpenURL(const QString& address) {
+    busy_ = true;
+    const auto done = qScopeGuard([this] { busy_ = false; });
     const QUrl url = QUrl::fromUserInput(address.trimmed());
     if (!url.isValid()) fail(QStringLiteral("Invalid address"));
     const QDeadlineTimer deadline(timeoutMs_);
