@@ -204,6 +204,32 @@ class DocumentWindowTest : public QObject {
         QCOMPARE(again.shell().Picture1Width, 3300);
     }
 
+    // In a dark theme the tag names and the toolbar pictures stay readable; the tag pane starts
+    // wide enough for its widest tag, and colour boxes for a whole colour.
+    void aDarkThemeStaysReadable() {
+        const QPalette light = QApplication::palette();
+        QPalette dark = light;
+        dark.setColor(QPalette::Window, QColor(0x2D, 0x2D, 0x2D));
+        dark.setColor(QPalette::Base, QColor(0x1E, 0x1E, 0x1E));
+        QApplication::setPalette(dark);
+        const auto restore = qScopeGuard([&] { QApplication::setPalette(light); });
+        Program p;
+        TagListView* tags = p.window().tagPane()->list();
+        const QColor text = tags->palette().color(QPalette::Text);
+        QVERIFY2(text.lightness() > 128 && text.hue() > 200 && text.hue() < 260,
+                 qPrintable(text.name()));
+        QVERIFY(readableOnBase(QColor(0, 0, 255), light) == QColor(0, 0, 255));
+        QPixmap glyph(2, 1);
+        glyph.fill(Qt::black);
+        QCOMPARE(forTheme(glyph).toImage().pixelColor(0, 0).lightness(), 255);
+        QVERIFY(p.window().tagPane()->minimumWidth() > tags->sizeHintForColumn(0));
+        QVERIFY(p.fromMenu("mnuEditProperties", [](FormDialog& d) {
+            auto* back = UiProgram::child<QLineEdit>(d, "Back");
+            QVERIFY(back->width() > back->fontMetrics().horizontalAdvance(back->text()));
+            press(d, "Cancel");
+        }));
+    }
+
     // Files dragged from a file manager open as documents; the text under them stays.
     void droppedFilesOpen() {
         Program p;

@@ -22,6 +22,7 @@
 #include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace tsl::kit {
 
@@ -172,7 +173,13 @@ Item Text(TextBox& box, int width) {
     return [&box, width](Builder& b) {
         auto* edit = new QLineEdit;
         b.bind.textBox(box, edit);
-        if (width > 0) edit->setFixedWidth(width);
+        // A box as wide as asked, and never too narrow for as much as may be typed in it in
+        // the desktop's font ("#C0C0C0" whole in a colour box).
+        const int room = box.MaxLength > 0
+                             ? edit->fontMetrics().horizontalAdvance(QString(box.MaxLength, u'D')) +
+                                   edit->textMargins().left() + edit->textMargins().right() + 14
+                             : 0;
+        if (width > 0) edit->setFixedWidth(std::max(width, room));
         return Builder::field(edit);
     };
 }

@@ -2,6 +2,7 @@
 #include "gadgets/menu_item.h"
 #include "gadgets/toolbar.h"
 #include "shell/dialog_context.h"
+#include "ui/desktop/icons.h"
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
@@ -124,7 +125,7 @@ QToolBar* MenuBinder::buildToolBar(cToolbar& model, const QString& title,
     bar->setObjectName(model.name());
     const int size = model.imageSize();
     bar->setIconSize(QSize(size, size));
-    const QPixmap strip(programFolder + QLatin1Char('/') + model.ImageFile);
+    const QPixmap strip = forTheme(QPixmap(programFolder + QLatin1Char('/') + model.ImageFile));
     // Strips are drawn at a multiple of the button size for high-density screens; the height
     // tells which.
     const int scale = strip.isNull() ? 1 : std::max(1, strip.height() / size);

@@ -18,6 +18,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTimer>
@@ -156,7 +157,15 @@ const QString kTagListWidthKey = QStringLiteral("TagListWidth");
 void ShellWindow::restoreWindowPlace() {
     SettingsStore& settings = shell_.settings();
     const int width = settings.get(kWindowSection, kTagListWidthKey).toInt();
-    if (width > 0) shell_.Picture1Width = width;
+    if (width > 0) {
+        shell_.Picture1Width = width;
+    } else {
+        // The first time the pane is as wide as its widest tag in the desktop's font.
+        TagListView* list = pane_->list();
+        const int needed = list->sizeHintForColumn(0) + 2 * list->frameWidth() +
+                           list->verticalScrollBar()->sizeHint().width() + 8;
+        shell_.Picture1Width = std::max(shell_.Picture1Width, needed * 1440 / logicalDpiX());
+    }
     const QByteArray geometry =
         QByteArray::fromBase64(settings.get(kWindowSection, kGeometryKey).toLatin1());
     if (!geometry.isEmpty() && restoreGeometry(geometry)) return;

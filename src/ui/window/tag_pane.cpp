@@ -1,6 +1,7 @@
 #include "ui/window/tag_pane.h"
 #include "markup/tag_list.h"
 #include "shell/shell_core.h"
+#include "ui/desktop/icons.h"
 #include <QDrag>
 #include <QKeyEvent>
 #include <QLabel>
@@ -19,9 +20,9 @@ TagListView::TagListView(ShellCore& shell, QWidget* parent)
     setDragEnabled(true);
     setDragDropMode(QAbstractItemView::DragOnly);
     setSelectionMode(QAbstractItemView::SingleSelection);
-    // Tag names stand in blue.
+    // Tag names stand in blue, a blue that reads on the desktop's base colour.
     QPalette colours = palette();
-    colours.setColor(QPalette::Text, QColor(0, 0, 255));
+    colours.setColor(QPalette::Text, readableOnBase(QColor(0, 0, 255), colours));
     setPalette(colours);
     const auto fill = [this] {
         const QStringList& items = tags_.tvwTags.items();
