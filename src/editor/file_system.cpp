@@ -184,6 +184,17 @@ void writeInPlace(const QByteArray& target, const std::function<void(const ByteS
 }
 } // namespace
 
+FileStamp stampOf(const QString& path) {
+    FileStamp stamp;
+    struct stat info {};
+    if (path.isEmpty() || ::stat(fileNameBytes(path).constData(), &info) != 0) return stamp;
+    stamp.exists = true;
+    stamp.size = info.st_size;
+    stamp.modified = qint64(info.st_mtim.tv_sec) * 1000000000 + info.st_mtim.tv_nsec;
+    stamp.inode = info.st_ino;
+    return stamp;
+}
+
 void removeStrayCopies(const QString& path) {
     if (!path.startsWith(QLatin1Char('/'))) return; // only a file's full name says where to look
     QByteArray target = fileNameBytes(path);

@@ -25,6 +25,20 @@ void writeFileBytes(const QString& path, const QByteArray& bytes,
 using ByteSink = std::function<void(const QByteArray&)>;
 void writeFilePieces(const QString& path, const std::function<void(const ByteSink&)>& produce,
                      Durability durability = Durability::Now);
+// What a file on the disk is now, to tell whether another program changed it since.
+struct FileStamp {
+    bool exists = false;
+    qint64 size = 0;
+    qint64 modified = 0; // nanoseconds
+    quint64 inode = 0;
+    bool operator==(const FileStamp& other) const {
+        return exists == other.exists && size == other.size && modified == other.modified &&
+               inode == other.inode;
+    }
+    bool operator!=(const FileStamp& other) const { return !(*this == other); }
+};
+FileStamp stampOf(const QString& path);
+
 // Takes away the copies of a file that a save cut short left beside it (hidden, by its name).
 void removeStrayCopies(const QString& path);
 // Puts on the disk what was written to the file systems of these files.

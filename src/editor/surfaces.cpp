@@ -25,12 +25,32 @@ int SourcePane::Find(const QString& what, int start, int end, int options) {
     }
 }
 
+void SourcePane::setFileName(const QString& path) {
+    fileName_ = path;
+    if (path == writtenPath_) {
+        stampedPath_ = path;
+        stamp_ = written_;
+    }
+}
+
+bool SourcePane::changedOnDisk() const {
+    return !fileName_.isEmpty() && stampedPath_ == fileName_ && stampOf(fileName_) != stamp_;
+}
+
+void SourcePane::acceptDiskState() {
+    stampedPath_ = fileName_;
+    stamp_ = stampOf(fileName_);
+}
+
 void SourcePane::LoadFile(const QString& path, int) {
+    const FileStamp before = stampOf(path);
     DecodedText decoded = decodeText(readFileBytes(path), textKindOf(path));
     format_ = decoded.format;
     setText(decoded.text);
     setSelStart(0);
     fileName_ = path;
+    stampedPath_ = path;
+    stamp_ = before;
 }
 
 void SourcePane::SaveFile(const QString& path, int) {
@@ -42,6 +62,9 @@ void SourcePane::SaveFile(const QString& path, int) {
     TextFormat format = format_;
     format.kind = textKindOf(path);
     writeFilePieces(path, [&](const ByteSink& sink) { encodeTextInPieces(text, format, sink); });
+    writtenPath_ = path;
+    written_ = stampOf(path);
+    if (path == fileName_) setFileName(path);
 }
 
 void DetachedLayout::pasteHTML(const QString& markup) {

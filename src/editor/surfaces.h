@@ -41,8 +41,12 @@ class SourcePane {
     void LoadFile(const QString& path, int fileType = 1);
     void SaveFile(const QString& path, int fileType = 1);
     const QString& FileName() const { return fileName_; }
-    void setFileName(const QString& path) { fileName_ = path; }
+    void setFileName(const QString& path);
     const TextFormat& fileFormat() const { return format_; }
+    // The file was changed or removed by another program since the pane last read or wrote it.
+    bool changedOnDisk() const;
+    // The file as it is now is taken as known: no more news of it until it changes again.
+    void acceptDiskState();
 
     // Twips: 0 wraps at the pane's edge, a large margin does not wrap.
     virtual int RightMargin() const { return rightMargin_; }
@@ -66,6 +70,12 @@ class SourcePane {
   private:
     QString fileName_;
     TextFormat format_;
+    // The file as this pane last read or wrote it, and the last file it wrote (a Save As
+    // names the document after the write).
+    QString stampedPath_;
+    FileStamp stamp_;
+    QString writtenPath_;
+    FileStamp written_;
     int rightMargin_ = 0;
     QString fontName_;
     double fontSize_ = 9;

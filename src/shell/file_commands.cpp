@@ -198,6 +198,8 @@ void ShellMDI::mnuFileSave_Click() {
         const Int16 caret = toInt16(pane.SelStart());
         OpenSave.FileName.clear();
         if (!pane.FileName().isEmpty()) {
+            // A change another program made to the file is not overwritten unasked.
+            if (!mayOverwriteChangedFile(doc)) return;
             if (bLayoutActive) pane.setText(doc.DHTMLEdit1().DocumentHTML());
             pane.SaveFile(pane.FileName(), 1);
             doc.Tag = QStringLiteral("Clean");

@@ -1,4 +1,5 @@
 #include "shell/shell_core.h"
+#include "editor/file_system.h"
 #include "platform/url_transfer.h"
 #include "runtime/int16.h"
 #include "runtime/resume.h"
@@ -98,7 +99,10 @@ void ShellCore::bringToFront(codeEditor* doc) {
     zOrder_.insert(zOrder_.begin(), doc);
     if (!doc->isShown()) return;
     emit documentActivated(doc);
-    if (changed) doc->Form_Activate();
+    if (changed) {
+        doc->Form_Activate();
+        checkFileOnDisk(*doc);
+    }
 }
 
 bool ShellCore::unloadDocument(codeEditor* doc) {
@@ -159,7 +163,46 @@ void ShellCore::TabStrip1_Click() {
     LockWindowUpdate(false);
 }
 
+void ShellCore::checkFileOnDisk(codeEditor& doc) {
+    SourcePane& pane = doc.codebox();
+    // Layout works on a copy of its own; the text is checked once Source shows it again.
+    if (bLayoutActive || !pane.changedOnDisk()) return;
+    const QString path = pane.FileName();
+    pane.acceptDiskState();
+    if (!stampOf(path).exists) {
+        platform_.msgBox(QStringLiteral("The file ") + path +
+                             QStringLiteral(" is no longer on the disk: another program moved "
+                                            "or removed it. Its text stays open here; save it "
+                                            "to keep it."),
+                         MsgIcon::Exclamation);
+        return;
+    }
+    if (doc.Tag == QLatin1String("Dirty") &&
+        platform_.msgBox(QStringLiteral("The file ") + path +
+                             QStringLiteral(" has been changed by another program.\n\nReload it "
+                                            "and lose the changes made here?"),
+                         MsgIcon::Exclamation, MsgButtons::YesNo) != MsgResult::Yes)
+        return;
+    // The text before the reload stays a step back.
+    resumeNext([&] {
+        doc.AddStep();
+        pane.LoadFile(path, 1);
+        doc.AddStep();
+        doc.Tag = QStringLiteral("Clean");
+    });
+}
+
+bool ShellCore::mayOverwriteChangedFile(codeEditor& doc) {
+    SourcePane& pane = doc.codebox();
+    if (!pane.changedOnDisk()) return true;
+    return platform_.msgBox(QStringLiteral("The file ") + pane.FileName() +
+                                QStringLiteral(" has been changed by another program since it "
+                                               "was opened here.\n\nSave over those changes?"),
+                            MsgIcon::Exclamation, MsgButtons::YesNo) == MsgResult::Yes;
+}
+
 void ShellCore::applicationActivated() {
+    if (codeEditor* front = ActiveForm()) checkFileOnDisk(*front);
     resumeNext([&] {
         codeEditor* doc = ActiveForm();
         if (!doc) raise(ErrObjectRequired);

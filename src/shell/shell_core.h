@@ -82,6 +82,11 @@ class ShellCore : public QObject, public DialogContext {
     codeEditor* ActiveForm() const override { return zOrder_.empty() ? nullptr : zOrder_.front(); }
 
     void applicationActivated();
+    // A document's file changed or removed by another program is told of when the document
+    // comes in front: a document without changes of its own reloads, one with changes asks.
+    void checkFileOnDisk(codeEditor& doc);
+    // Before a save over a file another program changed: true when the user wants it saved.
+    bool mayOverwriteChangedFile(codeEditor& doc);
     // Document tab strip and window order.
     void TabStrip1_Click();
     void activateNextDocument(bool backwards);

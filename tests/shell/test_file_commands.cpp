@@ -48,6 +48,50 @@ class FileCommandsTest : public QObject {
 
   private slots:
     void init() { dir = std::make_unique<QTemporaryDir>(); }
+    // Another program changes the file: a document without changes reloads when it comes in
+    // front (undo brings the old text); one with changes asks; a save over the change asks; a
+    // file removed is told of once.
+    void changesMadeElsewhere() {
+        TestShell ts;
+        ts.load();
+        const QString path = writeFile(*dir, "page.htm", "<p>one</p>");
+        codeEditor& doc = ts.open(path);
+        writeFile(*dir, "page.htm", "<p>two, from elsewhere</p>");
+        ts->applicationActivated();
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("<p>two, from elsewhere</p>"));
+        QCOMPARE(doc.Tag, QStringLiteral("Clean"));
+        QVERIFY(ts.platform.messages.isEmpty());
+        ts.run("mnuEditUndo");
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("<p>one</p>"));
+
+        doc.codebox().setText(QStringLiteral("mine"));
+        writeFile(*dir, "page.htm", "<p>three, from elsewhere</p>");
+        ts.platform.messageAnswers.enqueue(MsgResult::No);
+        ts->applicationActivated();
+        ts->applicationActivated(); // told once
+        QCOMPARE(ts.platform.messages.size(), 1);
+        QVERIFY(ts.platform.messages[0].buttons == MsgButtons::YesNo);
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("mine"));
+
+        writeFile(*dir, "page.htm", "<p>four, from elsewhere</p>");
+        ts.platform.messageAnswers.enqueue(MsgResult::No);
+        ts.run("mnuFileSave");
+        QCOMPARE(readFile(path), QByteArray("<p>four, from elsewhere</p>"));
+        QCOMPARE(doc.Tag, QStringLiteral("Dirty"));
+        ts.platform.messageAnswers.enqueue(MsgResult::Yes);
+        ts.run("mnuFileSave");
+        QCOMPARE(readFile(path), QByteArray("mine"));
+        ts.run("mnuFileSave"); // nothing changed elsewhere since: no question
+        QCOMPARE(ts.platform.messages.size(), 3);
+
+        QVERIFY(QFile::remove(path));
+        ts->applicationActivated();
+        ts->applicationActivated();
+        QCOMPARE(ts.platform.messages.size(), 4);
+        QVERIFY(ts.platform.messageTexts().last().contains("is no longer on the disk"));
+        QCOMPARE(doc.codebox().Text(), QStringLiteral("mine"));
+    }
+
     void newDocuments() {
         Loaded ts;
         codeEditor& doc = ts.active();
