@@ -118,8 +118,8 @@ class TextFileTest : public QObject {
         fileRow("UTF-8 of a surrogate", "\xED\xA0\x80", "cp1252", "\xC3\xAD\xC2\xA0\xE2\x82\xAC");
         // UTF-8 with a stray byte: the UTF-8 read as such, each stray byte kept as itself.
         QTest::newRow("UTF-8 with a stray byte")
-            << QByteArray("caf\xC3\xA9 5\xE2\x82\xAC \x92s")
-            << QString::fromUtf16(u"caf\u00E9 5\u20AC \xDC92s") << "utf8";
+            << QByteArray("caf\xC3\xA9 5\xE2\x82\xAC \x92s \xE0\xA4\x85\xF0\x9F\x98\x80")
+            << QString::fromUtf16(u"caf\u00E9 5\u20AC \xDC92s \u0905\U0001F600") << "utf8";
         QTest::newRow("BOM then a stray byte")
             << QByteArray("\xEF\xBB\xBF\xFF\r\n") << QString::fromUtf16(u"\xDCFF\n")
             << "utf8 bom crlf";
