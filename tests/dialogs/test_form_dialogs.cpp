@@ -15,10 +15,7 @@ class FormDialogsTest : public QObject {
     ShellMDI& sh() { return **ts; }
     SourcePane& pane() { return ts->active().codebox(); }
     void startWith(const QString& text, int from, int to) {
-        pane().setText(text);
-        pane().setSelStart(from);
-        pane().setSelLength(to - from);
-        ts->active().AddStep();
+        test::startWith(ts->active(), text, from, to);
     }
 
   private slots:

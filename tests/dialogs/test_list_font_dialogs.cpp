@@ -45,12 +45,8 @@ class ListFontDialogsTest : public QObject {
     ShellMDI& sh() { return **ts; }
     codeEditor& doc() { return ts->active(); }
     SourcePane& pane() { return doc().codebox(); }
-    // The document holds `text` with [from, to) selected.
     void startWith(const QString& text, int from, int to) {
-        pane().setText(text);
-        pane().setSelStart(from);
-        pane().setSelLength(to - from);
-        doc().AddStep();
+        test::startWith(doc(), text, from, to);
     }
     QString selected() { return pane().SelText(); }
 

@@ -43,6 +43,14 @@ struct TestShell {
     }
 };
 
+// The document holds `text` with [from, to) selected, as its last step.
+inline void startWith(codeEditor& doc, const QString& text, int from, int to) {
+    doc.codebox().setText(text);
+    doc.codebox().setSelStart(from);
+    doc.codebox().setSelLength(to - from);
+    doc.AddStep();
+}
+
 inline DetachedLayout& layoutOf(codeEditor& doc) {
     return static_cast<DetachedLayout&>(doc.DHTMLEdit1());
 }
